@@ -1,0 +1,8 @@
+#pragma once
+
+/// Length of one degree of latitude, km, at latitude \p lat (degrees).
+/// Series of the Clarke 1866 ellipsoid: Bowditch, American Practical Navigator, table of the length of a degree.
+double kmperdeglat(double lat);
+
+/// Length of one degree of longitude, km, at latitude \p lat (degrees). Same source.
+double kmperdeglon(double lat);
