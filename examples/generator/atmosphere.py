@@ -1,8 +1,8 @@
 """A resting atmosphere in hydrostatic balance, built from a profile of temperature, humidity and wind.
 
-The profile is given at a few heights and is linear between them. Small waves can be laid over the wind. Pressure follows
-from the surface pressure by integrating the hydrostatic equation upward in steps of a few metres, with the virtual
-temperature of each step. Heights are geopotential metres.
+The profile is given at a few heights and is linear between them. Small waves can be laid over the wind. Pressure
+follows from the surface pressure by integrating the hydrostatic equation upward in steps of a few metres, with the
+virtual temperature of each step. Heights are geopotential metres.
 """
 
 import math

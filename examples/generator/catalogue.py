@@ -1,13 +1,15 @@
 """The examples: which air, which sonde, which format, and which faults."""
 
 import random
+from dataclasses import dataclass
 from datetime import datetime
+from typing import Optional
 
 from . import truth
 from .atmosphere import Atmosphere
 from .faults import Faults
 from .formats import csvformat, ombra
-from .sonde import BEAD_SENSOR, BEAD_SENSOR_DRY, THIN_SENSOR, Parachute, drop, rise
+from .sonde import BEAD_SENSOR, BEAD_SENSOR_DRY, THIN_SENSOR, Parachute, SensorType, drop, rise
 from .sounding import Metadata, Sounding
 from .telemetry import GPS_LOCK, UPSONDE_NOISE, Noise, launch_observation, measure, prelaunch
 
@@ -100,15 +102,30 @@ class Example:
         self.truth = truth.text(facts)
 
 
-def _facts(name, file_name, seed, description, sounding, atmosphere, states, noise, sensor, zero, reader, notes, chute):
+@dataclass
+class Flight:
+    """All that is known of a flight once its faults are planted."""
+
+    seed: int
+    sounding: Sounding
+    atmosphere: Atmosphere
+    states: list
+    noise: Noise
+    sensor: SensorType
+    chute: Optional[Parachute] = None
+    notes: tuple = ()
+
+
+def _facts(file_name, description, flight, zero, reader):
+    sounding, atmosphere, chute, sensor = flight.sounding, flight.atmosphere, flight.chute, flight.sensor
     launch = sounding.launch
     surface_pressure, surface_temperature = atmosphere.at(atmosphere.surface_height)[:2]
     return {
-        "name": name,
+        "name": file_name.rsplit(".", 1)[0],
         "file": file_name,
         "synthetic": True,
         "description": description,
-        "seed": seed,
+        "seed": flight.seed,
         "direction": "up" if sounding.ascending else "down",
         "release": sounding.release.isoformat(),
         "launch_after_release": zero,
@@ -116,7 +133,7 @@ def _facts(name, file_name, seed, description, sounding, atmosphere, states, noi
         "chute": None if chute is None else {"area_cm2": chute.area, "mass_g": chute.mass, "drag": chute.drag},
         "cabin_temperature": None if chute is None else CABIN[0],
         "sensor": {"name": sensor.name, "lag_s": sensor.lag, "dry_bias": sensor.dry_bias},
-        "noise": vars(noise),
+        "noise": vars(flight.noise),
         "surface": {
             "z": atmosphere.surface_height,
             "p": round(surface_pressure, 3),
@@ -127,8 +144,8 @@ def _facts(name, file_name, seed, description, sounding, atmosphere, states, noi
         "waves": atmosphere.waves,
         "reader": reader,
         "profile_columns": truth.COLUMNS,
-        "profile": truth.profile_rows(states, zero),
-        "faults": truth.shifted(notes, zero),
+        "profile": truth.profile_rows(flight.states, zero),
+        "faults": truth.shifted(flight.notes, zero),
     }
 
 
@@ -168,6 +185,10 @@ class _Drop:
     def sounding(self, metadata, **options):
         return Sounding(self.release, False, metadata, self.launch, self.frames, self.signal, options)
 
+    def flight(self, sounding):
+        return Flight(self.seed, sounding, self.atmosphere, self.states, self.noise, self.sensor, self.chute,
+                      self.faults.notes)
+
     def reader_facts(self, sounding, dry_bias_due=False, heating_on=False):
         zero = self.zero()
         launch = sounding.clock(zero)
@@ -198,8 +219,7 @@ class _Drop:
     def example(self, file_name, description, metadata, dry_bias_due=False, heating_on=False, **options):
         sounding = self.sounding(metadata, **options)
         reader = self.reader_facts(sounding, dry_bias_due, heating_on)
-        facts = _facts(file_name.rsplit(".", 1)[0], file_name, self.seed, description, sounding, self.atmosphere,
-                       self.states, self.noise, self.sensor, self.zero(), reader, self.faults.notes, self.chute)
+        facts = _facts(file_name, description, self.flight(sounding), self.zero(), reader)
         return Example(file_name, ombra.write(sounding), facts)
 
 
@@ -290,17 +310,18 @@ def no_launch_line():
     flight = _Drop(1104, datetime(2023, 2, 11, 15, 42, 8, 500000), Atmosphere(998.6, WARM_FRONT, ((0.8, 800.0, 0.0),)),
                    610.0, (43.6, -48.2), THIN_SENSOR, 0.0, 880.0, signal=None)
     return flight.example("D20230211_154208.1",
-                          "Warm front from 610 mb; the receiver never noticed the launch, so all records are pre-launch ones.",
+                          "Warm front from 610 mb; the launch went unnoticed, so all records are pre-launch ones.",
                           _metadata(sonde_id="231070038", revision="A4", flight="SF04"), header="new")
 
 
 def dry_bias_mid_latitude():
-    flight = _Drop(1105, datetime(2010, 1, 19, 18, 7, 8, 500000), Atmosphere(1004.4, MID_LATITUDE, ((1.0, 1100.0, 0.7),)),
-                   250.0, (46.8, -34.5), BEAD_SENSOR_DRY, 0.0, 792.0, equal_channels=True)
+    atmosphere = Atmosphere(1004.4, MID_LATITUDE, ((1.0, 1100.0, 0.7),))
+    flight = _Drop(1105, datetime(2010, 1, 19, 18, 7, 8, 500000), atmosphere, 250.0,
+                   (46.8, -34.5), BEAD_SENSOR_DRY, 0.0, 792.0, equal_channels=True)
     return flight.example("D20100119_180708.4",
                           "Mid-latitude jet from 250 mb; the humidity sensor is of the dry-biased generation.",
-                          _metadata(sonde_id="083640271", sonde_model="RSS904", sensor="RSS904", revision="B", flight="SF05",
-                                    channel=4),
+                          _metadata(sonde_id="083640271", sonde_model="RSS904", sensor="RSS904", revision="B",
+                                    flight="SF05", channel=4),
                           dry_bias_due=True, heating_on=True, identifier="ACS", version="1.4", header="old")
 
 
@@ -310,12 +331,14 @@ def cyclone_with_gap():
     flight.faults.gap(212.0, 219.0)
     return flight.example("D20080910_235612.2",
                           "Eyewall of a tropical cyclone across midnight, with seven seconds of lost records.",
-                          _metadata(sonde_id="072240193", sonde_model="RSS904", sensor="RSS904", flight="SF06", channel=2,
-                                    platform_type="Four-engine turboprop", platform_id="SYN02", wind_time_offset=0.25),
+                          _metadata(sonde_id="072240193", sonde_model="RSS904", sensor="RSS904", flight="SF06",
+                                    channel=2, platform_type="Four-engine turboprop", platform_id="SYN02",
+                                    wind_time_offset=0.25),
                           version="1.4", header="plain", line_end="\r\n")
 
 
-def _csv_example(file_name, description, seed, sounding, atmosphere, states, noise, sensor, notes, chute, rh_channels):
+def _csv_example(file_name, description, flight, rh_channels):
+    sounding = flight.sounding
     reader = {
         "launch_date": sounding.release.strftime("%Y-%m-%d"),
         "launch_time": sounding.release.strftime("%H:%M:%S"),
@@ -324,8 +347,7 @@ def _csv_example(file_name, description, seed, sounding, atmosphere, states, noi
         "rh_channels": rh_channels,
         "sounding_type": 0 if sounding.ascending else 3,
     }
-    facts = _facts(file_name.rsplit(".", 1)[0], file_name, seed, description, sounding, atmosphere, states, noise, sensor,
-                   0.0, reader, notes, chute)
+    facts = _facts(file_name, description, flight, 0.0, reader)
     return Example(file_name, csvformat.write(sounding), facts)
 
 
@@ -336,48 +358,48 @@ def csv_drop():
               "gps_altitude", "satellites", "ascent", "rh1", "rh2")
     sounding = flight.sounding(_metadata(sonde_id="214350563", flight="SF07"), fields=fields, equipment_type="8",
                                sonde_type="96")
-    return _csv_example("tradewind_drop_20210803.csv", "Trade wind air from 430 mb in the interchange format.", flight.seed,
-                        sounding, flight.atmosphere, flight.states, flight.noise, flight.sensor, [], flight.chute, 2)
+    return _csv_example("tradewind_drop_20210803.csv", "Trade wind air from 430 mb in the interchange format.",
+                        flight.flight(sounding), 2)
 
 
 def _upsonde(seed, release, atmosphere, position, interval, top, metadata, site):
     rng = random.Random(seed)
-    noise = UPSONDE_NOISE
     states = rise(atmosphere, THIN_SENSOR, position, interval, top)
     launch = launch_observation(atmosphere, atmosphere.surface_height, position)
-    frames = measure(states, rng, THIN_SENSOR, launch, noise)
+    frames = measure(states, rng, THIN_SENSOR, launch, UPSONDE_NOISE)
     fields = ("time", "pressure", "temperature", "rh", "speed", "direction", "latitude", "longitude", "altitude",
               "gps_altitude", "satellites", "ascent")
     options = dict(fields=fields, equipment_type="0", sonde_type="23", site=site)
-    return states, noise, Sounding(release, True, metadata, launch, frames, 0.0, options)
+    sounding = Sounding(release, True, metadata, launch, frames, 0.0, options)
+    return Flight(seed, sounding, atmosphere, states, UPSONDE_NOISE, THIN_SENSOR)
 
 
 def csv_up():
     atmosphere = Atmosphere(978.3, SUMMER_PLAIN, ((0.6, 1300.0, 0.0),))
     metadata = _metadata(sonde_id="S0420815", platform_type="Ground station", platform_id="SYN03", flight="SU01",
                          observation_source="Station")
-    states, noise, sounding = _upsonde(1108, datetime(2022, 7, 5, 11, 15, 30), atmosphere, (41.3, 12.75), 1.0, 60.0,
-                                       metadata, "Synthetic plain")
-    return _csv_example("summer_up_20220705.csv", "Radiosonde over a summer plain, every second, from the ground to 60 mb.",
-                        1108, sounding, atmosphere, states, noise, THIN_SENSOR, [], None, 1)
+    flight = _upsonde(1108, datetime(2022, 7, 5, 11, 15, 30), atmosphere, (41.3, 12.75), 1.0, 60.0, metadata,
+                      "Synthetic plain")
+    return _csv_example("summer_up_20220705.csv", "Radiosonde over a summer plain, every second, up to 60 mb.",
+                        flight, 1)
 
 
 def csv_polar():
     atmosphere = Atmosphere(1003.9, POLAR_NIGHT, ((0.8, 1500.0, 1.0),))
     metadata = _metadata(sonde_id="S0517733", platform_type="Ground station", platform_id="SYN04", flight="SU02",
                          observation_source="Station")
-    states, noise, sounding = _upsonde(1109, datetime(2023, 1, 17, 23, 5, 0), atmosphere, (78.9, 11.9), 10.0, 40.0,
-                                       metadata, "Synthetic fjord")
-    faults = Faults(sounding.frames)
+    flight = _upsonde(1109, datetime(2023, 1, 17, 23, 5, 0), atmosphere, (78.9, 11.9), 10.0, 40.0, metadata,
+                      "Synthetic fjord")
+    faults = Faults(flight.sounding.frames)
     faults.blank(310.0, 320.0, "pressure")
     faults.blank(640.0, 670.0, "rh")
     faults.blank(900.0, 910.0, "temperature", "rh")
     faults.blank(1500.0, 1560.0, "speed", "direction")
     faults.blank(1500.0, 1540.0, "latitude", "longitude", "gps_altitude")
     faults.blank(2750.0, 2760.0, "altitude")
-    faults.blank(3000.0, 3010.0, *(name for name in sounding.options["fields"] if name != "time"))
-    return _csv_example("polar_up_20230117.csv", "Radiosonde in the polar night, every 10 s, with missing cells.", 1109,
-                        sounding, atmosphere, states, noise, THIN_SENSOR, faults.notes, None, 1)
+    faults.blank(3000.0, 3010.0, *(name for name in flight.sounding.options["fields"] if name != "time"))
+    flight.notes = faults.notes
+    return _csv_example("polar_up_20230117.csv", "Radiosonde in the polar night, every 10 s, with missing cells.", flight, 1)
 
 
 EXAMPLES = {

@@ -2,8 +2,8 @@
 
 A dropsonde falls under its parachute by the drag law: the drag acts along its motion relative to the air, so that the
 sonde also takes on the wind with the small delay of its inertia. An upsonde rises with its balloon and goes with the
-wind. The temperature sensor is a ventilated cylinder with first order lag, and so is the humidity sensor, whose lag grows
-in the cold.
+wind. The temperature sensor is a ventilated cylinder with first order lag. The humidity sensor lags as well, the more
+the colder it is.
 """
 
 import math

@@ -1,4 +1,4 @@
-"""From the states of a flight to the records a receiver would have written: noise, rounding, missing GPS at the start."""
+"""From the states of a flight to the records of its receiver: noise, and no GPS at the start."""
 
 import math
 from dataclasses import dataclass

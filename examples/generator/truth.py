@@ -1,7 +1,7 @@
 """The known truth of an example: the air the sonde went through, what a reader has to find, and the planted faults.
 
-Times in a truth file count from the launch as a reader has to decide it, which for a file with a wrong or no launch line is
-not the moment of release.
+Times in a truth file count from the launch as a reader has to decide it. For a file with a wrong or no launch line that
+is not the moment of release.
 """
 
 import json

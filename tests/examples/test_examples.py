@@ -211,7 +211,8 @@ class Truth(unittest.TestCase):
                     speed = (low["z"] - high["z"]) / (high["t"] - low["t"])
                     p, t, rh = (0.5 * (low[key] + high[key]) for key in ("p", "T", "RH"))
                     density = p * 100.0 / (287.0 * magnus_virtual_temperature(p, t, rh))
-                    self.assertAlmostEqual(speed / math.sqrt(2 * 0.32 * 9.8 / (density * 0.61 * 0.09)), 1.0, delta=0.006)
+                    terminal = math.sqrt(2 * 0.32 * 9.8 / (density * 0.61 * 0.09))
+                    self.assertAlmostEqual(speed / terminal, 1.0, delta=0.006)
         # 1012 mb, 27.6 deg C, 81 %: density 1.159 kg/m3, so the last trade wind layer is passed at 9.93 m/s.
         trade = next(example for example in DROPS if example.name == "D20210801_120003").profile
         self.assertAlmostEqual((trade[-3]["z"] - trade[-2]["z"]) / (trade[-2]["t"] - trade[-3]["t"]), 9.95, delta=0.06)
@@ -391,7 +392,8 @@ class ReaderFacts(unittest.TestCase):
         for example in D_FILES:
             with self.subTest(example.name):
                 frames = example.file.frames
-                falls = [(a["pressure"] - b["pressure"], index + 1) for index, (a, b) in enumerate(zip(frames, frames[1:]))
+                falls = [(a["pressure"] - b["pressure"], index)
+                         for index, (a, b) in enumerate(zip(frames, frames[1:]), start=1)
                          if a["pressure"] and b["pressure"] and a["time"] < 30.0]
                 drop, first = max(falls)
                 self.assertGreater(drop, 50.0)
@@ -437,8 +439,8 @@ class ReaderFacts(unittest.TestCase):
                     self.assertEqual(len(winds_only), 5)
                     for frame in winds_only:
                         self.assertEqual([name for name in WORDS if frame[name] is None],
-                                         ["pressure", "temperature", "rh", "longitude", "latitude", "altitude", "rh1", "rh2",
-                                          "-"])
+                                         ["pressure", "temperature", "rh", "longitude", "latitude", "altitude",
+                                          "rh1", "rh2", "-"])
                     self.assertEqual([frame["key"] for frame in example.file.frames if frame["key"] in ("P10", "P01")],
                                      ["P10", "P01"])
                 else:
@@ -458,9 +460,11 @@ class ReaderFacts(unittest.TestCase):
                     keys = example.file.keywords
                     self.assertEqual(len(example.file.frames), example.reader["records"])
                     self.assertEqual(keys["Ascending"], "false" if example.down else "true")
-                    stamp = "%s-%s-%s %s:%s:%s" % tuple(keys[k] for k in ("Year", "Month", "Day", "Hour", "Minute", "Second"))
+                    parts = ("Year", "Month", "Day", "Hour", "Minute", "Second")
+                    stamp = "%s-%s-%s %s:%s:%s" % tuple(keys[part] for part in parts)
                     self.assertEqual(stamp, example.reader["launch_date"] + " " + example.reader["launch_time"])
-                    self.assertAlmostEqual(float(keys["Pressure"]), example.truth["launch_values"]["pressure"], delta=0.06)
+                    pressure = example.truth["launch_values"]["pressure"]
+                    self.assertAlmostEqual(float(keys["Pressure"]), pressure, delta=0.06)
 
 
 class PlantedFaults(unittest.TestCase):
@@ -510,7 +514,8 @@ class PlantedFaults(unittest.TestCase):
 class SecondRun(unittest.TestCase):
     def test_same_bytes(self):
         with tempfile.TemporaryDirectory() as folder:
-            subprocess.run([sys.executable, "-B", str(EXAMPLES / "generator" / "generate.py"), "--out", folder], check=True)
+            program = EXAMPLES / "generator" / "generate.py"
+            subprocess.run([sys.executable, "-B", str(program), "--out", folder], check=True)
             for kind in ("data", "truth"):
                 made = {path.name: path.read_bytes() for path in (Path(folder) / kind).iterdir()}
                 kept = {path.name: path.read_bytes() for path in (EXAMPLES / kind).iterdir()}
