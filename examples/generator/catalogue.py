@@ -399,7 +399,8 @@ def csv_polar():
     faults.blank(2750.0, 2760.0, "altitude")
     faults.blank(3000.0, 3010.0, *(name for name in flight.sounding.options["fields"] if name != "time"))
     flight.notes = faults.notes
-    return _csv_example("polar_up_20230117.csv", "Radiosonde in the polar night, every 10 s, with missing cells.", flight, 1)
+    return _csv_example("polar_up_20230117.csv", "Radiosonde in the polar night, every 10 s, with missing cells.",
+                        flight, 1)
 
 
 EXAMPLES = {

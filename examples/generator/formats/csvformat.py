@@ -1,4 +1,4 @@
-"""The free-form interchange format: keyword lines, a ``Fields`` line naming the columns, and one ``Data`` line a record.
+"""The free-form interchange format: keyword lines, a ``Fields`` line naming the columns, ``Data`` lines.
 
 Option of the sounding: ``fields``, the record attributes written, in order; "time" comes first.
 """

@@ -1,7 +1,7 @@
 """The D file of the Ombra dropsonde system: keyed lines, one for each telemetry frame.
 
-Options of the sounding: ``identifier`` ("OMBRA" or the older "ACS"), ``version`` ("1.4" or "1.6"), ``header`` (the style
-of the comment lines: "new", "old" or "plain") and ``line_end``.
+Options of the sounding: ``identifier`` ("OMBRA" or the older "ACS"), ``version`` ("1.4" or "1.6"), ``header`` (the
+style of the comment lines: "new", "old" or "plain") and ``line_end``.
 """
 
 # Column formats of a frame and the number that stands for a missing value.
