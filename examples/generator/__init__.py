@@ -1,0 +1,1 @@
+"""Generator of the synthetic example soundings."""

@@ -1,0 +1,1 @@
+"""Writers of the sounding file formats, one module for each format."""
