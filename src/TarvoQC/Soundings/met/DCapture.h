@@ -14,7 +14,8 @@ public:
     /// The handle that every writer uses.
     class Stream {
     public:
-        template <typename T> const Stream& operator<<(const T& value) const {
+        template <typename T>
+        const Stream& operator<<(const T& value) const {
             if (_enabled) {
                 static_cast<std::ostream&>(instance()) << value;
             }

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr double kKelvin = 273.15;         // K at 0 deg C
+constexpr double kKelvin = 273.15;                     // K at 0 deg C
 constexpr double kVapourDeficit = 0.37806393702962093; // 1 less the ratio of the molar masses of vapour and dry air
 
 // Vapour pressure over water as 10^(A - B/T), and B ln(10), its logarithmic slope times T squared.
@@ -22,7 +22,8 @@ double virtualTemperature(double p, double Tk, double e) {
     return Tk / (1.0 - e / (p - e) * kVapourDeficit);
 }
 
-template <typename... Columns> bool present(int i, Columns... columns) {
+template <typename... Columns>
+bool present(int i, Columns... columns) {
     return ((columns[i] > kMissing) && ...);
 }
 
@@ -106,8 +107,8 @@ void thetaArray(const double* tdry, const double* pres, double* out, int n) {
 
 void thetaEArray(const double* tdry, const double* dp, const double* pres, double* out, int n) {
     for (int i = 0; i < n; ++i) {
-        out[i] = present(i, tdry, dp, pres) ? metFormulas().theta_e(toKelvin(tdry[i]), toKelvin(dp[i]), pres[i])
-                                            : kMissing;
+        out[i] =
+            present(i, tdry, dp, pres) ? metFormulas().theta_e(toKelvin(tdry[i]), toKelvin(dp[i]), pres[i]) : kMissing;
     }
 }
 

@@ -31,8 +31,8 @@ double hydroP(double p, double t1, double t2, double rh1, double rh2, double z1,
     const double q2 = qsatw(T2, ratio * p);
     const double a = std::log(std::abs(p));
     const double b = std::log(std::abs(ratio * p));
-    const double mean = ((1.0 + q2 * rh2 * 0.01 * kVirtualFactor) * T2 * b +
-                         (1.0 + q1 * rh1 * 0.01 * kVirtualFactor) * T1 * a) /
-                        (a + b);
+    const double mean =
+        ((1.0 + q2 * rh2 * 0.01 * kVirtualFactor) * T2 * b + (1.0 + q1 * rh1 * 0.01 * kVirtualFactor) * T1 * a) /
+        (a + b);
     return p * std::exp(d / mean);
 }

@@ -4,7 +4,8 @@
 
 namespace {
 
-template <typename Number> std::string formatNumber(const char* format, Number value) {
+template <typename Number>
+std::string formatNumber(const char* format, Number value) {
     const int length = std::snprintf(nullptr, 0, format, value);
     if (length <= 0) {
         return {};

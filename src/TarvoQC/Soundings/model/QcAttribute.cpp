@@ -2,7 +2,8 @@
 
 namespace {
 
-template <typename Predicate> void stamp(const std::vector<Series*>& all, Value::AttributeType attribute, Predicate due) {
+template <typename Predicate>
+void stamp(const std::vector<Series*>& all, Value::AttributeType attribute, Predicate due) {
     for (Series* series : all) {
         for (int i = 0; i <= series->lastIndex(); ++i) {
             if (due(series->time(i))) {

@@ -77,8 +77,8 @@ void Series::prependValue(double data, double time) {
 }
 
 int Series::insertValue(const Value& value) {
-    const auto where = std::find_if(_values.begin(), _values.end(),
-                                    [&](const Value& other) { return other.time() >= value.time(); });
+    const auto where =
+        std::find_if(_values.begin(), _values.end(), [&](const Value& other) { return other.time() >= value.time(); });
     const auto placed = _values.insert(where, value);
     timesChanged();
     return static_cast<int>(placed - _values.begin());
@@ -118,9 +118,8 @@ void Series::clearAttribute(Value::AttributeType attribute) {
 
 bool Series::isAscending() const {
     if (_order == Order::Unknown) {
-        const auto backward = std::adjacent_find(_values.begin(), _values.end(), [](const Value& a, const Value& b) {
-            return !(a.time() <= b.time());
-        });
+        const auto backward = std::adjacent_find(
+            _values.begin(), _values.end(), [](const Value& a, const Value& b) { return !(a.time() <= b.time()); });
         _order = backward == _values.end() ? Order::Ascending : Order::Other;
     }
     return _order == Order::Ascending;

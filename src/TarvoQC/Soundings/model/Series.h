@@ -45,7 +45,8 @@ public:
 
     void remove(int i);
     /// Removes every value for which \p condemned(index, value) is true; asked once for each, in order.
-    template <typename Predicate> void removeIf(Predicate condemned);
+    template <typename Predicate>
+    void removeIf(Predicate condemned);
 
     /// Add a value without attributes at the end, or at the front.
     void appendValue(double data, double time);
@@ -133,10 +134,11 @@ private:
     mutable Hull _hull;
 };
 
-template <typename Predicate> void Series::removeIf(Predicate condemned) {
+template <typename Predicate>
+void Series::removeIf(Predicate condemned) {
     int index = 0;
-    const auto kept = std::remove_if(_values.begin(), _values.end(),
-                                     [&](const Value& value) { return condemned(index++, value); });
+    const auto kept =
+        std::remove_if(_values.begin(), _values.end(), [&](const Value& value) { return condemned(index++, value); });
     if (kept != _values.end()) {
         _values.erase(kept, _values.end());
         dataChanged();

@@ -43,7 +43,7 @@ struct SndMetaData {
     std::string siteId;
     std::string sysOperator;
     std::string dataType;
-    std::string BSN = "99999"; ///< block and station number
+    std::string BSN = "99999";    ///< block and station number
     double ptuWindTimeDiff = 0.0; ///< s
     std::string launchObsSource;
     std::string launchObsTime;

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "BatchFormats.h"
+#include "ConfigSet.h"
+#include "Registry.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+/// The configuration of a batch run: one set of one tarvo.xml, with the overrides of the command line. It is never
+/// written.
+class BatchConfig {
+public:
+    /// Loads \p file (empty: the user's own if there is one, else the one built in) and picks the set \p setName
+    /// (empty: the active one). False when that fails; error() says why.
+    bool load(const std::string& file, const std::string& setName);
+
+    /// Applies "KEY=VALUE". False for an unknown key or a value that doesn't fit it; error() says why.
+    bool applyOverride(const std::string& assignment);
+
+    const std::string& error() const { return _error; }
+    ConfigSet& set() { return *_set; }
+    std::vector<std::string> setNames() const { return _registry->getSetNames(); }
+
+    /// The products that the set asks for, in their order.
+    std::vector<const BatchFormat*> defaultFormats();
+    /// The directory that the set names for products; empty when there is none.
+    std::string saveDir();
+
+private:
+    bool fail(const std::string& reason);
+
+    std::unique_ptr<Registry> _registry; // outlives the set
+    std::unique_ptr<ConfigSet> _set;
+    std::string _error;
+};

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+class ConfigSet;
+class EditorControl;
+
+/// One product that the batch tool knows.
+struct BatchFormat {
+    const char* name;   ///< as in --formats
+    const char* suffix; ///< follows the input's name cut at its last "."
+    const char* item;   ///< the configuration item that asks for it by default; null when there is none
+    bool needsQc;       ///< made of the QC data, which a sounding that QC passed over doesn't have
+    /// Writes the product whole or not at all; null for a format that isn't built yet.
+    bool (*write)(const EditorControl& editor, const ConfigSet& config, const std::string& path);
+
+    bool isBuilt() const { return write != nullptr; }
+};
+
+/// All of them, in the order in which they are listed and written.
+const std::vector<BatchFormat>& batchFormats();
+
+/// The format of that name, or null.
+const BatchFormat* findBatchFormat(const std::string& name);

@@ -1,0 +1,71 @@
+#include "BatchJob.h"
+
+#include "EditorControl.h"
+#include "RevisionInfo.h"
+
+#include <cerrno>
+#include <chrono>
+#include <cstring>
+#include <exception>
+#include <fstream>
+
+namespace {
+
+void addLine(std::string& text, const std::string& line) {
+    if (!text.empty() && text.back() != '\n') {
+        text += '\n';
+    }
+    text += line;
+}
+
+void process(const BatchJob& job, ConfigSet& config, FileReport& report) {
+    errno = 0;
+    std::ifstream stream(job.input);
+    if (!stream) {
+        report.error = std::string("The file can't be opened: ") + std::strerror(errno);
+        return;
+    }
+    EditorControl editor(config, RevisionInfo().text("REPO_REVISION"));
+    editor.getSounding(job.input, &stream);
+    report.valid = editor.isValid();
+    report.error = editor.getSndfileErrorMsg();
+    if (!report.valid) {
+        return;
+    }
+    editor.soundingType(report.type);
+    editor.qcProcess();
+    editor.qcError(report.qcError);
+    if (editor.QCready()) {
+        editor.doLevels();
+        editor.doWMO();
+    }
+    report.failed = false;
+    for (const BatchJob::Product& product : job.products) {
+        if (product.format->needsQc && !editor.QCready()) {
+            addLine(report.error,
+                    "Without QC data (DoQC is 0) there is no product " + std::string(product.format->name));
+            report.failed = true;
+        } else if (product.format->write(editor, config, product.path)) {
+            report.products.push_back(product.path);
+        } else {
+            addLine(report.error, "The product can't be written: " + product.path);
+            report.failed = true;
+        }
+    }
+}
+
+} // namespace
+
+FileReport runBatchJob(const BatchJob& job, ConfigSet& config) {
+    const auto start = std::chrono::steady_clock::now();
+    FileReport report;
+    report.file = job.input;
+    try {
+        process(job, config, report);
+    } catch (const std::exception& failure) {
+        addLine(report.error, failure.what());
+        report.failed = true;
+    }
+    report.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    return report;
+}

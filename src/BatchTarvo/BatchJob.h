@@ -1,0 +1,24 @@
+#pragma once
+
+#include "BatchFormats.h"
+#include "FileReport.h"
+
+#include <string>
+#include <vector>
+
+class ConfigSet;
+
+/// One input file and the products to make of it.
+struct BatchJob {
+    struct Product {
+        const BatchFormat* format;
+        std::string path;
+    };
+
+    std::string input;
+    std::vector<Product> products;
+    std::string refusal; ///< why the file isn't processed at all; empty when it is
+};
+
+/// Reads, processes and writes one file with the configuration as it stands. Never throws.
+FileReport runBatchJob(const BatchJob& job, ConfigSet& config);

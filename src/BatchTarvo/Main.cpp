@@ -1,0 +1,187 @@
+#include "BatchConfig.h"
+#include "BatchOptions.h"
+#include "BatchPlan.h"
+#include "Environment.h"
+#include "Progress.h"
+#include "Text.h"
+#include "WorkerPool.h"
+
+#include <algorithm>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <map>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+int usageError(const std::string& reason) {
+    std::cerr << "tarvo-batch: " << reason << "\n";
+    return kUsageError;
+}
+
+/// The formats that a comma list names. False, with the reason in \p error, for one that isn't known or isn't built.
+bool parseFormats(const std::string& list, std::vector<const BatchFormat*>& formats, std::string& error) {
+    for (const std::string& name : tokenize(list, ",")) {
+        const BatchFormat* format = findBatchFormat(name);
+        if (format == nullptr) {
+            error = "unknown format \"" + name + "\"; the formats are:";
+            for (const BatchFormat& known : batchFormats()) {
+                error += std::string(" ") + known.name;
+            }
+            return false;
+        }
+        if (!format->isBuilt()) {
+            error = "the format " + name + " is not built yet";
+            return false;
+        }
+        if (std::find(formats.begin(), formats.end(), format) == formats.end()) {
+            formats.push_back(format);
+        }
+    }
+    if (formats.empty()) {
+        error = "--formats names no format";
+        return false;
+    }
+    return true;
+}
+
+/// What the set asks for, less what isn't built, or the QC data as CSV.
+std::vector<const BatchFormat*> defaultFormats(BatchConfig& config) {
+    std::vector<const BatchFormat*> formats;
+    for (const BatchFormat* format : config.defaultFormats()) {
+        if (format->isBuilt()) {
+            formats.push_back(format);
+        } else {
+            std::cerr << "tarvo-batch: the configuration asks for " << format->name << ", which is not built yet\n";
+        }
+    }
+    return formats.empty() ? std::vector<const BatchFormat*>{findBatchFormat("qc-csv")} : formats;
+}
+
+int listSets(const BatchConfig& config) {
+    for (const std::string& name : config.setNames()) {
+        std::cout << name << "\n";
+    }
+    return kAllProcessed;
+}
+
+int listFormats() {
+    for (const BatchFormat& format : batchFormats()) {
+        std::cout << format.name << std::string(11 - std::string(format.name).size(), ' ') << "NAME" << format.suffix
+                  << (format.isBuilt() ? "" : "   (not built yet)") << "\n";
+    }
+    return kAllProcessed;
+}
+
+/// Writes report lines in the order of the input, whatever the order in which the files finish.
+class OrderedReport {
+public:
+    explicit OrderedReport(std::ostream* out) : _out(out) {}
+    void add(std::size_t index, const FileReport& report) {
+        if (_out == nullptr) {
+            return;
+        }
+        _waiting[index] = report.toJson();
+        for (auto line = _waiting.find(_next); line != _waiting.end(); line = _waiting.find(_next)) {
+            *_out << line->second << std::endl;
+            _waiting.erase(line);
+            ++_next;
+        }
+    }
+    /// Writes what waits for a line that will never come.
+    void flush() {
+        for (const auto& [index, line] : _waiting) {
+            *_out << line << std::endl;
+        }
+        _waiting.clear();
+    }
+    bool good() const { return _out == nullptr || _out->good(); }
+
+private:
+    std::ostream* _out;
+    std::map<std::size_t, std::string> _waiting;
+    std::size_t _next = 0;
+};
+
+int processAll(const BatchOptions& options, BatchConfig& config, const std::vector<const BatchFormat*>& formats,
+               const std::string& outDir) {
+    std::ofstream reportFile;
+    std::ostream* reportStream = nullptr;
+    if (options.report == "-") {
+        reportStream = &std::cout;
+    } else if (!options.report.empty()) {
+        reportFile.open(options.report);
+        if (!reportFile) {
+            return usageError("the report can't be written: " + options.report);
+        }
+        reportStream = &reportFile;
+    }
+    const std::vector<BatchJob> jobs = planBatch(options.paths, options.recursive, formats, outDir);
+    Progress progress(jobs.size(), options.quiet, options.report == "-");
+    OrderedReport report(reportStream);
+    WorkerPool pool({options.jobs, options.timeout}, config.set());
+    const int signal = pool.run(jobs, [&](std::size_t index, const FileReport& done) {
+        progress.fileDone(done);
+        report.add(index, done);
+    });
+    report.flush();
+    progress.finish();
+    if (signal != 0) {
+        // Nothing is half written; what asked for the end shall see that it got it.
+        std::signal(signal, SIG_DFL);
+        std::raise(signal);
+    }
+    if (!report.good()) {
+        std::cerr << "tarvo-batch: the report is incomplete: " << options.report << "\n";
+        return kSomeFailed;
+    }
+    return progress.failed() == 0 ? kAllProcessed : kSomeFailed;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    setTimeZone("TZ=GMT0");
+    BatchOptions options;
+    int status = kUsageError;
+    if (!parseBatchOptions(argc, argv, options, status)) {
+        return status;
+    }
+    if (options.action == BatchOptions::Action::ListFormats) {
+        return listFormats();
+    }
+    BatchConfig config;
+    if (!config.load(options.config, options.set)) {
+        return usageError(config.error());
+    }
+    if (options.action == BatchOptions::Action::ListSets) {
+        return listSets(config);
+    }
+    for (const std::string& assignment : options.overrides) {
+        if (!config.applyOverride(assignment)) {
+            return usageError(config.error());
+        }
+    }
+    std::vector<const BatchFormat*> formats;
+    std::string error;
+    if (options.formats.empty()) {
+        formats = defaultFormats(config);
+    } else if (!parseFormats(options.formats, formats, error)) {
+        return usageError(error);
+    }
+    std::error_code failure;
+    std::string outDir = options.out;
+    if (outDir.empty()) {
+        const std::string saveDir = config.saveDir();
+        outDir = fs::is_directory(saveDir, failure) ? saveDir : ".";
+    }
+    fs::create_directories(outDir, failure);
+    std::error_code ignored;
+    if (!fs::is_directory(outDir, ignored)) {
+        return usageError("the directory for products can't be made: " + outDir + ": " + failure.message());
+    }
+    return processAll(options, config, formats, outDir);
+}

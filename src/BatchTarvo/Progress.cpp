@@ -1,0 +1,96 @@
+#include "Progress.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <unistd.h>
+
+namespace {
+
+constexpr int kBarWidth = 30;
+
+/// The text on one line: line ends become "; ".
+std::string onOneLine(const std::string& text) {
+    std::string line;
+    for (const char c : text.substr(0, text.find_last_not_of('\n') + 1)) {
+        line += c == '\n' ? std::string("; ") : std::string(1, c);
+    }
+    return line;
+}
+
+std::string clockText(double seconds) {
+    const auto whole = static_cast<long>(seconds + 0.5);
+    char text[32];
+    std::snprintf(text, sizeof text, "%ld:%02ld:%02ld", whole / 3600, whole / 60 % 60, whole % 60);
+    return text;
+}
+
+} // namespace
+
+Progress::Progress(std::size_t total, bool quiet, bool onErrorStream)
+    : _total(total), _quiet(quiet), _bar(!quiet && isatty(STDERR_FILENO) != 0), _lines(onErrorStream ? stderr : stdout),
+      _start(std::chrono::steady_clock::now()) {
+    if (_bar) {
+        drawBar();
+    }
+}
+
+Progress::~Progress() {
+    if (_bar) {
+        clearBar();
+    }
+}
+
+double Progress::elapsed() const {
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - _start).count();
+}
+
+void Progress::clearBar() const {
+    std::fputs("\r\033[K", stderr);
+}
+
+void Progress::drawBar() const {
+    const int filled = _total == 0 ? kBarWidth : static_cast<int>(_done * kBarWidth / _total);
+    const double seconds = std::max(elapsed(), 1e-3);
+    const double rate = static_cast<double>(_done) / seconds;
+    const std::string left = _done == 0 ? "-:--:--" : clockText(static_cast<double>(_total - _done) / rate);
+    std::fprintf(stderr, "\r[%s%s] %zu/%zu  %.1f files/s  %s left", std::string(filled, '#').c_str(),
+                 std::string(kBarWidth - filled, '.').c_str(), _done, _total, rate, left.c_str());
+    std::fflush(stderr);
+}
+
+void Progress::fileDone(const FileReport& report) {
+    ++_done;
+    _failed += report.failed ? 1 : 0;
+    if (_bar) {
+        clearBar();
+    }
+    if (report.failed) {
+        std::fprintf(stderr, "%s: %s\n", report.file.c_str(), onOneLine(report.error).c_str());
+    } else if (!_quiet) {
+        if (!_bar) {
+            std::string products;
+            for (const std::string& product : report.products) {
+                products += " " + product;
+            }
+            std::fprintf(_lines, "%s: %s ->%s\n", report.file.c_str(), report.type.c_str(), products.c_str());
+        }
+        for (const std::string& text : {report.error, report.qcError}) {
+            if (!text.empty()) {
+                std::fprintf(_bar ? stderr : _lines, "%s: warning: %s\n", report.file.c_str(), onOneLine(text).c_str());
+            }
+        }
+    }
+    if (_bar) {
+        drawBar();
+    }
+}
+
+void Progress::finish() {
+    if (_bar) {
+        clearBar();
+        _bar = false;
+    }
+    if (!_quiet) {
+        std::fprintf(_lines, "%zu of %zu files processed in %.1f s\n", _done - _failed, _total, elapsed());
+    }
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "BatchJob.h"
+
+#include <functional>
+#include <vector>
+
+class ConfigSet;
+
+/// Runs batch jobs, each in a process of its own, so that a crash or a hang costs one file.
+class WorkerPool {
+public:
+    struct Limits {
+        int jobs = 1;           ///< processes at once
+        double timeout = 300.0; ///< s for one file
+    };
+    /// Hears of every report, in the order in which the files finish, with the job's index.
+    using Listener = std::function<void(std::size_t index, const FileReport& report)>;
+
+    WorkerPool(Limits limits, ConfigSet& config) : _limits(limits), _config(config) {}
+
+    /// Runs all jobs. SIGINT and SIGTERM stop the workers and remove what they were writing. Returns the signal that
+    /// ended the run early, or 0.
+    int run(const std::vector<BatchJob>& jobs, const Listener& listener);
+
+private:
+    struct Worker;
+
+    bool start(const std::vector<BatchJob>& jobs, std::size_t index, std::vector<Worker>& workers,
+               const std::function<void()>& inWorker);
+    FileReport finish(const BatchJob& job, Worker& worker) const;
+
+    Limits _limits;
+    ConfigSet& _config;
+};

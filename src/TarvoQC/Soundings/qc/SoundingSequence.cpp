@@ -1,0 +1,146 @@
+#include "Sounding.h"
+
+#include "DCapture.h"
+
+#include <array>
+#include <cmath>
+
+namespace {
+
+// The QC modes of the item DoQC that end a run early; 0 never gets here, 1 runs the whole sequence.
+constexpr int kPassThrough = 2;
+constexpr int kTDDryBiasOnly = 3;
+
+constexpr std::array<const char*, 8> kStampedSeries{"RawPres", "RawTdry",   "RawRH",  "RawWspd",
+                                                    "RawWdir", "RawGpsAlt", "RawLat", "RawLon"};
+
+/// What QC itself stamps. Flags of the user or the reader stay from run to run.
+constexpr auto kQcStamps = static_cast<Value::AttributeType>(
+    Value::QcRHThreshold | Value::QcLimitCheck | Value::QcSatsCheck | Value::QcBuddyCheck | Value::QcOutlierCheck |
+    Value::QcFilterCheck | Value::QcMonotonicPresCheck | Value::QcVerticalVelCheck | Value::QcAmbientEquilibration |
+    Value::DryBiasCorrection | Value::QcWindErrorCheck);
+
+void copyValues(const Series& from, Series& to) {
+    to = Series(from, to.id());
+}
+
+} // namespace
+
+/// One step of the sequence. A step whose operation is null announces itself and has nothing behind it yet.
+struct Sounding::Step {
+    const char* status; ///< what the agent hears; null for a step that works in silence
+    enum { All, DescendingOnly } directions;
+    void (Sounding::*operation)();
+};
+
+/// The order carries these dependencies. Launch values come before offsets, which don't touch them. The time constants
+/// read the fall rate that the first vertical velocity left. The pressure adjustment comes after smoothing and before
+/// the final vertical velocity, so that the fall rate and the checks on it see the adjusted pressure. The surface
+/// observation is made once the fall rate is final, and adds no wind. Heights and positions integrate finished series.
+const std::vector<Sounding::Step>& Sounding::steps() {
+    static const std::vector<Step> sequence{
+        {"applying launch parameters", Step::All, &Sounding::applySndMetaData},
+        {"applying offsets", Step::All, &Sounding::offsets},
+        {"ambient equilibration", Step::DescendingOnly, nullptr},
+        {"post splash check", Step::All, &Sounding::postSplashCheck},
+        {"RH thresholding", Step::All, &Sounding::rhThresholding},
+        {"limit checks", Step::All, nullptr},
+        {"satellite check", Step::All, nullptr},
+        {"wind error check", Step::All, nullptr},
+        {"buddy check", Step::All, nullptr},
+        {"outlier check", Step::All, nullptr},
+        {"filter check", Step::All, nullptr},
+        {"pressure smoothing", Step::All, nullptr},
+        {"pressure mono check", Step::All, nullptr},
+        {"compute vertical velocity", Step::All, nullptr},
+        {"updating time constants", Step::All, nullptr},
+        {"dynamic tdry adjustment", Step::All, nullptr},
+        {"RH limit checking", Step::All, &Sounding::RHThreshold},
+        {"final smoothing", Step::All, nullptr},
+        {"RH limit checking", Step::All, &Sounding::RHThreshold},
+        {"pressure adjustment", Step::DescendingOnly, nullptr},
+        {"compute vertical velocity", Step::All, nullptr},
+        {"vertical velocity check", Step::All, nullptr},
+        {"compute w (dropsondes only)", Step::All, nullptr},
+        {nullptr, Step::DescendingOnly, nullptr}, // the surface observation
+        {"dynamic winds adjustment", Step::All, nullptr},
+        {"fast fall check", Step::All, nullptr},
+        {"compute altitudes", Step::All, nullptr},
+        {"compute position", Step::All, nullptr},
+    };
+    return sequence;
+}
+
+void Sounding::qcProcess(StatusAgent& agent) {
+    if (!prepare(agent)) {
+        return;
+    }
+    for (const Step& step : steps()) {
+        if (step.directions == Step::DescendingOnly && _meta.ascending) {
+            continue;
+        }
+        if (step.status != nullptr) {
+            agent.AppendStatus(step.status);
+        }
+        if (step.operation != nullptr) {
+            (this->*step.operation)();
+        }
+    }
+    const Series* altUp = getSeries("QCAltUp");
+    if (_meta.ascending && !derivedSndFile().empty() && !altUp->empty()) {
+        _file->updateDescendingGeoAlt(altUp->data(altUp->lastIndex()));
+    }
+}
+
+/// Everything ahead of the checks. False when the QC mode or the kind of sounding ends the run here.
+bool Sounding::prepare(StatusAgent& agent) {
+    describe();
+    _qcErrorFlag = false;
+    _qcErrorText.clear();
+    agent.AppendStatus("initializing");
+    updateSndMetaData(true);
+    if (QCavail()) {
+        clearQcAtt();
+        _attributes.clear();
+    }
+    rebuildQcData();
+    if (intOf("DoQC") == kPassThrough) {
+        passThrough();
+        return false;
+    }
+    agent.AppendStatus("applying TD dry bias correction");
+    return intOf("DoQC") != kTDDryBiasOnly && soundingType() != SoundingType::Wmo;
+}
+
+void Sounding::describe() {
+    _summary.addItem("Description", description());
+    for (const std::string& line : _fileSummary) {
+        _summary.addItem("Description", line);
+    }
+    if (DCapture::enabled()) {
+        DCapture::dcout << "--- Processing " << description() << " ---\n\n";
+        _summary.addItem("Diagnostic Capture", DCapture::instance().fileName());
+    }
+}
+
+void Sounding::rebuildQcData() {
+    const bool discardBadCrc = boolOf("DiscardBadCrcData");
+    double endTime = 0.0;
+    if (_config.value("LastDataTimeOverride", endTime)) {
+        // Half a tenth later than the tenth asked for, so that the sample at that tenth is in.
+        _observation->initQCdata((std::trunc(endTime * 10.0) + 0.5) / 10.0, RHselection(), discardBadCrc);
+    } else {
+        _observation->initQCdata(RHselection(), discardBadCrc);
+    }
+}
+
+void Sounding::passThrough() {
+    copyValues(*getSeries("RawAlt"), *getSeries("QCAltUp"));
+    copyValues(*getSeries("RawDz"), *getSeries("QCDz"));
+}
+
+void Sounding::clearQcAtt() {
+    for (const char* name : kStampedSeries) {
+        getSeries(name)->clearAttribute(kQcStamps);
+    }
+}

@@ -1,0 +1,5 @@
+#include "StatusAgent.h"
+
+void StatusAgent::SetStatus(const std::string& /*text*/) {}
+
+void StatusAgent::AppendStatus(const std::string& /*text*/) {}

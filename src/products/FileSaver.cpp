@@ -1,0 +1,61 @@
+#include "FileSaver.h"
+
+#include "AtomicFile.h"
+#include "DataFileSaveCsv.h"
+#include "EditorControl.h"
+#include "ProductColumns.h"
+#include "SndMetaData.h"
+#include "Text.h"
+
+#include <array>
+#include <ostream>
+
+namespace {
+
+using Columns = ProductColumns;
+using Writer = void (*)(const std::string& filePath, std::ostream& stream, const SndMetaData& metaData,
+                        const EditorControl& editor, const Columns& columns);
+
+void writeCsv(const std::string& filePath, std::ostream& stream, const SndMetaData& metaData,
+              const EditorControl& editor, const Columns& c) {
+    DataFileSaveCsv(filePath, stream, c.nRows(), metaData, editor, c[Columns::Time], c[Columns::Pres], c[Columns::Tdry],
+                    c[Columns::RH], c[Columns::Wspd], c[Columns::Wdir], c[Columns::U], c[Columns::V], c[Columns::Lat],
+                    c[Columns::Lon], c[Columns::Alt], c[Columns::GpsAlt], c[Columns::Dz], c.firstDataIsPrelaunch());
+}
+
+struct Format {
+    const char* extension;
+    Writer write; ///< null for a format that has no writer yet
+};
+
+/// Looked through in this order, the first extension found in the filter text winning.
+constexpr std::array<Format, 6> kFormats{{
+    {".trv", nullptr},
+    {".nc", nullptr},
+    {".csv", &writeCsv},
+    {".zor", nullptr},
+    {".frd", nullptr},
+    {".bfr", nullptr},
+}};
+
+} // namespace
+
+bool FileSaver::saveFile(const std::string& /*revision*/, const std::string& filePath, const std::string& filterText,
+                         const SndMetaData& metaData, const EditorControl& editor, const ProductColumns& columns,
+                         const Levels* /*levels*/) {
+    for (const Format& format : kFormats) {
+        if (!contains(filterText, format.extension)) {
+            continue;
+        }
+        if (format.write == nullptr) {
+            return false;
+        }
+        AtomicFile file(filePath);
+        if (!file.isOpen()) {
+            return false;
+        }
+        format.write(filePath, file.stream(), metaData, editor, columns);
+        return file.commit();
+    }
+    return false;
+}

@@ -1,0 +1,251 @@
+// The batch tool as its user meets it: a command line, an exit status, two output streams, files.
+
+#include "TemporaryFolder.h"
+
+#include <algorithm>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+#include <sstream>
+#include <sys/wait.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+const fs::path kExamples = fs::path(TARVO_SOURCE_DIR) / "examples/data";
+
+struct Outcome {
+    int status;
+    std::string out;
+    std::string err;
+};
+
+/// Runs the tool in \p folder, with a home of its own and the shipped configuration.
+Outcome tool(const TemporaryFolder& folder, const std::string& arguments, const std::string& environment = "") {
+    const fs::path streams = folder / ".streams";
+    fs::create_directories(streams);
+    const std::string command = "cd '" + folder.path().string() + "' && env -u TARVOCONFIG HOME='" +
+                                folder.path().string() + "' " + environment + " '" TARVO_BATCH_PROGRAM "' " +
+                                arguments + " >.streams/out 2>.streams/err </dev/null";
+    const int status = std::system(command.c_str());
+    Outcome outcome{WIFEXITED(status) ? WEXITSTATUS(status) : -1, readFile(streams / "out"), readFile(streams / "err")};
+    fs::remove_all(streams);
+    return outcome;
+}
+
+std::vector<nlohmann::json> reportLines(const std::string& text) {
+    std::vector<nlohmann::json> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) {
+        lines.push_back(nlohmann::json::parse(line));
+    }
+    return lines;
+}
+
+std::vector<std::string> exampleNames() {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(kExamples)) {
+        names.push_back(entry.path().filename().string());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+} // namespace
+
+TEST(BatchTool, AnswersWithoutAFile) {
+    const TemporaryFolder folder;
+    EXPECT_THAT(tool(folder, "--version").out, HasSubstr("tarvo-batch V3.4.8"));
+    EXPECT_THAT(tool(folder, "--help").out, AllOf(HasSubstr("--override"), HasSubstr("Exit status")));
+    EXPECT_EQ(tool(folder, "--list-sets").out, "descending-PELO\ndriftsonde\neditsonde\nmini-dropsonde\n"
+                                               "research-dropsonde\nsample\nupsonde-10s\nupsonde-1s\n");
+    const Outcome formats = tool(folder, "--list-formats");
+    EXPECT_EQ(formats.status, 0);
+    EXPECT_THAT(formats.out, AllOf(HasSubstr("qc-csv     NAMEQC.csv\n"), HasSubstr("qc-bfr     NAMEQC.bfr   (not")));
+}
+
+TEST(BatchTool, TellsWrongUsage) {
+    const TemporaryFolder folder;
+    struct {
+        const char* arguments;
+        const char* says;
+    } const cases[] = {
+        {"", "no file given"},
+        {"--no-such-option x", "--no-such-option"},
+        {"--set nosuch x", "editsonde"},
+        {"--formats nosuch x", "raw-csv"},
+        {"--formats qc-csv,qc-bfr x", "qc-bfr is not built yet"},
+        {"--formats , x", "names no format"},
+        {"--override NoSuchKey=1 x", "NoSuchKey"},
+        {"--override PresOffset=two x", "PresOffset"},
+        {"--override PresOffset=nan x", "PresOffset"},
+        {"--override PresOffset= x", "PresOffset"},
+        {"--override RHThreshold=maybe x", "RHThreshold"},
+        {"--override LaunchPresOverride=high x", "LaunchPresOverride"},
+        {"--override PresOffset x", "KEY=VALUE"},
+        {"--jobs 0 x", "--jobs"},
+        {"--timeout 0 x", "--timeout"},
+        {"--config nosuch.xml x", "nosuch.xml"},
+        {"--report no/such/folder/report x", "no/such/folder/report"},
+        {"--out /dev/null/x x", "/dev/null/x"},
+    };
+    for (const auto& c : cases) {
+        const Outcome outcome = tool(folder, c.arguments);
+        EXPECT_EQ(outcome.status, 2) << c.arguments;
+        EXPECT_THAT(outcome.err, HasSubstr(c.says)) << c.arguments;
+    }
+    EXPECT_EQ(folder.size(), 0) << "nothing was made";
+}
+
+TEST(BatchTool, ProcessesTheExamples) {
+    const TemporaryFolder folder;
+    const Outcome outcome =
+        tool(folder, "--out out --formats raw-csv,qc-csv --report report.jsonl '" + kExamples.string() + "'");
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    const auto lines = reportLines(readFile(folder / "report.jsonl"));
+    const auto names = exampleNames();
+    ASSERT_EQ(lines.size(), names.size());
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const nlohmann::json& line = lines[i];
+        EXPECT_EQ(line["file"], (kExamples / names[i]).string());
+        EXPECT_EQ(line.size(), 7u);
+        EXPECT_TRUE(line["valid"]);
+        ASSERT_EQ(line["products"].size(), 2u);
+        for (const std::string product : line["products"]) {
+            EXPECT_GT(fs::file_size(folder / product), 10000u) << product;
+        }
+        const bool late = names[i] == "D20220523_091501.3";
+        EXPECT_EQ(line["error"].get<std::string>().find("late launch detect") != std::string::npos, late) << names[i];
+    }
+    EXPECT_TRUE(fs::exists(folder / "out/D20210801_120003QC.csv"));
+}
+
+TEST(BatchTool, MakesTheSameBytesWhateverTheNumberOfJobs) {
+    const TemporaryFolder folder;
+    for (const char* run : {"1", "4"}) {
+        tool(folder,
+             std::string("--quiet --out out") + run + " --jobs " + run + " --formats raw-csv,qc-csv '" +
+                 kExamples.string() + "'",
+             "TARVO_OVERRIDE_PROCESSING_TIME=1627819203");
+    }
+    int compared = 0;
+    for (const auto& entry : fs::directory_iterator(folder / "out1")) {
+        EXPECT_EQ(readFile(entry.path()), readFile(folder / "out4" / entry.path().filename()));
+        ++compared;
+    }
+    EXPECT_EQ(compared, 2 * static_cast<int>(exampleNames().size()));
+}
+
+TEST(BatchTool, BadInputCostsOnlyItself) {
+    const TemporaryFolder folder;
+    const std::string good = readFile(kExamples / "tradewind_drop_20210803.csv");
+    const std::string dfile = readFile(kExamples / "D20230211_154208.1");
+    fs::create_directories(folder / "in/sub");
+    const auto add = [&](const std::string& name, const std::string& text) { writeFile(folder / "in" / name, text); };
+    std::string comments;
+    for (int i = 0; i < 10000; ++i) {
+        comments += "OMBRA-T01 COM Operator Comments:                     synthetic\n";
+    }
+    std::string backward = dfile;
+    std::string binary;
+    for (int i = 0; i < 100000; ++i) {
+        binary += static_cast<char>(i * 7919 >> 3);
+    }
+    add("a good 'one' \xC3\xA4\xC3\xB6.csv", good);
+    add("binary.D1", binary);
+    add("comments.D2", comments);
+    add("empty.csv", "");
+    add("header_and_garbage.csv", "FileFormat,CSV\n" + binary);
+    add("long_line.D3", "OMBRA-T01 COM " + std::string(800, 'x') + "\n" + dfile);
+    add("one_line.D4", "OMBRA-T01 COM FORMAT VERSION NUMBER: 1.6\n");
+    add("out_of_range.csv", "FileFormat,CSV\nYear,99999999999999999999\nMonth,-7\nDay,1e9\nHour,1\nMinute,2\nSecond,3\n"
+                            "Fields,Time,Pressure\nData,1e999,1e308\nData,nan,inf\nData,2,-1e308\n");
+    add("sub/below.csv", good);
+    add("truncated.D5", dfile.substr(0, dfile.size() / 2 - 37));
+    fs::create_symlink("nowhere", folder / "in/dangling.csv");
+
+    const Outcome outcome = tool(folder, "--out out --report - in in/nosuch.csv");
+    EXPECT_EQ(outcome.status, 1);
+    std::vector<std::string> valid;
+    for (const nlohmann::json& line : reportLines(outcome.out)) {
+        if (line["valid"]) {
+            valid.push_back(line["file"]);
+        } else {
+            EXPECT_THAT(line["error"].get<std::string>(), Not(IsEmpty())) << line;
+            EXPECT_THAT(outcome.err, HasSubstr(line["file"].get<std::string>() + ": "));
+        }
+        EXPECT_EQ(line["error"].get<std::string>().find("crash"), std::string::npos) << line;
+    }
+    EXPECT_THAT(valid, ElementsAre("in/a good 'one' \xC3\xA4\xC3\xB6.csv", "in/out_of_range.csv", "in/truncated.D5"));
+    EXPECT_TRUE(fs::exists(folder / "out/a good 'one' \xC3\xA4\xC3\xB6QC.csv"));
+
+    EXPECT_THAT(tool(folder, "--out out2 --recursive --report - in").out, HasSubstr("in/sub/below.csv"));
+    const Outcome quiet = tool(folder, "--quiet --out out3 in/empty.csv in/sub/below.csv");
+    EXPECT_EQ(quiet.out, "");
+    EXPECT_EQ(quiet.err, "in/empty.csv: Unrecognized file type\n");
+}
+
+TEST(BatchTool, NeverWritesOneProductOverAnother) {
+    const TemporaryFolder folder;
+    const std::string good = readFile(kExamples / "tradewind_drop_20210803.csv");
+    fs::create_directories(folder / "other");
+    writeFile(folder / "drop.csv", good);
+    writeFile(folder / "other/drop.txt", good);
+    writeFile(folder / "dropQC.csv", "an input of another kind");
+    const Outcome clash = tool(folder, "--out out drop.csv other/drop.txt");
+    EXPECT_EQ(clash.status, 1);
+    EXPECT_EQ(clash.err, "other/drop.txt: Its product dropQC.csv would overwrite that of drop.csv\n");
+
+    const Outcome input = tool(folder, "drop.csv dropQC.csv");
+    EXPECT_EQ(input.status, 1);
+    EXPECT_THAT(input.err, HasSubstr("drop.csv: Its product dropQC.csv would overwrite an input file\n"));
+    EXPECT_EQ(readFile(folder / "dropQC.csv"), "an input of another kind");
+}
+
+TEST(BatchTool, OverridesAndSetsTakeEffect) {
+    const TemporaryFolder folder;
+    const std::string file = "'" + (kExamples / "tradewind_drop_20210803.csv").string() + "'";
+    tool(folder, "--quiet --out a --set mini-dropsonde --override PresOffset=1.5 --override RHThreshold=true "
+                 "--override LaunchPresOverride=431.5 --override Project=MINE " +
+                     file);
+    const std::string text = readFile(folder / "a/tradewind_drop_20210803QC.csv");
+    EXPECT_THAT(text, HasSubstr("\nConfigSetName,\"mini-dropsonde\"\n"));
+    EXPECT_THAT(text, HasSubstr("\nPresOffset,\"1.5\"\n"));
+    EXPECT_THAT(text, HasSubstr("\nRHThreshold,\"1\"\n"));
+    EXPECT_THAT(text, HasSubstr("\nChuteArea,\"400\"\n"));
+    EXPECT_THAT(text, HasSubstr("\nPressure,431.5,\"units=mb\"\n"));
+    EXPECT_THAT(text, HasSubstr("\nLaunchPresOverride,\"431.5\"\n"));
+    EXPECT_THAT(text, HasSubstr("\nProject,\"MINE\"\n"));
+
+    const Outcome noQc = tool(folder, "--out b --formats raw-csv,qc-csv --override DoQC=0 " + file);
+    EXPECT_EQ(noQc.status, 1);
+    EXPECT_TRUE(fs::exists(folder / "b/tradewind_drop_20210803RAW.csv"));
+    EXPECT_FALSE(fs::exists(folder / "b/tradewind_drop_20210803QC.csv"));
+}
+
+TEST(BatchTool, UsesTheUsersConfigurationAndNeverWritesIt) {
+    const TemporaryFolder folder;
+    std::string xml = readFile(fs::path(TARVO_SOURCE_DIR) / "resources/tarvo.xml");
+    ASSERT_FALSE(xml.empty());
+    const auto active = xml.find(">editsonde<");
+    ASSERT_NE(active, std::string::npos);
+    xml.replace(active, 11, ">upsonde-1s<");
+    fs::create_directories(folder / ".config/Tarvo");
+    writeFile(folder / ".config/Tarvo/tarvo.xml", xml);
+    const std::string file = "'" + (kExamples / "polar_up_20230117.csv").string() + "'";
+    EXPECT_EQ(tool(folder, "--quiet --override PresOffset=1 --out a " + file).status, 0);
+    EXPECT_THAT(readFile(folder / "a/polar_up_20230117QC.csv"), HasSubstr("\nConfigSetName,\"upsonde-1s\"\n"));
+    EXPECT_EQ(readFile(folder / ".config/Tarvo/tarvo.xml"), xml);
+
+    writeFile(folder / ".config/Tarvo/tarvo.xml", xml.substr(0, xml.size() / 2));
+    const Outcome damaged = tool(folder, "--out b " + file);
+    EXPECT_EQ(damaged.status, 2);
+    EXPECT_THAT(damaged.err, HasSubstr(".config/Tarvo/tarvo.xml"));
+    EXPECT_EQ(tool(folder, "--quiet --out b --config '" TARVO_SOURCE_DIR "/resources/tarvo.xml' " + file).status, 0);
+}

@@ -1,0 +1,144 @@
+#include "WorkerPool.h"
+#include "AtomicFile.h"
+#include "BatchPlan.h"
+
+#include "CsvText.h"
+#include "MadeConfig.h"
+#include "TemporaryFolder.h"
+
+#include <chrono>
+#include <csignal>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+bool writeNote(const EditorControl&, const ConfigSet&, const std::string& path) {
+    AtomicFile file(path);
+    file.stream() << "written";
+    return file.commit();
+}
+
+bool crash(const EditorControl&, const ConfigSet&, const std::string& path) {
+    AtomicFile file(path);
+    file.stream() << "half" << std::flush;
+    std::signal(SIGABRT, SIG_DFL);
+    std::raise(SIGKILL);
+    return true;
+}
+
+bool hang(const EditorControl&, const ConfigSet&, const std::string& path) {
+    AtomicFile file(path);
+    file.stream() << "half" << std::flush;
+    std::this_thread::sleep_for(1h);
+    return true;
+}
+
+bool fail(const EditorControl&, const ConfigSet&, const std::string&) {
+    return false;
+}
+
+const BatchFormat kWrites{"note", "Note.txt", nullptr, false, &writeNote};
+const BatchFormat kCrashes{"crash", "Crash.txt", nullptr, false, &crash};
+const BatchFormat kHangs{"hang", "Hang.txt", nullptr, false, &hang};
+const BatchFormat kFails{"fail", "Fail.txt", nullptr, false, &fail};
+
+struct Batch {
+    Batch() {
+        CsvText text(false);
+        text.fields("Time,Pressure").data("0,500").data("1,501");
+        writeFile(folder / "drop.csv", text.text());
+    }
+    BatchJob job(const BatchFormat& format) const {
+        BatchJob job;
+        job.input = (folder / "drop.csv").string();
+        job.products.push_back({&format, (folder / ("drop" + std::string(format.suffix))).string()});
+        return job;
+    }
+    int run(const std::vector<BatchJob>& jobs, double timeout = 60.0) {
+        reports.assign(jobs.size(), {});
+        return WorkerPool({2, timeout}, config.set).run(jobs, [this](std::size_t index, const FileReport& report) {
+            reports[index] = report;
+        });
+    }
+    TemporaryFolder folder;
+    MadeConfig config;
+    std::vector<FileReport> reports;
+};
+
+} // namespace
+
+TEST(WorkerPool, ACrashOrAFailureCostsOneFile) {
+    Batch batch;
+    BatchJob absent = batch.job(kWrites);
+    absent.input += ".absent";
+    BatchJob refused = batch.job(kWrites);
+    refused.refusal = "refused";
+    EXPECT_EQ(batch.run({batch.job(kCrashes), batch.job(kFails), absent, refused, batch.job(kWrites)}), 0);
+
+    EXPECT_TRUE(batch.reports[0].failed);
+    EXPECT_THAT(batch.reports[0].error, HasSubstr("crashed"));
+    EXPECT_TRUE(batch.reports[1].failed);
+    EXPECT_TRUE(batch.reports[1].valid);
+    EXPECT_THAT(batch.reports[1].error, HasSubstr("can't be written"));
+    EXPECT_THAT(batch.reports[2].error, HasSubstr("No such file"));
+    EXPECT_EQ(batch.reports[3].error, "refused");
+    EXPECT_FALSE(batch.reports[4].failed);
+    EXPECT_EQ(batch.reports[4].type, "Ombra");
+    EXPECT_THAT(batch.reports[4].products, ElementsAre((batch.folder / "dropNote.txt").string()));
+    EXPECT_EQ(batch.folder.size(), 2) << "the input and one product";
+}
+
+TEST(WorkerPool, AHangEndsWithItsTime) {
+    Batch batch;
+    EXPECT_EQ(batch.run({batch.job(kHangs), batch.job(kWrites)}, 1.0), 0);
+    EXPECT_EQ(batch.reports[0].error, "Timed out after 1 s");
+    EXPECT_FALSE(batch.reports[1].failed);
+    EXPECT_EQ(batch.folder.size(), 2);
+}
+
+TEST(WorkerPool, AStopLeavesNothingHalfWritten) {
+    for (const int signal : {SIGINT, SIGTERM}) {
+        Batch batch;
+        const pid_t pid = fork();
+        if (pid == 0) {
+            _exit(batch.run({batch.job(kHangs)}));
+        }
+        for (int i = 0; i < 1000 && batch.folder.size() < 2; ++i) {
+            std::this_thread::sleep_for(10ms);
+        }
+        ASSERT_EQ(batch.folder.size(), 2) << "the worker is writing";
+        kill(pid, signal);
+        int status = 0;
+        ASSERT_EQ(waitpid(pid, &status, 0), pid);
+        ASSERT_TRUE(WIFEXITED(status));
+        EXPECT_EQ(WEXITSTATUS(status), signal);
+        EXPECT_EQ(batch.folder.size(), 1);
+    }
+}
+
+TEST(FileReport, IsOneLineOfJson) {
+    FileReport report;
+    report.file = "a \"b\"\xff.csv";
+    report.type = "Ombra";
+    report.valid = true;
+    report.error = "- one\n- two\n";
+    report.seconds = 0.25;
+    report.products = {"x"};
+    EXPECT_EQ(report.toJson(),
+              "{\"file\":\"a \\\"b\\\"\xEF\xBF\xBD.csv\",\"type\":\"Ombra\",\"valid\":true,"
+              "\"error\":\"- one\\n- two\\n\",\"qcError\":\"\",\"seconds\":0.25,\"products\":[\"x\"]}");
+    FileReport back;
+    EXPECT_FALSE(unpackReport("", back));
+    EXPECT_FALSE(unpackReport(packReport(report).substr(0, 20), back));
+    ASSERT_TRUE(unpackReport(packReport(report), back));
+    EXPECT_EQ(back.file, report.file);
+    EXPECT_EQ(back.toJson(), report.toJson());
+}

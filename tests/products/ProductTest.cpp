@@ -1,0 +1,199 @@
+#include "DataFileSaveCsv.h"
+#include "EditorControl.h"
+#include "FileSaver.h"
+#include "ProductColumns.h"
+#include "SoundingFileFactory.h"
+
+#include "CsvText.h"
+#include "MadeConfig.h"
+#include "SeriesText.h"
+#include "TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+CsvText drop() {
+    CsvText text(false);
+    text.line("Pressure,499.96,\"units=mb\"").line("Temperature,-5.5").line("Latitude,25.12345");
+    text.line("SondeId,204715063").line("Comments,\"synthetic\"").line("PtuWindTimeDiff,\"-0.5\"");
+    text.fields("Time,Pressure,Temperature,RH,Speed,Direction,Latitude,Longitude,Altitude,Ascent,GpsAlt");
+    text.data("0,500.004,-5.5,,10,90,25.123456,-80.5,5500,-11,5510");
+    text.data("0.5,505.5,-5.25,50,10,90,,,5420,-11,");
+    return text;
+}
+
+struct Analysis {
+    explicit Analysis(const CsvText& text = drop()) : editor(config.set, "V3.4.8") {
+        std::istringstream stream(text.text());
+        editor.getSounding("drop.csv", &stream);
+        editor.qcProcess();
+    }
+    std::string csv(const ProductColumns& c) {
+        std::ostringstream out;
+        using C = ProductColumns;
+        DataFileSaveCsv("p", out, c.nRows(), editor.getSndMetaData(true), editor, c[C::Time], c[C::Pres], c[C::Tdry],
+                        c[C::RH], c[C::Wspd], c[C::Wdir], c[C::U], c[C::V], c[C::Lat], c[C::Lon], c[C::Alt],
+                        c[C::GpsAlt], c[C::Dz], c.firstDataIsPrelaunch());
+        return out.str();
+    }
+    MadeConfig config;
+    EditorControl editor;
+};
+
+/// The lines of \p text from the first that begins with \p first to the one ahead of \p behind.
+std::string stretch(const std::string& text, const std::string& first, const std::string& behind = "\x01") {
+    const auto start = text.find("\n" + first);
+    return start == std::string::npos ? "" : text.substr(start + 1, text.find("\n" + behind, start + 1) - start);
+}
+
+std::unique_ptr<SoundingFile> read(ConfigSet& config, const std::string& text) {
+    std::istringstream stream(text);
+    return SoundingFileFactory::newSoundingFile(config, "back.csv", &stream);
+}
+
+} // namespace
+
+TEST(DataFileSave, Formats) {
+    const DataFileSave save("x");
+    EXPECT_EQ(save.formatVal("%5.1f", 1.25), "  1.2");
+    EXPECT_EQ(save.formatVal("%5.1f", -999.0, 999.0), "999.0");
+    EXPECT_EQ(save.formatVal("%5.1f", 2.0, 999.0), "  2.0");
+    EXPECT_EQ(save.formatVal("%03d", -999, 7), "007");
+    EXPECT_EQ(save.formatVal("%.0f", 1.0, 2.0, false), "2");
+    EXPECT_EQ(save.formatLoc(104.5), "104 30.00");
+    EXPECT_EQ(save.formatLoc(-0.5), "0 30.00");
+    EXPECT_EQ(save.formatLoc(7.0), "7 00.00");
+}
+
+TEST(CsvProduct, WritesTheRawSounding) {
+    Analysis analysis;
+    const std::string text = analysis.csv(ProductColumns::raw(analysis.editor));
+    EXPECT_EQ(text.substr(0, text.find("SvnRevision")), "FileFormat,CSV\n"
+                                                        "Year,2021\nMonth,08\nDay,01\nHour,12\nMinute,00\nSecond,03\n"
+                                                        "Pressure,500.0,\"units=mb\"\n"
+                                                        "Temperature,-5.5,\"units=deg C\"\n"
+                                                        "RH,,\"units=%\"\n"
+                                                        "Speed,,\"units=m/s\"\n"
+                                                        "Direction,,\"units=deg\"\n"
+                                                        "Latitude,25.1235,\"units=deg\"\n"
+                                                        "Longitude,,\"units=deg\"\n"
+                                                        "Altitude,,\"units=m\"\n"
+                                                        "GpsAltitude,,\"units=m\"\n"
+                                                        "Ascending,\"false\"\n"
+                                                        "Comments,\"synthetic\"\n"
+                                                        "DataType,\"\"\n"
+                                                        "EquipmentType,\"0\"\n"
+                                                        "PlatformType,\"\"\n"
+                                                        "PlatformId,\"\"\n"
+                                                        "Project,\"\"\n"
+                                                        "Flight,\"\"\n"
+                                                        "PtuWindTimeDiff,\"-0.5\"\n"
+                                                        "RadiationCorr,\"0\"\n"
+                                                        "TrackingType,\"19\"\n"
+                                                        "SondeId,\"204715063\"\n"
+                                                        "SondeModel,\"\"\n"
+                                                        "Operator,\"\"\n"
+                                                        "LaunchObsSource,\"unknown\"\n"
+                                                        "LaunchObsTime,\"unknown\"\n");
+    // The dew point of -5.25 deg C at 50 %: 2353 / (9.4051 - log10(0.5 E)) with log10 E = 9.4051 - 2353 / 267.9.
+    EXPECT_EQ(stretch(text, "Fields"),
+              "Fields,Time,Pressure,Temperature,RH,Speed,Direction,Latitude,Longitude,Altitude,GPS Altitude,Dewpoint,"
+              "Uwnd,Vwnd,Ascent\n"
+              "Units,sec,mb,deg C,%,m/s,deg,deg,deg,m,m,deg C,m/s,m/s,m/s\n"
+              "Data,0.0,500.00,-5.50,,10.00,90.00,25.12346,-80.50000,5500.0,5510.0,,,,-11.00\n"
+              "Data,0.5,505.50,-5.25,50.00,10.00,90.00,,,5420.0,,-14.13,,,-11.00\n");
+}
+
+TEST(CsvProduct, NamesTheConfigurationOnlyAfterNormalQc) {
+    Analysis analysis;
+    EXPECT_NE(analysis.csv(ProductColumns::raw(analysis.editor)).find("\nDoQC,\"1\"\n"), std::string::npos);
+    for (const double mode : {0.0, 2.0, 3.0}) {
+        analysis.config.set.set("DoQC", mode);
+        const std::string text = analysis.csv(ProductColumns::raw(analysis.editor));
+        EXPECT_EQ(text.find("\nDoQC,"), std::string::npos) << mode;
+        EXPECT_EQ(text.find("\nConfigSetName,"), std::string::npos) << mode;
+        EXPECT_NE(text.find("\nTarvoVersion,\"V3.4.8\"\n"), std::string::npos) << mode;
+    }
+}
+
+TEST(CsvProduct, LeavesOutTheLaunchRowAndNullColumns) {
+    Analysis analysis;
+    const double time[] = {-1.0, 2.0};
+    const double data[] = {500.0, 501.0};
+    const auto write = [&](int n, bool prelaunch) {
+        std::ostringstream out;
+        DataFileSaveCsv("p", out, n, analysis.editor.getSndMetaData(true), analysis.editor, time, data, data, data,
+                        data, data, data, data, nullptr, nullptr, nullptr, nullptr, nullptr, prelaunch);
+        return stretch(out.str(), "Data,");
+    };
+    EXPECT_EQ(write(1, true), "");
+    EXPECT_EQ(write(2, true).substr(0, 66), "Data,2.0,501.00,501.00,501.00,501.00,501.00,,,,,501.00,501.00,501.");
+    EXPECT_EQ(write(1, false).substr(0, 15), "Data,-1.0,500.0");
+}
+
+TEST(CsvProduct, ReadsBack) {
+    Analysis analysis;
+    const auto back = read(analysis.config.set, analysis.csv(ProductColumns::qc(analysis.editor, analysis.config.set)));
+    ASSERT_NE(back, nullptr);
+    ASSERT_TRUE(back->isValid());
+    EXPECT_TRUE(back->descending());
+    EXPECT_EQ(back->dataPoints(), 2);
+    EXPECT_EQ(textOf(*back->sPres()), "0:500 0.5:505.5");
+    EXPECT_EQ(textOf(*back->sRh0()), "0:-999 0.5:50");
+    EXPECT_EQ(textOf(*back->sGpsalt()), "0:5510 0.5:-999");
+    EXPECT_EQ(back->launchPres(), 500.0);
+    EXPECT_EQ(back->launchLon(), -999.0);
+    EXPECT_EQ(back->ptuWindTimeDiff(), -0.5);
+    EXPECT_EQ(back->comments(), "synthetic");
+    EXPECT_EQ(back->sec(), 3);
+}
+
+TEST(ProductColumns, TakeTheirSeries) {
+    Analysis analysis;
+    using C = ProductColumns;
+    const C raw = C::raw(analysis.editor);
+    ASSERT_EQ(raw.nRows(), 3); // the launch row ahead of two records
+    EXPECT_TRUE(raw.firstDataIsPrelaunch());
+    EXPECT_EQ(raw[C::Time][0], -1.0);
+    EXPECT_EQ(raw[C::Pres][1], 500.004);
+    EXPECT_EQ(raw[C::U][1], -999.0);
+    EXPECT_EQ(raw[C::Dz][2], -11.0);
+    EXPECT_EQ(raw[C::GpsAlt][2], -999.0);
+
+    const C computed = C::qc(analysis.editor, analysis.config.set);
+    EXPECT_EQ(computed[C::Lat][1], -999.0) << "nothing has computed a position yet";
+    EXPECT_NEAR(computed[C::U][1], -10.0, 1e-4);
+    analysis.config.set.set("ReportObservedPos", 1.0);
+    EXPECT_EQ(C::qc(analysis.editor, analysis.config.set)[C::Lat][1], 25.123456);
+
+    analysis.editor.getSeries("QCAltMissing")->appendValue(77.0, 0.5);
+    analysis.config.set.set("SetHtsMissing", 1.0);
+    EXPECT_EQ(C::qc(analysis.editor, analysis.config.set)[C::Alt][2], 77.0);
+}
+
+TEST(FileSaver, WritesWholeFilesOrNone) {
+    const TemporaryFolder folder;
+    Analysis analysis;
+    const ProductColumns columns = ProductColumns::raw(analysis.editor);
+    const auto save = [&](const fs::path& path, const char* filter) {
+        return FileSaver::saveFile("V3.4.8", path.string(), filter, analysis.editor.getSndMetaData(true),
+                                   analysis.editor, columns, nullptr);
+    };
+    EXPECT_TRUE(save(folder / "a.csv", "Comma Separated (*.csv)"));
+    EXPECT_EQ(readFile(folder / "a.csv"), analysis.csv(columns));
+
+    EXPECT_FALSE(save(folder / "no such folder/a.csv", ".csv"));
+    EXPECT_FALSE(save(folder.path(), ".csv")) << "a directory stands there";
+    EXPECT_FALSE(save(folder / "b.xyz", ".xyz"));
+    fs::create_symlink(folder / "a.csv", folder / "link.csv");
+    EXPECT_TRUE(save(folder / "link.csv", ".csv"));
+    EXPECT_TRUE(fs::is_symlink(folder / "link.csv"));
+    EXPECT_EQ(folder.size(), 2) << "nothing temporary is left";
+    fs::create_symlink("/dev/full", folder / "full.csv");
+    EXPECT_FALSE(save(folder / "full.csv", ".csv")) << "what is lost on a full disk is told";
+    EXPECT_TRUE(fs::is_character_file("/dev/full"));
+}
