@@ -5,10 +5,11 @@
 #include <fstream>
 
 void setTimeZone(const std::string& text) {
-    // putenv keeps the pointer, so the text has to outlive every later look at the environment.
-    static std::string environmentEntry;
-    environmentEntry = text;
-    putenv(environmentEntry.data());
+    // setenv keeps a copy of its own: an entry stays good for the whole process, also when this is called again.
+    const auto equals = text.find('=');
+    if (equals != std::string::npos) {
+        setenv(text.substr(0, equals).c_str(), text.substr(equals + 1).c_str(), 1);
+    }
     tzset();
 }
 

@@ -16,7 +16,7 @@ constexpr double kVapourA = 9.4051;
 constexpr double kVapourB = 2353.0;       // K
 constexpr double kVapourSlope = 5417.98;  // K
 constexpr double kDewPtTolerance = 0.005; // K
-constexpr int kDewPtMaxSteps = 1000;      // a dew point takes fewer than ten; without one the steps have no end
+constexpr int kDewPtMaxSteps = 1000;      // a dew point takes a few dozen at most; without one the steps have no end
 
 double virtualTemperature(double p, double Tk, double e) {
     return Tk / (1.0 - e / (p - e) * kVapourDeficit);

@@ -17,7 +17,8 @@ public:
     double theta_dry(double T, double p) const;
 
     /// Equivalent potential temperature, K, of air at \p T with dew point \p Td (K; callers ensure Td <= T) and \p p
-    /// (mb). Bolton (1980), The Computation of Equivalent Potential Temperature, equations 15 and 43.
+    /// (mb). Bolton (1980), The Computation of Equivalent Potential Temperature, equations 15 and 43,
+    /// but over theta_dry(): without the moist exponent.
     double theta_e(double T, double Td, double p) const;
 };
 

@@ -11,13 +11,14 @@ bool between(double x, double a, double b) {
     return (a <= x && x <= b) || (b <= x && x <= a);
 }
 
-/// y at x on the straight line through (x0, y0) and (x1, y1); the mean of the two when x0 equals x1.
+/// y at x on the straight line through (x0, y0) and (x1, y1), exactly that of an end at the end, even when the other end
+/// isn't a number; the mean of the two when x0 equals x1.
 double onLine(double x, double x0, double y0, double x1, double y1) {
     if (x0 == x1) {
         return (y0 + y1) / 2.0;
     }
-    if (x == x1) {
-        return y1;
+    if (x == x0 || x == x1) {
+        return x == x0 ? y0 : y1;
     }
     return y0 + (y1 - y0) * (x - x0) / (x1 - x0);
 }
@@ -135,7 +136,8 @@ int Series::indexFromTime(double time) const {
     return found == _values.end() ? -1 : static_cast<int>(found - _values.begin());
 }
 
-/// Index of the first member of the first adjacent pair that brackets \p time, in either order; -1 without one.
+/// Index of the first member of the first adjacent pair that brackets \p time, in either order, or has a member at it
+/// next to a time that isn't a number; -1 without one.
 int Series::firstPairAtTime(double time) const {
     if (isAscending()) {
         const auto found = std::lower_bound(_values.begin(), _values.end(), Value(0.0, time));
@@ -146,7 +148,9 @@ int Series::firstPairAtTime(double time) const {
         return std::max(i - 1, 0);
     }
     for (int i = 0; i < lastIndex(); ++i) {
-        if (between(time, at(i).time(), at(i + 1).time())) {
+        const double a = at(i).time();
+        const double b = at(i + 1).time();
+        if (time == a || time == b || between(time, a, b)) {
             return i;
         }
     }
@@ -167,7 +171,7 @@ int Series::firstPairAtData(double data) const {
     const auto low = std::partition_point(_hull.low.begin(), _hull.low.end(), [&](double x) { return x > data; });
     const auto high = std::partition_point(_hull.high.begin(), _hull.high.end(), [&](double x) { return x < data; });
     const int i = static_cast<int>(std::max(low - _hull.low.begin(), high - _hull.high.begin()));
-    return i > lastIndex() ? -1 : std::max(i - 1, 0);
+    return i > lastIndex() || std::isnan(data) ? -1 : std::max(i - 1, 0);
 }
 
 /// False, and no hull, when a datum isn't a number: ranges say nothing then.
@@ -243,6 +247,7 @@ bool Series::extrapolate(double time, double span, double& out) const {
     const bool before = time < firstTime;
     const int step = before ? 1 : -1;
     int n = 0;
+    bool oneTime = true;
     double sumT = 0.0;
     double sumY = 0.0;
     double sumTY = 0.0;
@@ -250,6 +255,7 @@ bool Series::extrapolate(double time, double span, double& out) const {
     for (int i = before ? 0 : lastIndex(); i >= 0 && i <= lastIndex() && std::abs(at(i).time() - time) <= span;
          i += step) {
         ++n;
+        oneTime = oneTime && at(i).time() == (before ? firstTime : lastTime);
         sumT += at(i).time();
         sumY += at(i).data();
         sumTY += at(i).time() * at(i).data();
@@ -265,7 +271,8 @@ bool Series::extrapolate(double time, double span, double& out) const {
         return true;
     }
     const double variance = sumTT - n * meanT * meanT;
-    if (variance == 0.0) {
+    // Rounding can leave a variance to values of one time, and a line out of nothing.
+    if (oneTime || variance == 0.0) {
         return false;
     }
     const double slope = (sumTY - n * meanT * meanY) / variance;

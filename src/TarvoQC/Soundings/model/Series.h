@@ -71,7 +71,7 @@ public:
 
     /// The value at \p time on the straight line of the first adjacent pair that brackets it, or exactly that of a
     /// sample at \p time whatever the gaps around it. False, and \p out left alone, for a time outside the series or
-    /// inside a gap of more than \p maxGap seconds. Two samples at one time give their mean.
+    /// inside a gap of more than \p maxGap seconds. Of several samples at \p time the first in the walk counts.
     bool interpolate(double time, double maxGap, double& out) const;
 
     /// The time of the first crossing of \p data, on the straight line of the first adjacent pair that brackets it;
