@@ -18,5 +18,8 @@ void LaunchParameter::adjust(double v, bool ignore) {
 }
 
 bool LaunchParameter::avail(bool includeIgnored) const {
+    if (_value == kMissing) {
+        return false; // an override was taken back and the file has no value to return to
+    }
     return includeIgnored || !_available ? _available : !_ignored;
 }
