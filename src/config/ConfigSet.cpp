@@ -5,8 +5,7 @@
 ConfigSet::ConfigSet(Registry* registry) : _registry(registry) {}
 
 template <typename Value>
-void ConfigSet::addItem(const std::string& key, const Value& value, bool regGet, bool immediate,
-                        bool outputAttribute) {
+void ConfigSet::addItem(const std::string& key, const Value& value, bool regGet, bool immediate, bool outputAttribute) {
     _items[Id(key)] = std::make_unique<ConfigItem>(key, *_registry, value, regGet, immediate, outputAttribute);
 }
 
