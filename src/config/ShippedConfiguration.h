@@ -1,0 +1,27 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+/// One of the named sets of the shipped configuration.
+struct ShippedSet {
+    std::string_view name;
+    /// For people choosing a set; empty for "sample", which is only the source of new sets.
+    std::string_view description;
+};
+
+inline constexpr std::size_t kShippedSetCount = 8;
+
+/// The shipped sets in the order of the file.
+const std::array<ShippedSet, kShippedSetCount>& shippedSets();
+
+/// The version that the marker "@version:" of the shipped configuration carries.
+inline constexpr std::string_view kConfigurationVersion = "2.09";
+
+/// The whole configuration file as the program ships it, the text of resources/tarvo.xml. It needs no file, so a
+/// program can run from RegistryXML::fromText(shippedConfiguration(), "").
+std::string shippedConfiguration();
+
+/// The document type definition "tarvo.dtd" of configuration files.
+std::string_view tarvoDtd();

@@ -1,0 +1,144 @@
+#include "ParameterTable.h"
+
+#include "Registry.h"
+#include "RegistryXML.h"
+#include "ShippedConfiguration.h"
+#include "TarvoConfigSet.h"
+
+#include <algorithm>
+#include <gmock/gmock.h>
+#include <set>
+
+namespace {
+
+template <typename Condition>
+long countOf(Condition condition) {
+    return std::count_if(parameterTable().begin(), parameterTable().end(), condition);
+}
+
+TEST(ParameterTableTest, Counts) {
+    std::set<std::string_view> keys;
+    for (const Parameter& parameter : parameterTable()) {
+        EXPECT_TRUE(keys.insert(parameter.key).second) << parameter.key;
+        EXPECT_FALSE(parameter.meaning.empty()) << parameter.key;
+        EXPECT_FALSE(groupTitle(parameter.group).empty()) << parameter.key;
+    }
+    EXPECT_EQ(countOf([](const Parameter& p) { return p.isRegistered(); }), 183);
+    EXPECT_EQ(countOf([](const Parameter& p) { return p.isShipped(); }), 191);
+    EXPECT_EQ(countOf([](const Parameter& p) { return p.isShipped() && p.isRegistered(); }), 176);
+    EXPECT_EQ(countOf([](const Parameter& p) { return p.scope == ParameterScope::Batch; }), 15);
+    EXPECT_EQ(countOf([](const Parameter& p) { return p.isRegistered() && !p.isBound(); }), 1);
+    EXPECT_EQ(countOf([](const Parameter& p) { return p.scope == ParameterScope::OnDemand; }), 12);
+}
+
+TEST(ParameterTableTest, LooksKeysUpExactly) {
+    const struct {
+        const char* key;
+        ParameterKind kind;
+        Option::OPTION_TYPE fileType;
+        ParameterScope scope;
+    } cases[] = {{"WindQCWL", ParameterKind::Number, Option::NUMERIC, ParameterScope::Stored},
+                 {"WindDynCor", ParameterKind::Flag, Option::BOOL, ParameterScope::Stored},
+                 {"WindDisableW", ParameterKind::Number, Option::NUMERIC, ParameterScope::Stored},
+                 {"OptIcao", ParameterKind::Text, Option::NUMERIC, ParameterScope::Stored},
+                 {"BSN", ParameterKind::Text, Option::STRING, ParameterScope::Stored},
+                 {"xyGraphDzDtMax", ParameterKind::Number, Option::NUMERIC, ParameterScope::Stored},
+                 {"BatchSaveDir", ParameterKind::Text, Option::STRING, ParameterScope::Batch},
+                 {"BatchSaveWMO", ParameterKind::Flag, Option::BOOL, ParameterScope::Batch},
+                 {"DropsondeHitSfc", ParameterKind::Flag, Option::BOOL, ParameterScope::Stored},
+                 {"ObsNum", ParameterKind::Number, Option::NUMERIC, ParameterScope::InMemory},
+                 {"LaunchPresOverride", ParameterKind::Number, Option::NUMERIC, ParameterScope::OnDemand},
+                 {"LaunchAltOverride", ParameterKind::Number, Option::NUMERIC, ParameterScope::OnDemand},
+                 {"SfcAltOverride", ParameterKind::Number, Option::NUMERIC, ParameterScope::OnDemand},
+                 {"SfcPresOverride", ParameterKind::Number, Option::NUMERIC, ParameterScope::OnDemand},
+                 {"LastDataTimeOverride", ParameterKind::Number, Option::NUMERIC, ParameterScope::OnDemand}};
+    for (const auto& c : cases) {
+        const Parameter* found = findParameter(c.key);
+        ASSERT_NE(found, nullptr) << c.key;
+        EXPECT_EQ(found->key, c.key);
+        EXPECT_EQ(found->kind, c.kind) << c.key;
+        EXPECT_EQ(found->fileType, c.fileType) << c.key;
+        EXPECT_EQ(found->scope, c.scope) << c.key;
+    }
+    for (const char* wrong : {"", "windQCWL", "WindQCWL ", "WindQC", "XyGraphLatMin"}) {
+        EXPECT_EQ(findParameter(wrong), nullptr) << wrong;
+    }
+}
+
+TEST(TarvoConfigSetTest, RunsFromTheBuiltInValuesWithoutAFile) {
+    Registry registry;
+    const TarvoConfigSet set(&registry);
+    EXPECT_EQ(std::distance(set.begin(), set.end()), 183);
+    EXPECT_FALSE(set.changed());
+    const std::pair<const char*, double> numbers[] = {
+        {"WindQCWL", 10.0},       {"WindBuddySlope", 1.5}, {"GPSPosBuddySlope", 0.001}, {"GPSPosQCDev", 20.0},
+        {"GPSAltQCWL", 30.0},     {"ChuteArea", 676.0},    {"DropSondeMass", 400.0},    {"UseTheoryVentRate", 0.0},
+        {"PresMonoCheck", 1.0},   {"TempMsgType", 2.0},    {"BaudRateIndex", 2.0},      {"DisableKermit", 0.0},
+        {"xyGraphPresMin", 50.0}, {"ObsNum", 99.0},        {"DropsondeHitSfc", 1.0},    {"QCAutoSaveEnable", 1.0},
+        {"SfcAltUnknown", 0.0},   {"xyGraphLonMin", -180}, {"RHThreshold", 0.0},        {"DragCoef", 0.61}};
+    for (const auto& [key, value] : numbers) {
+        ASSERT_NE(set[Id(key)], nullptr) << key;
+        EXPECT_TRUE(set[Id(key)]->isNumeric()) << key;
+        EXPECT_EQ(set[Id(key)]->value(), value) << key;
+    }
+    const std::pair<const char*, const char*> texts[] = {
+        {"ACagency", "AF001"},
+        {"DataDir", "C:\\"},
+        {"FixedSrcDir", ""},
+        {"OptIcao", ""},
+        {"UpsondeAbrHdr", ""},
+        {"OpenFileSeleFilter", "OMBRA D files (D*.?)"},
+        {"BSN", "99999"},
+        {"FontFamily", "Arial"},
+        {"KermitPath", "C:\\Program Files (x86)\\Kermit 95 2.1\\K95.exe"}};
+    for (const auto& [key, text] : texts) {
+        ASSERT_NE(set[Id(key)], nullptr) << key;
+        EXPECT_FALSE(set[Id(key)]->isNumeric()) << key;
+        EXPECT_EQ(set[Id(key)]->text(), text) << key;
+    }
+    EXPECT_FALSE(set.exists("BatchSaveDir"));
+    EXPECT_FALSE(set.exists("LaunchPresOverride"));
+}
+
+TEST(TarvoConfigSetTest, DocumentedItemsAndImmediateItems) {
+    const auto store = RegistryXML::fromText(shippedConfiguration(), "");
+    const TarvoConfigSet set(store.get());
+    const struct {
+        const char* key;
+        bool output;
+        bool immediate;
+    } cases[] = {{"WindSmoothWL", true, false},      {"WindDisableQCFilter", false, false},
+                 {"QCDisclaimer", true, true},       {"IgnoreLaunchAlt", true, true},
+                 {"UseIgnoredLaunch", true, false},  {"DatasetDOI", true, false},
+                 {"Project", false, false},          {"CallSign", false, true},
+                 {"TempMsgType", false, false},      {"GeoDBPath", false, false},
+                 {"SumAutoSaveFmtTxt", false, true}, {"ObsNum", true, false},
+                 {"SetHtsMissing", true, false},     {"descendingPELO", false, false},
+                 {"FixedSrcDir", false, true}};
+    for (const auto& c : cases) {
+        ASSERT_NE(set[Id(c.key)], nullptr) << c.key;
+        EXPECT_EQ(set[Id(c.key)]->isOutputAttribute(), c.output) << c.key;
+        EXPECT_EQ(set[Id(c.key)]->isImmediateSave(), c.immediate) << c.key;
+    }
+}
+
+TEST(TarvoConfigSetTest, QcModesByName) {
+    const std::pair<int, const char*> names[] = {{0, "none"}, {1, "normal"}, {2, "pass"}, {3, "tddrybias"}};
+    for (const auto& [choice, name] : names) {
+        EXPECT_EQ(TarvoConfigSet::doqcToString(choice), name);
+        EXPECT_EQ(TarvoConfigSet::stringToDoqc(name), choice);
+    }
+    for (const int outside : {-1, 4, 1000000}) {
+        EXPECT_EQ(TarvoConfigSet::doqcToString(outside), "none");
+    }
+    for (const std::string unknown : {"", "Normal", "passthrough"}) {
+        try {
+            TarvoConfigSet::stringToDoqc(unknown);
+            ADD_FAILURE() << unknown;
+        } catch (const std::runtime_error& error) {
+            EXPECT_EQ(error.what(), "not a recognized qc mode: " + unknown);
+        }
+    }
+}
+
+} // namespace

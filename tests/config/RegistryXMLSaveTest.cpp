@@ -1,0 +1,219 @@
+#include "ConfigFiles.h"
+#include "RegistryXML.h"
+#include "TarvoConfigSet.h"
+
+#include <chrono>
+#include <clocale>
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class RegistryXMLSaveTest : public InTemporaryDirectory {
+protected:
+    RegistryXMLSaveTest() : path(write("site.xml", kTwoSets)) {
+        fs::last_write_time(path, fs::last_write_time(path) - std::chrono::hours(1));
+        stamp = fs::last_write_time(path);
+    }
+
+    bool untouched() const { return contentOf(path) == kTwoSets && fs::last_write_time(path) == stamp; }
+
+    std::string path;
+    fs::file_time_type stamp;
+};
+
+TEST_F(RegistryXMLSaveTest, UnchangedConfigurationLeavesTheFileAlone) {
+    RegistryXML store(path, "");
+    ConfigSet set(&store);
+    set.add("Length", 1.0, true, false, false);
+    set.add("AddedByANewVersion", 1.0, true, false, false);
+    EXPECT_FALSE(set.changed());
+    set.save(false);
+    set.save(true);
+    set.set("Length", 3.0);
+    set.set("Length", 2.5);
+    store.set("NotInThisSet", 4.0);
+    store.set("Title", " one two\n");
+    store.save(true);
+    EXPECT_TRUE(untouched());
+}
+
+TEST_F(RegistryXMLSaveTest, OnlyTheChangedTextsOfTheFileDiffer) {
+    RegistryXML store(path, "");
+    store.set("Length", 0.1234567);
+    store.set("Switch", -1.0);
+    store.set("Title", "UTF-16 & <caf\xc3\xa9> \xf0\x9f\x8e\x88");
+    store.setActive2SetName("day");
+    store.save(false);
+    std::string expected = replaced(kTwoSets, " 2.5 ", "0.123457");
+    expected = replaced(expected, "<current>false", "<current>true");
+    expected = replaced(expected, "one\ntwo", "UTF-16 &amp; &lt;caf\xc3\xa9&gt; \xf0\x9f\x8e\x88");
+    expected = replaced(expected, "<active2>night", "<active2>day");
+    EXPECT_EQ(contentOf(path), expected);
+    EXPECT_EQ(fileCount(), 1u) << "nothing is left beside the file";
+}
+
+TEST_F(RegistryXMLSaveTest, ImmediateSaveHoldsBackTheOthersAndTheActiveNames) {
+    RegistryXML store(path, "");
+    store.set("Length", 9.0);
+    store.set("Title", "now");
+    store.setActive1SetName("night");
+    store.save(true);
+    EXPECT_EQ(contentOf(path), replaced(kTwoSets, "one\ntwo", "now"));
+    store.save(false);
+    EXPECT_EQ(RegistryXML(path, "").getActive1SetName(), "night");
+    EXPECT_THAT(contentOf(path), ::testing::HasSubstr("<current>9.000000</current>"));
+}
+
+TEST_F(RegistryXMLSaveTest, AddedOptionReachesTheFileWithTheNextRealChange) {
+    {
+        RegistryXML store(path, "");
+        TarvoConfigSet set(&store);
+        set.set("DropsondeHitSfc", 0.0);
+        set.save(false);
+    }
+    RegistryXML again(path, "");
+    Option::OPTION_TYPE type = Option::BOOL;
+    EXPECT_TRUE(again.getOptionType("SetHtsMissing", type)) << "added, though only another key was changed";
+    EXPECT_EQ(type, Option::NUMERIC) << "a flag that the file lacked";
+    TarvoConfigSet set(&again);
+    EXPECT_EQ(set[Id("DropsondeHitSfc")]->value(), 0.0);
+    set.restoreDefault();
+    EXPECT_EQ(set[Id("DropsondeHitSfc")]->value(), 1.0);
+    again.setActive1SetName("night");
+    EXPECT_FALSE(again.getOptionType("SetHtsMissing", type));
+    EXPECT_FALSE(again.getOptionType("ObsNum", type)) << "kept in memory only";
+}
+
+TEST_F(RegistryXMLSaveTest, ClonedAndDeletedSetsReachTheFileWithASave) {
+    RegistryXML store(path, "");
+    EXPECT_FALSE(store.cloneSet("day", "night"));
+    store.save(false);
+    EXPECT_TRUE(store.cloneSet("day", "dusk & dawn"));
+    EXPECT_TRUE(store.deleteSet("night"));
+    EXPECT_TRUE(untouched());
+    store.save(true);
+    RegistryXML again(path, "dusk & dawn");
+    EXPECT_THAT(again.getSetNames(), ::testing::ElementsAre("day", "dusk & dawn"));
+    Option::OPTION_TYPE type = Option::STRING;
+    EXPECT_TRUE(again.getOptionType("Length", type));
+}
+
+TEST_F(RegistryXMLSaveTest, ActiveOverrideAndAnEditedInactiveSet) {
+    RegistryXML store(path, "night");
+    store.setActive1SetName("day");
+    TarvoConfigSet(&store).set("WindSats", 3.0);
+    store.setActive1SetName("night");
+    store.save(false);
+    RegistryXML again(path, "");
+    EXPECT_EQ(again.getActive1SetName(), "night") << "the override reached the file with the full save";
+    again.setActive1SetName("day");
+    EXPECT_EQ(TarvoConfigSet(&again)[Id("WindSats")]->value(), 3.0);
+}
+
+TEST_F(RegistryXMLSaveTest, MissingOrEmptyElementsAreFilledWhereTheyBelong) {
+    const std::string sparse =
+        "<tarvoConfig><active>s</active><set name=\"s\">"
+        "<option name=\"A\" type=\"string\"><current/><default/></option>"
+        "<option name=\"B\" type=\"string\"/>"
+        "<option name=\"C\" type=\"string\"><current>x<!-- note --><![CDATA[y]]></current></option>"
+        "<option name=\"D\"><current>kept</current></option>"
+        "</set></tarvoConfig>";
+    write("site.xml", sparse);
+    RegistryXML store(path, "");
+    store.setActive2SetName("s");
+    store.save(false);
+    EXPECT_EQ(contentOf(path), sparse) << "no active2 element is made";
+    store.set("A", "a");
+    store.set("B", "b");
+    store.set("C", "c");
+    store.save(false);
+    std::string expected = replaced(sparse, "<current/>", "<current>a</current>");
+    expected = replaced(expected, "\"B\" type=\"string\"/>", "\"B\" type=\"string\"><current>b</current></option>");
+    expected = replaced(expected, "x<!-- note --><![CDATA[y]]>", "c");
+    EXPECT_EQ(contentOf(path), "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" + expected + "\n");
+}
+
+TEST_F(RegistryXMLSaveTest, WhateverIsSetTheFileCanBeReadAgain) {
+    const std::pair<std::string, std::string> cases[] = {{"\x01"
+                                                          "a\x1b\x7f",
+                                                          "a\x7f"}, // controls that XML can't hold
+                                                         {"\xff\xc3(", "\xef\xbf\xbd\xef\xbf\xbd("}, // no UTF-8
+                                                         {"\xed\xa0\x80"
+                                                          "b",
+                                                          "\xef\xbf\xbd\xef\xbf\xbd\xef\xbf\xbd"
+                                                          "b"}, // half a surrogate pair
+                                                         {"\xc0\xaf", "\xef\xbf\xbd\xef\xbf\xbd"}, // an overlong slash
+                                                         {"  a\r\nb  ", "a  b"}, // trimmed, line ends become blanks
+                                                         {"]]>&amp;<![CDATA[", "]]>&amp;<![CDATA["},
+                                                         {"\xe6\xb0\x97\xe8\xb1\xa1", "\xe6\xb0\x97\xe8\xb1\xa1"}};
+    ASSERT_NE(std::setlocale(LC_ALL, "C"), nullptr);
+    for (const auto& [text, expected] : cases) {
+        RegistryXML store(path, "");
+        store.set("Title", text);
+        store.save(true);
+        RegistryXML again(path, "");
+        ASSERT_EQ(again.status(), 0) << again.statusText();
+        std::string current;
+        std::string standard;
+        bool immediate = false;
+        again.getText("Title", "", current, standard, immediate);
+        EXPECT_EQ(current, expected);
+    }
+}
+
+TEST_F(RegistryXMLSaveTest, KeepsPermissionsAndFollowsLinks) {
+    ASSERT_EQ(::chmod(path.c_str(), 0640), 0);
+    fs::create_directory(directory / "home");
+    fs::create_symlink("../site.xml", directory / "home" / "inner.xml");
+    fs::create_symlink(directory / "home" / "inner.xml", directory / "outer.xml");
+    RegistryXML store(pathOf("outer.xml"), "");
+    store.set("Length", 6.0);
+    store.save(false);
+    EXPECT_TRUE(fs::is_symlink(directory / "outer.xml"));
+    EXPECT_TRUE(fs::is_symlink(directory / "home" / "inner.xml"));
+    EXPECT_EQ(contentOf(path), replaced(kTwoSets, " 2.5 ", "6.000000"));
+    EXPECT_EQ(static_cast<unsigned>(fs::status(path).permissions()), 0640u);
+}
+
+TEST_F(RegistryXMLSaveTest, AFailureIsSwallowedAndNotTriedAgain) {
+    RegistryXML store(path, "");
+    fs::rename(path, pathOf("kept.xml"));
+    fs::create_directory(path);
+    store.set("Length", 6.0);
+    store.save(false);
+    EXPECT_EQ(fileCount(), 2u) << "no temporary file is left";
+    fs::remove(path);
+    fs::rename(pathOf("kept.xml"), path);
+    store.save(false);
+    EXPECT_TRUE(untouched());
+    store.set("Switch", 1.0);
+    store.save(false);
+    EXPECT_THAT(contentOf(path), ::testing::HasSubstr("6.000000")) << "nothing was lost in memory";
+}
+
+TEST_F(RegistryXMLSaveTest, AReadOnlyFileStaysAsItIs) {
+    if (::geteuid() == 0) {
+        GTEST_SKIP() << "the superuser may write anything";
+    }
+    ASSERT_EQ(::chmod(path.c_str(), 0444), 0);
+    RegistryXML store(path, "");
+    store.set("Length", 6.0);
+    store.save(false);
+    EXPECT_TRUE(untouched());
+}
+
+TEST_F(RegistryXMLSaveTest, TheLastInstanceToSaveDecides) {
+    RegistryXML first(path, "");
+    RegistryXML second(path, "");
+    first.set("Length", 5.0);
+    first.save(false);
+    second.set("Switch", 1.0);
+    second.save(false);
+    EXPECT_EQ(contentOf(path), replaced(kTwoSets, "<current>false", "<current>true"));
+}
+
+} // namespace

@@ -1,0 +1,202 @@
+#include "ShippedConfiguration.h"
+
+#include "ConfigFiles.h"
+#include "RegistryXML.h"
+#include "TarvoConfigSet.h"
+#include "TarvoEntityResolver.h"
+
+#include <gmock/gmock.h>
+#include <memory>
+#include <sstream>
+#include <xercesc/dom/DOM.hpp>
+#include <xercesc/framework/MemBufInputSource.hpp>
+#include <xercesc/parsers/XercesDOMParser.hpp>
+#include <xercesc/util/PlatformUtils.hpp>
+
+namespace {
+
+const char* const kSetNames[] = {"sample",     "editsonde",   "research-dropsonde", "mini-dropsonde",
+                                 "driftsonde", "upsonde-10s", "upsonde-1s",         "descending-PELO"};
+
+TEST(ShippedConfigurationTest, TheCheckedInFileIsTheBuiltInText) {
+    EXPECT_EQ(contentOf(TARVO_SOURCE_DIR "/resources/tarvo.xml"), shippedConfiguration());
+}
+
+/// The number behind the marker on its line, the whole rest of which has to be it; -1 without a marker.
+double versionOf(const std::string& text) {
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        const auto at = line.find("@version:");
+        if (at != std::string::npos) {
+            std::size_t used = 0;
+            const std::string rest = line.substr(at + 9);
+            const double version = std::stod(rest, &used);
+            return used == rest.size() ? version : -2.0;
+        }
+    }
+    return -1.0;
+}
+
+TEST(ShippedConfigurationTest, CarriesItsVersion) {
+    EXPECT_EQ(versionOf(shippedConfiguration()), 2.09);
+    EXPECT_EQ(versionOf(std::string(tarvoDtd())), 2.09);
+}
+
+class XercesTest : public ::testing::Test {
+protected:
+    /// The errors of a validating parse.
+    std::size_t errorsOf(const std::string& text) {
+        parser.setEntityResolver(&resolver);
+        parser.setValidationScheme(xercesc::XercesDOMParser::Val_Always);
+        parser.parse(xercesc::MemBufInputSource(reinterpret_cast<const XMLByte*>(text.data()), text.size(), u"text"));
+        return parser.getErrorCount();
+    }
+
+    std::size_t countOf(const char16_t* name) { return parser.getDocument()->getElementsByTagName(name)->getLength(); }
+
+    struct Library {
+        Library() { xercesc::XMLPlatformUtils::Initialize(); }
+        ~Library() { xercesc::XMLPlatformUtils::Terminate(); }
+    };
+    Library library;
+    TarvoEntityResolver resolver;
+    xercesc::XercesDOMParser parser;
+};
+
+TEST_F(XercesTest, FollowsItsDocumentType) {
+    EXPECT_EQ(errorsOf(shippedConfiguration()), 0u);
+    // 191 in "sample", 190 in the seven others, DisableKermit once more in five of those.
+    EXPECT_EQ(countOf(u"option"), 191u + 7 * 190 + 5);
+    EXPECT_EQ(countOf(u"set"), 8u);
+
+    const char* const defects[][2] = {{"type=\"bool\"", "type=\"boolean\""},
+                                      {"<active1>editsonde</active1>", ""},
+                                      {"immediate=\"true\"", "immediate=\"yes\""},
+                                      {"<set name=\"sample\">", "<set>"},
+                                      {"<default>10.000000</default>", ""}};
+    for (const auto& [from, to] : defects) {
+        EXPECT_GT(errorsOf(replaced(shippedConfiguration(), from, to)), 0u) << from;
+    }
+}
+
+TEST_F(XercesTest, ResolverKnowsOneTextOnly) {
+    const std::unique_ptr<xercesc::InputSource> known(resolver.resolveEntity(nullptr, u"tarvo.dtd"));
+    EXPECT_NE(known, nullptr);
+    for (const XMLCh* other : {u"other.dtd", u"/x/tarvo.dtd", u""}) {
+        EXPECT_EQ(resolver.resolveEntity(nullptr, other), nullptr);
+    }
+}
+
+class ShippedSets : public ::testing::Test {
+protected:
+    std::unique_ptr<RegistryXML> store = RegistryXML::fromText(shippedConfiguration(), "");
+
+    std::unique_ptr<TarvoConfigSet> configOf(const std::string& name) {
+        store->setActive1SetName(name);
+        return std::make_unique<TarvoConfigSet>(store.get());
+    }
+};
+
+TEST_F(ShippedSets, NamesOrderAndDescriptions) {
+    ASSERT_EQ(store->status(), 0) << store->statusText();
+    EXPECT_EQ(store->getActive1SetName(), "editsonde");
+    EXPECT_EQ(store->getActive2SetName(), "descending-PELO");
+    std::size_t before = 0;
+    for (std::size_t i = 0; i < kShippedSetCount; ++i) {
+        EXPECT_EQ(shippedSets()[i].name, kSetNames[i]);
+        const std::string prefix = "[ " + std::string(kSetNames[i]) + " ]:  ";
+        EXPECT_THAT(std::string(shippedSets()[i].description), ::testing::StartsWith(i == 0 ? "" : prefix));
+        const auto at = shippedConfiguration().find("<set name=\"" + std::string(kSetNames[i]) + "\">");
+        ASSERT_NE(at, std::string::npos);
+        EXPECT_GT(at, before);
+        before = at;
+    }
+}
+
+TEST_F(ShippedSets, OptionsOfASet) {
+    for (const char* name : kSetNames) {
+        store->setActive1SetName(name);
+        const bool sample = std::string(name) == "sample";
+        Option::OPTION_TYPE type = Option::STRING;
+        EXPECT_EQ(store->getOptionType("xyGraphDzDtMax", type), sample) << name;
+        EXPECT_TRUE(store->getOptionType("BatchSaveLevels", type)) << name;
+        EXPECT_FALSE(store->getOptionType("SfcAltUnknown", type)) << name;
+        configOf(name);
+        EXPECT_TRUE(store->getOptionType("xyGraphDzDtMax", type)) << name << ": added on the first read";
+    }
+}
+
+// Numbers by hand from the table of the sets: current values for the eight sets, then the default values.
+struct SetValues {
+    const char* key;
+    std::array<double, kShippedSetCount> current;
+    std::array<double, kShippedSetCount> standard;
+};
+
+const SetValues kSetValues[] = {
+    {"ReportObservedPos", {0, 1, 1, 1, 1, 0, 1, 1}, {0, 1, 1, 1, 1, 0, 1, 1}},
+    {"WindSmoothWL", {10, 10, 10, 10, 10, 60, 40, 10}, {10, 10, 10, 10, 10, 60, 40, 10}},
+    {"WindQCWL", {30, 30, 30, 30, 30, 30, 10, 30}, {30, 30, 30, 30, 30, 30, 10, 30}},
+    {"WindBuddySlope", {10, 10, 10, 10, 10, 1, 5, 10}, {10, 10, 10, 10, 10, 1, 5, 10}},
+    {"WindDisableQCFilter", {0, 1, 1, 1, 1, 0, 0, 1}, {0, 1, 1, 1, 1, 0, 0, 1}},
+    {"WindSats", {6, 6, 6, 6, 6, 5, 4, 5}, {6, 6, 6, 6, 6, 5, 4, 4}},
+    {"PresSmoothWL", {10, 10, 5, 5, 5, 30, 10, 5}, {10, 10, 10, 10, 10, 30, 10, 10}},
+    {"PresQCDev", {1.5, 1.5, 3, 3, 3, 3, 3, 3}, {1.5, 1.5, 1.5, 1.5, 1.5, 3, 3, 1.5}},
+    {"PresMonoCheck", {0, 0, 0, 0, 0, 1, 1, 0}, {0, 0, 0, 0, 0, 1, 1, 0}},
+    {"TdryQCDev", {0.8, 0.8, 3, 3, 3, 3, 0.5, 3}, {0.8, 0.8, 0.8, 0.8, 0.8, 3, 0.5, 0.8}},
+    {"RHQCDev", {20, 20, 3, 3, 3, 3, 3, 3}, {20, 20, 20, 20, 20, 3, 3, 20}},
+    {"ChuteArea", {900, 900, 900, 400, 400, 900, 900, 900}, {900, 900, 900, 400, 400, 900, 900, 900}},
+    {"DropSondeMass", {320, 320, 320, 158, 184, 320, 320, 320}, {320, 320, 320, 158, 184, 320, 320, 320}},
+    {"GPSPosBuddySlope",
+     {.005, .005, .005, .005, .005, .005, .005, .005},
+     {.005, .005, .005, .005, .005, .005, .005, .005}},
+    {"xyGraphPresMin", {50, 50, 50, 50, 50, 50, 50, 50}, {500, 500, 500, 500, 500, 50, 50, 500}},
+    {"DisableKermit", {}, {}},
+};
+
+TEST_F(ShippedSets, NumbersOfEverySet) {
+    for (std::size_t i = 0; i < kShippedSetCount; ++i) {
+        const auto set = configOf(kSetNames[i]);
+        for (const SetValues& row : kSetValues) {
+            EXPECT_DOUBLE_EQ((*set)[Id(row.key)]->value(), row.current[i]) << kSetNames[i] << " " << row.key;
+        }
+        set->restoreDefault();
+        for (const SetValues& row : kSetValues) {
+            EXPECT_DOUBLE_EQ((*set)[Id(row.key)]->value(), row.standard[i]) << kSetNames[i] << " " << row.key;
+        }
+    }
+}
+
+TEST_F(ShippedSets, TextsOfEverySet) {
+    const char* const fixedDir[] = {"C:\\", "C:/", "/home/ombra/", "C:\\", "C:\\", "C:\\", "C:\\", "/home/ombra/"};
+    for (std::size_t i = 0; i < kShippedSetCount; ++i) {
+        const bool upsonde = std::string(kSetNames[i]).find("upsonde") == 0;
+        const auto set = configOf(kSetNames[i]);
+        const auto text = [&set](const char* key) { return (*set)[Id(key)]->text(); };
+        EXPECT_EQ(text("FixedSrcDir"), fixedDir[i]);
+        EXPECT_EQ(text("QCAutoSaveDir"), fixedDir[i]);
+        EXPECT_EQ(text("ACagency"), upsonde ? "AF001" : "AF100");
+        EXPECT_EQ(text("DataDir"), "C:/");
+        EXPECT_EQ(text("OptIcao"), "");
+        EXPECT_EQ(text("UpsondeICAO"), upsonde ? "" : "KWBC") << "empty reads as the default";
+        set->restoreDefault();
+        EXPECT_EQ(text("FixedSrcDir"), upsonde ? "C:\\" : "");
+        EXPECT_EQ(text("ACagency"), "AF001");
+    }
+}
+
+class ShippedFileTest : public InTemporaryDirectory {};
+
+TEST_F(ShippedFileTest, AChangedOptionIsAChangedLine) {
+    const std::string path = write("tarvo.xml", shippedConfiguration());
+    RegistryXML store(path, "upsonde-10s");
+    store.setActive1SetName("editsonde");
+    store.set("MissionId", "FLIGHT 7");
+    store.save(true);
+    const auto set = shippedConfiguration().find("<set name=\"editsonde\">");
+    std::string expected = shippedConfiguration();
+    expected = expected.substr(0, set) + replaced(expected.substr(set), "<current>TRAIN", "<current>FLIGHT 7");
+    EXPECT_EQ(contentOf(path), expected);
+}
+
+} // namespace
