@@ -2,7 +2,7 @@
 
 #include "BatchFormats.h"
 #include "ConfigSet.h"
-#include "Registry.h"
+#include "RegistryXML.h"
 
 #include <memory>
 #include <string>
@@ -31,7 +31,7 @@ public:
 private:
     bool fail(const std::string& reason);
 
-    std::unique_ptr<Registry> _registry; // outlives the set
+    std::unique_ptr<RegistryXML> _registry; // outlives the set
     std::unique_ptr<ConfigSet> _set;
     std::string _error;
 };

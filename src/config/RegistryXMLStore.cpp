@@ -1,6 +1,6 @@
 #include "RegistryXMLStore.h"
 
-#include "FileReplace.h"
+#include "AtomicFile.h"
 #include "OptionText.h"
 #include "XmlText.h"
 
@@ -270,7 +270,9 @@ void RegistryXML::Store::save(bool immediateOnly) {
     updateDocument(immediateOnly);
     std::string text;
     if (_dirty && !_path.empty() && _xml->serialise(text)) {
-        replaceFile(_path, text);
+        AtomicFile file(_path);
+        file.stream() << text;
+        file.commit(true);
     }
     _dirty = false;
 }
