@@ -307,7 +307,8 @@ bool RegistryXML::Store::deleteSet(const std::string& name) {
     }
     for (DOMElement* element : elementsOf(name)) {
         _setElements.erase(std::find(_setElements.begin(), _setElements.end(), element));
-        element->getParentNode()->removeChild(element)->release();
+        // Not released: a malformed file may have other sets within, which are still known. It goes with the document.
+        element->getParentNode()->removeChild(element);
     }
     _dirty = true;
     return true;

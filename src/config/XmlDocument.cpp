@@ -133,6 +133,9 @@ XmlDocument::XmlDocument() {
     _parser.setEntityResolver(&_resolver);
     _parser.setDisableDefaultEntityResolution(true);
     _parser.setValidationScheme(XercesDOMParser::Val_Never);
+    // The document type only documents the format: without validation nothing in the result depends on it, and the
+    // library leaks a little with every external one that it reads.
+    _parser.setLoadExternalDTD(false);
 }
 
 bool XmlDocument::parse(std::string_view text, std::string& problem) {

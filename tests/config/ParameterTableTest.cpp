@@ -29,6 +29,10 @@ TEST(ParameterTableTest, Counts) {
     EXPECT_EQ(countOf([](const Parameter& p) { return p.scope == ParameterScope::Batch; }), 15);
     EXPECT_EQ(countOf([](const Parameter& p) { return p.isRegistered() && !p.isBound(); }), 1);
     EXPECT_EQ(countOf([](const Parameter& p) { return p.scope == ParameterScope::OnDemand; }), 12);
+    EXPECT_EQ(countOf([](const Parameter& p) { return p.immediate; }), 66);
+    EXPECT_EQ(countOf([](const Parameter& p) { return p.isShipped() && p.outputAttribute; }), 65);
+    EXPECT_EQ(countOf([](const Parameter& p) { return p.isShipped() && p.kind == ParameterKind::Flag; }), 71);
+    EXPECT_EQ(countOf([](const Parameter& p) { return p.isShipped() && p.fileType == Option::NUMERIC; }), 86);
 }
 
 TEST(ParameterTableTest, LooksKeysUpExactly) {

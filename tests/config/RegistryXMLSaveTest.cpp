@@ -102,6 +102,19 @@ TEST_F(RegistryXMLSaveTest, ClonedAndDeletedSetsReachTheFileWithASave) {
     EXPECT_TRUE(again.getOptionType("Length", type));
 }
 
+TEST_F(RegistryXMLSaveTest, ASetWithinADeletedSetIsStillSafeToUse) {
+    write("site.xml", "<tarvoConfig><active1>in</active1><set name='out'><option name='K' type='string'/>"
+                      "<set name='in'><option name='L' type='string'><current>l</current></option></set></set>"
+                      "</tarvoConfig>");
+    RegistryXML store(path, "");
+    EXPECT_TRUE(store.deleteSet("out"));
+    store.set("L", "changed");
+    EXPECT_TRUE(store.cloneSet("in", "copy"));
+    EXPECT_TRUE(store.deleteSet("in"));
+    store.save(false);
+    EXPECT_THAT(contentOf(path), ::testing::Not(::testing::HasSubstr("<set")));
+}
+
 TEST_F(RegistryXMLSaveTest, ActiveOverrideAndAnEditedInactiveSet) {
     RegistryXML store(path, "night");
     store.setActive1SetName("day");

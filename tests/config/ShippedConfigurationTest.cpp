@@ -11,6 +11,7 @@
 #include <xercesc/dom/DOM.hpp>
 #include <xercesc/framework/MemBufInputSource.hpp>
 #include <xercesc/parsers/XercesDOMParser.hpp>
+#include <xercesc/util/BinInputStream.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
 
 namespace {
@@ -44,9 +45,10 @@ TEST(ShippedConfigurationTest, CarriesItsVersion) {
 
 class XercesTest : public ::testing::Test {
 protected:
-    /// The errors of a validating parse.
-    std::size_t errorsOf(const std::string& text) {
-        parser.setEntityResolver(&resolver);
+    /// The errors of a validating parse, with the document type put into the text: the library leaks a little with
+    /// every external one that it reads.
+    std::size_t errorsOf(const std::string& configuration) {
+        const std::string text = replaced(configuration, "SYSTEM \"tarvo.dtd\"", "[" + std::string(tarvoDtd()) + "]");
         parser.setValidationScheme(xercesc::XercesDOMParser::Val_Always);
         parser.parse(xercesc::MemBufInputSource(reinterpret_cast<const XMLByte*>(text.data()), text.size(), u"text"));
         return parser.getErrorCount();
@@ -59,7 +61,6 @@ protected:
         ~Library() { xercesc::XMLPlatformUtils::Terminate(); }
     };
     Library library;
-    TarvoEntityResolver resolver;
     xercesc::XercesDOMParser parser;
 };
 
@@ -80,8 +81,13 @@ TEST_F(XercesTest, FollowsItsDocumentType) {
 }
 
 TEST_F(XercesTest, ResolverKnowsOneTextOnly) {
+    TarvoEntityResolver resolver;
     const std::unique_ptr<xercesc::InputSource> known(resolver.resolveEntity(nullptr, u"tarvo.dtd"));
-    EXPECT_NE(known, nullptr);
+    ASSERT_NE(known, nullptr);
+    const std::unique_ptr<xercesc::BinInputStream> stream(known->makeStream());
+    std::string text(100000, '\0');
+    text.resize(stream->readBytes(reinterpret_cast<XMLByte*>(text.data()), text.size()));
+    EXPECT_EQ(text, tarvoDtd());
     for (const XMLCh* other : {u"other.dtd", u"/x/tarvo.dtd", u""}) {
         EXPECT_EQ(resolver.resolveEntity(nullptr, other), nullptr);
     }
