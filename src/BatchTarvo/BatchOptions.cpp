@@ -31,7 +31,7 @@ bool parseBatchOptions(int argc, char** argv, BatchOptions& options, int& status
     CLI::App app("Quality control of sounding files without a window: reads raw dropsonde and radiosonde files, runs\n"
                  "the QC sequence and writes the products.",
                  "tarvo-batch");
-    app.footer("Exit status: 0 all files processed, 1 some failed, 2 wrong usage.");
+    app.footer("Exit status: 0 all files processed, 1 some failed, 2 wrong usage.\n");
     app.set_version_flag("--version", versionText(), "Print the version and exit");
     app.add_option("PATH", options.paths, "Sounding files, or directories of them");
     app.add_option("--config", options.config,
@@ -46,8 +46,7 @@ bool parseBatchOptions(int argc, char** argv, BatchOptions& options, int& status
         ->type_name("LIST");
     app.add_option("--override", options.overrides, "Set a parameter for this run only; may be repeated")
         ->type_name("KEY=VALUE")
-        ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+        ->allow_extra_args(false);
     app.add_flag("--recursive", options.recursive, "Descend into directories");
     app.add_option("--jobs", options.jobs, "Files at once")
         ->type_name("N")

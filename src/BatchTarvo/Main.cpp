@@ -25,6 +25,9 @@ int usageError(const std::string& reason) {
 /// The formats that a comma list names. False, with the reason in \p error, for one that isn't known or isn't built.
 bool parseFormats(const std::string& list, std::vector<const BatchFormat*>& formats, std::string& error) {
     for (const std::string& name : tokenize(list, ",")) {
+        if (name.empty()) {
+            continue;
+        }
         const BatchFormat* format = findBatchFormat(name);
         if (format == nullptr) {
             error = "unknown format \"" + name + "\"; the formats are:";

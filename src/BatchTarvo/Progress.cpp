@@ -1,5 +1,7 @@
 #include "Progress.h"
 
+#include "Text.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <unistd.h>
@@ -8,13 +10,13 @@ namespace {
 
 constexpr int kBarWidth = 30;
 
-/// The text on one line: line ends become "; ".
+/// The lines of \p text as one, without the blanks around each.
 std::string onOneLine(const std::string& text) {
-    std::string line;
-    for (const char c : text.substr(0, text.find_last_not_of('\n') + 1)) {
-        line += c == '\n' ? std::string("; ") : std::string(1, c);
+    std::string joined;
+    for (const std::string& line : tokenize(text, "\n")) {
+        joined += (joined.empty() || line.empty() ? "" : " ") + line;
     }
-    return line;
+    return joined;
 }
 
 std::string clockText(double seconds) {

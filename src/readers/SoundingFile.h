@@ -98,17 +98,19 @@ public:
     std::string launchObsTime() const { return _launchObsTime; }
     /// The time of the launch observation on the day of the launch, s since 1970, or -999 when it isn't told.
     std::int64_t unixLaunchObsTime();
+    static constexpr std::int64_t kUnknownTime = -999;
 
     int numRhChan() const { return static_cast<int>(_rhChannels.size()); }
     bool rhHeatingOn() const { return _rhHeatingOn; }
     bool needsTDDryBiasCorr() const { return _needsTDDryBiasCorr; }
     bool TDDryBiasCorrPresent() const { return _tdDryBiasCorrPresent; }
 
-    /// Frames whose CRC failed: in the PTU part, in the GPS part, in both.
-    int getPtuErrNum() const { return _ptuErrNum; }
-    int getGpsErrNum() const { return _gpsErrNum; }
-    int getPGErrNum() const { return _pgErrNum; }
-    /// Takes the frames after \p endTime out of those counts.
+    /// Frames from the launch on whose CRC failed: in the PTU part, in the GPS part, in both.
+    int getPtuErrNum() const { return _crcErrors.ptu - _crcErrorsAfterEnd.ptu; }
+    int getGpsErrNum() const { return _crcErrors.gps - _crcErrorsAfterEnd.gps; }
+    int getPGErrNum() const { return _crcErrors.both - _crcErrorsAfterEnd.both; }
+    /// From now on those counts leave out the frames after \p endTime (s from launch). The end can be moved again, in
+    /// either direction.
     void adjustErrStats(double endTime);
     /// GPS wind samples per second.
     int ombraWindRate() const { return _ombraWindRate; }
@@ -120,17 +122,23 @@ public:
     std::vector<std::pair<std::string, std::string>> mw41metadata() const { return _mw41metadata; }
 
 protected:
+    struct CrcErrors {
+        int ptu = 0;
+        int gps = 0;
+        int both = 0;
+    };
+
     /// Valid when there is any line at all.
     SoundingFile(std::string fileName, std::vector<std::string> lines);
 
     void valid() { _valid = true; }
     void notValid() { _valid = false; }
 
+    /// All lines, consumed or not.
+    const std::vector<std::string>& lines() const { return _lines; }
     bool linesLeft() const { return _nextLine < _lines.size(); }
     /// The next line, which must exist; it counts as consumed.
     const std::string& nextLine() { return _lines[_nextLine++]; }
-    /// Takes the first word off \p s, with the blanks ahead of it and the one behind it.
-    static std::string nextWord(std::string& s);
     void registerRHchan(int channel) { _rhChannels.insert(channel); }
 
     std::string _fileName;
@@ -170,10 +178,10 @@ protected:
     std::vector<std::string> _summaryInfo;
     std::string _launchObsSource = "unknown";
     std::string _launchObsTime = "unknown";
+    /// What unixLaunchObsTime() answers, for a format that tells it outright; otherwise worked out on demand.
+    std::int64_t _unixLaunchObsTime = kUnknownTime;
 
-    int _ptuErrNum = 0;
-    int _gpsErrNum = 0;
-    int _pgErrNum = 0;
+    CrcErrors _crcErrors;
     int _ombraWindRate = 0;
     std::string _derivedSndFile;
     std::shared_ptr<const UnLevels> _unLevels;
@@ -186,6 +194,6 @@ private:
     bool _valid;
     std::vector<std::string> _lines;
     std::size_t _nextLine = 0;
-    std::int64_t _unixLaunchObsTime = -999;
+    CrcErrors _crcErrorsAfterEnd;
     std::set<int> _rhChannels{0};
 };

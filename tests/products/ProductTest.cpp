@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 
 CsvText drop() {
     CsvText text(false);
-    text.line("Pressure,499.96,\"units=mb\"").line("Temperature,-5.5").line("Latitude,25.12345");
+    text.line("Pressure,499.96,\"units=mb\"").line("Temperature,-5.5").line("Latitude,25.12346");
     text.line("SondeId,204715063").line("Comments,\"synthetic\"").line("PtuWindTimeDiff,\"-0.5\"");
     text.fields("Time,Pressure,Temperature,RH,Speed,Direction,Latitude,Longitude,Altitude,Ascent,GpsAlt");
     text.data("0,500.004,-5.5,,10,90,25.123456,-80.5,5500,-11,5510");

@@ -12,7 +12,6 @@ public:
         _soundingType = ascending ? SoundingType::Unknown : SoundingType::Ombra;
     }
 
-    using SoundingFile::_gpsErrNum;
     using SoundingFile::_launchAlt;
     using SoundingFile::_launchLat;
     using SoundingFile::_launchLon;
@@ -21,7 +20,7 @@ public:
     using SoundingFile::_launchTdry;
     using SoundingFile::_launchWdir;
     using SoundingFile::_launchWspd;
-    using SoundingFile::_ptuErrNum;
+    using SoundingFile::_crcErrors;
     using SoundingFile::_soundingType;
     using SoundingFile::registerRHchan;
 

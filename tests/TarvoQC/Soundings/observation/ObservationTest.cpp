@@ -81,8 +81,8 @@ TEST(Observation, TailFramesWithoutDataDontExtendTheSounding) {
     file.sPres()->setAttribute(1, Value::CrcPtu);
     file.sPres()->setAttribute(4, Value::CrcPtu);
     file.sWspd()->setAttribute(5, Value::CrcGps);
-    file._ptuErrNum = 2;
-    file._gpsErrNum = 1;
+    file._crcErrors.ptu = 2;
+    file._crcErrors.gps = 1;
     const Observation observation(&file);
     EXPECT_EQ(observation.GetMaxLastDataTime(), 3.0);
     EXPECT_EQ(times(observation, "RawTime"), "-1 0 1 2 3");

@@ -39,7 +39,8 @@ struct QcRun {
     std::string series(const char* name) const { return textOf(*sounding->getSeries(name)); }
     std::string errors() const {
         std::string errorText;
-        EXPECT_EQ(sounding->qcError(errorText), !errorText.empty());
+        const bool flag = sounding->qcError(errorText);
+        EXPECT_EQ(flag, !errorText.empty());
         return errorText;
     }
 
@@ -232,6 +233,10 @@ struct Splash {
     int (*satellites)(int row);
     const char* reason; ///< empty for none
 };
+
+void PrintTo(const Splash& splash, std::ostream* out) {
+    *out << splash.name;
+}
 
 class PostSplash : public testing::TestWithParam<Splash> {};
 

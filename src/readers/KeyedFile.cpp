@@ -1,0 +1,68 @@
+#include "KeyedFile.h"
+
+#include "NumberText.h"
+#include "Text.h"
+#include "Words.h"
+
+double KeyedFile::FrameColumn::valueOf(std::string_view word) const {
+    const double number = numberOf(word);
+    return number == mark || number == secondMark ? kMissing : number;
+}
+
+void KeyedFile::takeFrame(std::string_view& words, const FrameColumn* first, const FrameColumn* last, double time) {
+    for (const FrameColumn* column = first; column != last; ++column) {
+        const std::string_view word = nextWord(words);
+        if (column->series != nullptr) {
+            (this->*column->series).appendValue(column->valueOf(word), time);
+        }
+    }
+}
+
+void KeyedFile::takeLaunchObs(std::string_view& words, const FrameColumn* first, const FrameColumn* last) {
+    for (const FrameColumn* column = first; column != last; ++column) {
+        const std::string_view word = nextWord(words);
+        if (column->launch != nullptr) {
+            this->*column->launch = column->valueOf(word);
+        }
+    }
+}
+
+bool KeyedFile::takeLaunchObsSource(const std::string& value) {
+    const auto comma = value.find(',');
+    _launchObsSource = value.substr(0, comma);
+    if (comma == std::string::npos) {
+        return false;
+    }
+    _launchObsTime = trimLeft(value.substr(comma + 1));
+    return true;
+}
+
+void KeyedFile::addComment(const std::string& comment) {
+    _comments += _comments.empty() ? comment : ", " + comment;
+}
+
+void KeyedFile::describeSonde() {
+    _descriptionText = _sondeId + " " + trimBoth(_descriptionText);
+}
+
+std::vector<Series*> KeyedFile::frameSeries() {
+    std::vector<Series*> used;
+    for (Series* series : {&_sTime, &_sPres, &_sTdry, &_sRh0, &_sRh1, &_sRh2, &_sWdir, &_sWspd, &_sDz, &_sLon, &_sLat,
+                           &_sAlt, &_sGpsalt, &_sSats, &_sWe}) {
+        if (!series->empty()) {
+            used.push_back(series);
+        }
+    }
+    return used;
+}
+
+void KeyedFile::countFrom(double launch) {
+    for (Series* series : frameSeries()) {
+        for (int i = 0; i <= series->lastIndex(); ++i) {
+            series->setTime(i, series->time(i) - launch);
+        }
+    }
+    for (int i = 0; i <= _sTime.lastIndex(); ++i) {
+        _sTime.setData(i, _sTime.time(i));
+    }
+}

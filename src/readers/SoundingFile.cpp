@@ -1,0 +1,45 @@
+#include "SoundingFile.h"
+
+#include "NumberText.h"
+#include "Text.h"
+#include "WrittenTime.h"
+
+SoundingFile::SoundingFile(std::string fileName, std::vector<std::string> lines)
+    : _fileName(std::move(fileName)), _valid(!lines.empty()), _lines(std::move(lines)) {}
+
+SoundingFile::~SoundingFile() = default;
+
+void SoundingFile::updateDescendingGeoAlt(double /*alt*/) {}
+
+std::string SoundingFile::description() const {
+    auto separator = _fileName.rfind('\\');
+    if (separator == std::string::npos) {
+        separator = _fileName.rfind('/');
+    }
+    const std::string name = separator == std::string::npos ? _fileName : _fileName.substr(separator + 1);
+    return name + " " + _descriptionText;
+}
+
+std::int64_t SoundingFile::unixLaunchObsTime() {
+    if (_unixLaunchObsTime != kUnknownTime) {
+        return _unixLaunchObsTime;
+    }
+    const std::vector<std::string> clock = tokenize(_launchObsTime, ":");
+    if (clock.size() == 3 || clock.size() == 4) {
+        _unixLaunchObsTime =
+            utcSeconds(_year, _month, _day, integerOf(clock[0]), integerOf(clock[1]), integerOf(clock[2]));
+    }
+    return _unixLaunchObsTime;
+}
+
+void SoundingFile::adjustErrStats(double endTime) {
+    _crcErrorsAfterEnd = CrcErrors();
+    // The record kept from ahead of the launch was never counted.
+    for (int i = _sTime.lastIndex(); i >= 0 && _sTime.time(i) > endTime && _sTime.time(i) >= 0.0; --i) {
+        const bool ptu = i <= _sPres.lastIndex() && _sPres.testAttribute(i, Value::CrcPtu);
+        const bool gps = i <= _sWspd.lastIndex() && _sWspd.testAttribute(i, Value::CrcGps);
+        _crcErrorsAfterEnd.ptu += ptu ? 1 : 0;
+        _crcErrorsAfterEnd.gps += gps ? 1 : 0;
+        _crcErrorsAfterEnd.both += ptu && gps ? 1 : 0;
+    }
+}

@@ -1,0 +1,90 @@
+#include "SoundingFileFactory.h"
+
+#include "ConfigSet.h"
+#include "CsvFile.h"
+#include "OmbraFile.h"
+#include "SoundingLines.h"
+#include "Text.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace {
+
+using Lines = std::vector<std::string>;
+using Maker = std::unique_ptr<SoundingFile> (*)(ConfigSet& config, std::string fileName, Lines lines);
+
+std::unique_ptr<SoundingFile> makeCsv(ConfigSet& /*config*/, std::string fileName, Lines lines) {
+    return std::make_unique<CsvFile>(std::move(fileName), std::move(lines));
+}
+
+std::unique_ptr<SoundingFile> makeOmbra(ConfigSet& config, std::string fileName, Lines lines) {
+    return std::make_unique<OmbraFile>(std::move(fileName), std::move(lines), config.getSetName());
+}
+
+enum class Needs { Any, All };
+enum class LinesAs { Text, Raw };
+
+/// How one format shows in the lower-cased header, and who reads it. A format without a maker is known to be none of
+/// the later ones, and not read.
+struct Format {
+    Needs needs;
+    std::array<std::string_view, 16> marks; // empty ones at the end don't count
+    LinesAs linesAs;
+    Maker maker;
+};
+
+/// In order of precedence: a WMO group anywhere in the header makes a message of any file.
+constexpr std::array<Format, 10> kFormats{{
+    {Needs::Any,
+     {"uuaa", "uubb", "uucc", "uudd", "ttaa", "ttbb", "ttcc", "ttdd", "iiaa", "iibb", "iicc", "iidd", "xxaa", "xxbb",
+      "xxcc", "xxdd"},
+     LinesAs::Text,
+     nullptr}, // WMO message
+    {Needs::All, {"fileformat", "csv"}, LinesAs::Text, makeCsv},
+    {Needs::All, {"data type:", "mirra"}, LinesAs::Text, nullptr},
+    {Needs::Any, {"ombra-t", "acs-t"}, LinesAs::Text, makeOmbra},
+    {Needs::All, {"vesta"}, LinesAs::Text, nullptr},
+    {Needs::All, {"pelo-t"}, LinesAs::Text, nullptr},
+    {Needs::All, {"data type/direction:", "zor"}, LinesAs::Text, nullptr},
+    {Needs::All, {"data type", "trove"}, LinesAs::Text, nullptr},
+    {Needs::All, {"dropwindsonde"}, LinesAs::Text, nullptr}, // FRD
+    {Needs::All, {"metadata"}, LinesAs::Raw, nullptr},       // MW41
+}};
+
+bool isOf(const Format& format, const std::string& header) {
+    const auto end = std::find(format.marks.begin(), format.marks.end(), std::string_view());
+    const auto inHeader = [&](std::string_view mark) { return contains(header, mark); };
+    return format.needs == Needs::Any ? std::any_of(format.marks.begin(), end, inHeader)
+                                      : std::all_of(format.marks.begin(), end, inHeader);
+}
+
+std::string lowerCaseHeader(const Lines& lines) {
+    std::string header = lines.empty() ? std::string() : lines[0];
+    if (lines.size() > 1) {
+        header += " " + lines[1];
+    }
+    lowerize(header);
+    return header;
+}
+
+} // namespace
+
+std::unique_ptr<SoundingFile> SoundingFileFactory::newSoundingFile(ConfigSet& config, std::string fileName,
+                                                                   std::istream* stream) {
+    if (stream == nullptr) {
+        return nullptr;
+    }
+    Lines lines = readLines(*stream);
+    const std::string header = lowerCaseHeader(lines);
+    const auto format = std::find_if(kFormats.begin(), kFormats.end(),
+                                     [&](const Format& candidate) { return isOf(candidate, header); });
+    if (format == kFormats.end() || format->maker == nullptr) {
+        return nullptr;
+    }
+    if (format->linesAs == LinesAs::Text) {
+        lines = preprocess(std::move(lines));
+    }
+    return format->maker(config, std::move(fileName), std::move(lines));
+}

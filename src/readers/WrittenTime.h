@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+// Dates and times in UTC, whatever the time zone of the process.
+
+/// Seconds since 1970. Any integers will do: a month 13 is the January after, a day 0 the day before the first.
+std::int64_t utcSeconds(int year, int month, int day, int hour, int min, int sec);
+
+/// A point in time in calendar form; also what a keyed line writes as YYMMDD and HHMMSS.ff.
+struct WrittenTime {
+    int year = 0;
+    int month = 0;
+    int day = 0;
+    int hour = 0;
+    int min = 0;
+    int sec = 0;
+    double fraction = 0.0; ///< what is written behind the whole seconds
+
+    /// Reads \p date and \p time by position; digits that aren't there count as 0. Years below 90 are 20xx.
+    static WrittenTime of(std::string_view date, std::string_view time);
+    /// The date and time of \p seconds since 1970, cut to whole seconds and to the years 1 to 9999.
+    static WrittenTime of(double seconds);
+
+    /// Seconds since 1970.
+    double seconds() const;
+    /// No field lies beyond what any calendar writes; nothing stricter than that.
+    bool inRange() const { return sec <= 59 && min <= 59 && hour <= 59 && day <= 31 && month <= 12; }
+    /// "2021-08-01 12:00:03"
+    std::string text() const;
+};
+
+/// Whether \p date is made of digits, and enough of them for YYMMDD.
+bool isDateText(std::string_view date);
+/// Whether \p time is made of digits and points, and long enough for HHMMSS.
+bool isTimeText(std::string_view time);
+/// Seconds since 1970 of a date and time as written in a keyed line.
+double timeTag(std::string_view date, std::string_view time);
