@@ -113,7 +113,7 @@ struct CsvFile::Column {
 };
 
 const CsvFile::Column* CsvFile::findColumn(const std::string& name) {
-    static constexpr std::array<Column, 14> kColumns{{
+    static constexpr std::array<Column, 15> kColumns{{
         {"time", &CsvFile::_sTime},
         {"pressure", &CsvFile::_sPres},
         {"temperature", &CsvFile::_sTdry},
@@ -128,6 +128,7 @@ const CsvFile::Column* CsvFile::findColumn(const std::string& name) {
         {"ascent", &CsvFile::_sDz},
         {"sats", &CsvFile::_sSats},
         {"gpsalt", &CsvFile::_sGpsalt},
+        {"gps altitude", &CsvFile::_sGpsalt}, // as the CSV product heads it
     }};
     const auto found =
         std::find_if(kColumns.begin(), kColumns.end(), [&](const Column& candidate) { return candidate.name == name; });

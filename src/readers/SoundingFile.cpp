@@ -2,7 +2,7 @@
 
 #include "NumberText.h"
 #include "Text.h"
-#include "WrittenTime.h"
+#include "UtcTime.h"
 
 SoundingFile::SoundingFile(std::string fileName, std::vector<std::string> lines)
     : _fileName(std::move(fileName)), _valid(!lines.empty()), _lines(std::move(lines)) {}

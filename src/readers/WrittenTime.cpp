@@ -1,6 +1,7 @@
 #include "WrittenTime.h"
 
 #include "NumberText.h"
+#include "UtcTime.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -12,24 +13,8 @@ constexpr std::string_view kDigits = "0123456789";
 constexpr std::string_view kDigitsAndPoint = "0123456789.";
 constexpr std::size_t kWrittenLength = 6; // of YYMMDD and of HHMMSS
 constexpr int kFirstYearOf1900s = 90;     // two-digit years below it are 20xx
-constexpr std::int64_t kSecondsPerDay = 86400;
 constexpr double kFirstSecond = -62135596800.0; // 0001-01-01 00:00:00
 constexpr double kLastSecond = 253402300799.0;  // 9999-12-31 23:59:59
-
-std::int64_t floorDiv(std::int64_t a, std::int64_t b) {
-    return a / b - (a % b < 0 ? 1 : 0);
-}
-
-/// Days from 1970-01-01 to the first of a month of the Gregorian calendar; years are counted from March, so that the
-/// leap day is the last of its year.
-std::int64_t daysToMonth(std::int64_t year, std::int64_t month) {
-    const std::int64_t monthFromMarch = (month + 9) % 12;
-    const std::int64_t yearFromMarch = month < 3 ? year - 1 : year;
-    const std::int64_t leapDays =
-        floorDiv(yearFromMarch, 4) - floorDiv(yearFromMarch, 100) + floorDiv(yearFromMarch, 400);
-    constexpr std::int64_t kDaysTo1970 = 719468; // from March of the year 0
-    return yearFromMarch * 365 + leapDays + (153 * monthFromMarch + 2) / 5 - kDaysTo1970;
-}
 
 /// The two digits at \p at, as far as they are there.
 int twoDigits(std::string_view text, std::size_t at) {
@@ -45,13 +30,6 @@ bool madeOf(std::string_view text, std::string_view characters) {
 }
 
 } // namespace
-
-std::int64_t utcSeconds(int year, int month, int day, int hour, int min, int sec) {
-    const std::int64_t months = std::int64_t{month} - 1;
-    const std::int64_t fullYear = year + floorDiv(months, 12);
-    const std::int64_t days = daysToMonth(fullYear, months - 12 * floorDiv(months, 12) + 1) + day - 1;
-    return days * kSecondsPerDay + std::int64_t{hour} * 3600 + std::int64_t{min} * 60 + sec;
-}
 
 WrittenTime WrittenTime::of(std::string_view date, std::string_view time) {
     WrittenTime written;

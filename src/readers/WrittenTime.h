@@ -1,13 +1,9 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 
 // Dates and times in UTC, whatever the time zone of the process.
-
-/// Seconds since 1970. Any integers will do: a month 13 is the January after, a day 0 the day before the first.
-std::int64_t utcSeconds(int year, int month, int day, int hour, int min, int sec);
 
 /// A point in time in calendar form; also what a keyed line writes as YYMMDD and HHMMSS.ff.
 struct WrittenTime {

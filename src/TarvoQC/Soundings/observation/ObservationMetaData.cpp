@@ -43,7 +43,7 @@ SndMetaData Observation::getSndMetaData() const {
     meta.WMOtrackingType = _file->WMOtrackingType();
     meta.WMOradCorrection = _file->WMOradCorrection();
     meta.ascending = _file->ascending();
-    meta.launchTime = utcTime(meta.year, meta.month, meta.day, meta.hour, meta.min, meta.sec);
+    meta.launchTime = utcSeconds(meta.year, meta.month, meta.day, meta.hour, meta.min, meta.sec);
     meta.platformType = _file->platformType();
     meta.platformId = _file->platformId();
     meta.sondeId = _file->sondeId();

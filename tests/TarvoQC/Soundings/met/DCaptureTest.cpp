@@ -32,7 +32,7 @@ TEST_F(DCaptureTest, formatsNothingWhileOffAndKeepsOneFileWhileOn) {
     DCapture::dcout << Counted{&formatted} << "lost";
     DCapture::enable(true);
     EXPECT_EQ(formatted, 0);
-    EXPECT_TRUE(std::filesystem::is_empty(folder)) << "the first output opens the file, not the flag";
+    EXPECT_TRUE(std::filesystem::is_empty(folder.path())) << "the first output opens the file, not the flag";
 
     const std::time_t before = std::time(nullptr);
     DCapture::dcout << Counted{&formatted} << "n" << 7 << ' ' << static_cast<short>(-3) << ' ' << 0.5F << ' ';
