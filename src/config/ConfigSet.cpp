@@ -36,40 +36,30 @@ bool ConfigSet::set(const std::string& key, const char* value) {
     return set(key, std::string(value));
 }
 
-bool ConfigSet::value(const std::string& key, double& out) const {
+template <typename Out, typename Read>
+bool ConfigSet::readItem(const std::string& key, Out& out, Read read) const {
     const ConfigItem* item = (*this)[key];
     if (item == nullptr) {
         return false;
     }
-    out = item->value();
+    out = (item->*read)();
     return true;
+}
+
+bool ConfigSet::value(const std::string& key, double& out) const {
+    return readItem(key, out, &ConfigItem::value);
 }
 
 bool ConfigSet::intValue(const std::string& key, int& out) const {
-    const ConfigItem* item = (*this)[key];
-    if (item == nullptr) {
-        return false;
-    }
-    out = item->intValue();
-    return true;
+    return readItem(key, out, &ConfigItem::intValue);
 }
 
 bool ConfigSet::boolValue(const std::string& key, bool& out) const {
-    const ConfigItem* item = (*this)[key];
-    if (item == nullptr) {
-        return false;
-    }
-    out = item->boolValue();
-    return true;
+    return readItem(key, out, &ConfigItem::boolValue);
 }
 
 bool ConfigSet::text(const std::string& key, std::string& out) const {
-    const ConfigItem* item = (*this)[key];
-    if (item == nullptr) {
-        return false;
-    }
-    out = item->text();
-    return true;
+    return readItem(key, out, &ConfigItem::text);
 }
 
 bool ConfigSet::exists(const std::string& key) const {

@@ -59,6 +59,8 @@ protected:
     Registry& registry() const { return *_registry; }
 
 private:
+    template <typename Out, typename Read>
+    bool readItem(const std::string& key, Out& out, Read read) const;
     template <typename Value>
     void addItem(const std::string& key, const Value& value, bool regGet, bool immediate, bool outputAttribute);
 
