@@ -304,6 +304,23 @@ TEST(OmbraFile, CrcFlagsMarkTheFrameAndCount) {
     EXPECT_THAT(counts(), ElementsAre(3, 4, 2));
 }
 
+TEST(OmbraFile, TheFrameKeptFromAheadOfTheLaunchIsNeverCounted) {
+    Frame bad;
+    bad.key = "S11";
+    std::string text = version16() + launchLine(1.0);
+    for (const double second : {0.0, 0.5, 1.0, 1.5}) {
+        bad.second = second;
+        text += frameText(bad);
+    }
+    const auto file = readText(text);
+    EXPECT_EQ(file->dataPoints(), 3);
+    EXPECT_EQ(file->getPGErrNum(), 2);
+    file->adjustErrStats(-10.0);
+    EXPECT_EQ(file->getPtuErrNum(), 0);
+    EXPECT_EQ(file->getGpsErrNum(), 0);
+    EXPECT_EQ(file->getPGErrNum(), 0);
+}
+
 TEST(OmbraFile, AShortWindsOnlyFrameIsAPtuError) {
     Frame winds{1.0, 9999, "S10", 99, 999, 180, 10, -12, 999, 99, 99999, 8, 999, 999, 0.5, 5510};
     EXPECT_EQ(readText(launchLine(0.0) + frameText(winds, false))->getPtuErrNum(), 1);
