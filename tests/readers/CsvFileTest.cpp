@@ -1,0 +1,127 @@
+#include "ReadText.h"
+
+#include <gmock/gmock.h>
+
+using testing::ElementsAre;
+
+namespace {
+
+const std::string kHead = "FileFormat,CSV\nYear,2021\nMonth,08\nDay,1\nHour,12\nMinute,00\nSecond,03\n";
+const std::string kData = "Fields,Time,Pressure\nData,0.5,1000\n";
+
+} // namespace
+
+TEST(CsvFile, ReadsDataByTheFieldsLine) {
+    const auto file = readText(kHead + "Fields, TIME ,Pressure,Dewpoint,RH,rh2,Ascent\n"
+                                       "DATA,0.5,1000.5,1,50,,-1.5\n"
+                                       " data, 1.0 ,1001.5mb,2,,52,junk\n");
+    ASSERT_TRUE(file->isValid());
+    EXPECT_EQ(file->dataPoints(), 2);
+    EXPECT_THAT(file->sTime()->dataArray(), ElementsAre(0.5, 1.0));
+    EXPECT_THAT(file->sPres()->dataArray(), ElementsAre(1000.5, 1001.5));
+    EXPECT_THAT(file->sPres()->timeArray(), ElementsAre(0.5, 1.0));
+    EXPECT_THAT(file->sRh0()->dataArray(), ElementsAre(50.0, -999.0));
+    EXPECT_THAT(file->sRh2()->dataArray(), ElementsAre(-999.0, 52.0));
+    EXPECT_THAT(file->sDz()->dataArray(), ElementsAre(-1.5, 0.0));
+    EXPECT_EQ(file->numRhChan(), 1);
+}
+
+TEST(CsvFile, SeriesWithoutAColumnAreMissingThroughout) {
+    const auto file = readText(kHead + kData);
+    for (Series* series : {file->sDz(), file->sSats(), file->sTdry(), file->sRh0(), file->sRh1(), file->sRh2(),
+                           file->sWdir(), file->sWspd(), file->sAlt(), file->sGpsalt(), file->sLat(), file->sLon()}) {
+        EXPECT_THAT(series->dataArray(), ElementsAre(-999.0));
+        EXPECT_THAT(series->timeArray(), ElementsAre(0.5));
+    }
+    EXPECT_TRUE(file->sDp()->empty());
+    EXPECT_TRUE(file->sWe()->empty());
+}
+
+TEST(CsvFile, AnEmptyFieldIsMissing) {
+    const auto file =
+        readText(kHead + "Fields,Time,Pressure,Temperature,RH,Speed,Direction,Latitude,Longitude,Altitude,"
+                         "Sats,GpsAlt,Ascent,RH1\nData,0.3,,,,,,,,,,,,\n");
+    EXPECT_EQ(file->dataPoints(), 1);
+    EXPECT_THAT(file->sTime()->dataArray(), ElementsAre(0.3));
+    EXPECT_THAT(file->sPres()->dataArray(), ElementsAre(-999.0));
+    EXPECT_THAT(file->sRh1()->dataArray(), ElementsAre(-999.0));
+    EXPECT_EQ(file->numRhChan(), 2);
+}
+
+// Which of "Data,1,2", "Data,1,2,3", "Data,1,2,3,4" count.
+TEST(CsvFile, TakesDataOfTheLengthOfTheFieldsLine) {
+    const std::string data = "Data,1,2\nData,1,2,3\nData,1,2,3,4\n";
+    const std::pair<std::string, std::vector<double>> cases[] = {
+        {"Fields,Time,Pressure\n" + data, {2.0}},
+        {data + "Fields,Time,Pressure\n" + data, {2.0}},
+        {"Fields,Time,Pressure\n" + data + "Fields,RH\n" + data, {2.0, 2.0}},
+        {"Fields,Time,Pressure,\nData,1,5,\nData,1,6\n", {5.0}},
+    };
+    for (const auto& [text, pressures] : cases) {
+        EXPECT_EQ(readText(kHead + text)->sPres()->dataArray(), pressures) << text;
+    }
+}
+
+TEST(CsvFile, TheFirstColumnIsTheTimeTag) {
+    const auto file = readText(kHead + "Fields,Pressure,Time\nData,1000,0.5\nData,,1.5\n");
+    EXPECT_THAT(file->sTime()->dataArray(), ElementsAre(0.5, 1.5));
+    EXPECT_THAT(file->sTime()->timeArray(), ElementsAre(1000.0, -999.0));
+    EXPECT_THAT(file->sPres()->dataArray(), ElementsAre(1000.0, -999.0));
+}
+
+TEST(CsvFile, ParametersGoToTheirFields) {
+    const auto file = readText(
+        kHead + kData +
+        "Latitude,1.5,\"units=deg\"\nLONGITUDE,2.5\nPressure,3.5\nTemperature,4.5\nrh,5.5\nSpeed,6.5\nDirection,7.5\n"
+        "Altitude,8.5\nGpsAltitude,9.5\nComments,\"A quiet Day\"\nDataType,a\nEquipmentType,b\nPlatformType,c\n"
+        "PlatformId,d\nProject,e\nFlight,f\nPtuWindTimeDiff,\"0.25\"\nRadiationCorr,g\nTrackingType,h\nSondeId,i\n"
+        "SondeType,j\nOperator,k\nLaunchObsSource,l\nLaunchObsTime,m\nSondeModel,n\nLaunchSite,o\nThermoSensor,p\n"
+        "Agency,q\nComments\n");
+    const double launch[] = {file->launchLat(),  file->launchLon(), file->launchPres(),
+                             file->launchTdry(), file->launchRH(),  file->launchWspd(),
+                             file->launchWdir(), file->launchAlt(), file->launchGpsAlt()};
+    EXPECT_THAT(launch, ElementsAre(1.5, 2.5, 3.5, 4.5, 5.5, 6.5, 7.5, 8.5, 9.5));
+    EXPECT_EQ(file->comments(), "A quiet Day");
+    EXPECT_EQ(file->dataType() + file->WMOequipType() + file->platformType() + file->platformId() + file->project() +
+                  file->flight() + file->WMOradCorrection() + file->WMOtrackingType() + file->sondeId() +
+                  file->WMOsondeType() + file->sysOperator() + file->launchObsSource() + file->launchObsTime() +
+                  file->sondeModel() + file->siteId() + file->thermoSensor(),
+              "abcdefghijklmnop");
+    EXPECT_EQ(file->ptuWindTimeDiff(), 0.25);
+    EXPECT_EQ(file->year() * 10000 + file->month() * 100 + file->day(), 20210801);
+    EXPECT_EQ(file->hour() * 10000 + file->min() * 100 + file->sec(), 120003);
+}
+
+TEST(CsvFile, AnEmptyOrUnusableLaunchValueIsMissing) {
+    for (const char* value : {"", "\"\"", "nan", "1e999"}) {
+        EXPECT_EQ(readText(kHead + kData + "Pressure," + value)->launchPres(), -999.0) << value;
+    }
+}
+
+TEST(CsvFile, DirectionAndTypeGoTogether) {
+    const std::pair<const char*, bool> cases[] = {
+        {"", true},
+        {"Ascending,\"false\"\n", false},
+        {"ascending,\"FALSE\"\n", false},
+        {"\"Ascending\",no\n", true},
+        {"Ascending,false\nAscending,true\n", true},
+    };
+    for (const auto& [line, ascending] : cases) {
+        const auto file = readText(kHead + kData + line);
+        EXPECT_EQ(file->ascending(), ascending) << line;
+        EXPECT_EQ(file->soundingType(), ascending ? SoundingType::Unknown : SoundingType::Ombra) << line;
+    }
+}
+
+TEST(CsvFile, NeedsEveryPartOfTheDateAndData) {
+    EXPECT_TRUE(readText(kHead + kData)->isValid());
+    EXPECT_FALSE(readText(kHead + "Fields,Time,Pressure\n")->isValid());
+    for (const char* part : {"Year,", "Month,", "Day,", "Hour,", "Minute,", "Second,"}) {
+        std::string text = kHead + kData;
+        text.replace(text.find(part), 1, "x");
+        const auto file = readText(text);
+        EXPECT_FALSE(file->isValid()) << part;
+        EXPECT_EQ(file->dataPoints(), 1) << part;
+        EXPECT_EQ(file->getErrorMsg(), "") << part;
+    }
+}

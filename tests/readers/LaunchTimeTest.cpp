@@ -1,0 +1,163 @@
+#include "LaunchTime.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <random>
+
+using testing::ElementsAre;
+
+namespace {
+
+constexpr double kNoon = 1627819200.0; // 2021-08-01 12:00:00
+
+/// Frames at 0, 1, 2 ... s.
+Series pressures(const std::vector<double>& data) {
+    Series series;
+    for (std::size_t i = 0; i < data.size(); ++i) {
+        series.appendValue(data[i], static_cast<double>(i));
+    }
+    return series;
+}
+
+/// The same search word for word, walking down from every index for its cabin pressure.
+std::optional<double> searchByWalking(const std::vector<double>& p) {
+    const int n = static_cast<int>(p.size());
+    const auto at = [&](int i) { return p[static_cast<std::size_t>(i)]; };
+    const auto step = [&](int i) { return std::abs(at(i) - at(i - 1)); };
+    const auto cabin = [&](int i) {
+        for (int j = i; j > 3; --j) {
+            if (step(j) < 2.0 && step(j - 1) < 2.0 && step(j - 2) < 2.0 && step(j - 3) < 2.0) {
+                return at(j);
+            }
+        }
+        return 0.0;
+    };
+    for (int i = 5; n >= 10 && i <= n - 5; ++i) {
+        if (at(i - 1) < cabin(i - 2) - 50.0 && step(i) < 10.0 && step(i + 1) < 10.0 && step(i + 2) < 10.0 &&
+            step(i + 3) < 10.0) {
+            double sum = 0.0;
+            for (int k = i + 3; k < n; ++k) {
+                sum += at(k);
+            }
+            return at(i + 2) < sum / (n - i - 3) ? std::optional<double>(i + 2) : std::nullopt;
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+TEST(FindPresLaunchTime, SeesTheFallFromTheCabin) {
+    const std::pair<std::vector<double>, std::optional<double>> cases[] = {
+        // the fall is at 5 s; the third frame behind it is the launch
+        {{770, 771, 770, 771, 770, 400, 401, 402, 403, 404, 405, 406}, 8.0},
+        // too few frames behind the launch
+        {{770, 771, 770, 771, 770, 400, 401, 402, 403, 404, 405}, 8.0},
+        {{770, 771, 770, 771, 770, 400, 401, 402, 403, 404}, std::nullopt},
+        // fewer than ten pressures
+        {{770, 771, 770, 771, 770, 400, 401, 402, 403}, std::nullopt},
+        {{770, 771, 770, 771, 770, 400, -999, 401, 402, 403}, std::nullopt},
+        // a frame without pressure doesn't count, and leaves its gap in the times
+        {{770, 771, 770, 771, 770, -999, 400, 401, 402, 403, 404, 405}, 9.0},
+        // a cabin that is never steady: every fourth step is 2 mb or more
+        {{770, 771, 770, 772, 770, 400, 401, 402, 403, 404, 405, 406}, std::nullopt},
+        // 50 mb are too little, a little more isn't
+        {{770, 770, 770, 770, 770, 720, 721, 722, 723, 724, 725}, std::nullopt},
+        {{770, 770, 770, 770, 770, 719.9, 721, 722, 723, 724, 725}, 8.0},
+        // the way down from the cabin takes longer, steps of 10 mb and more are part of it
+        {{770, 770, 770, 770, 770, 600, 500, 400, 401, 402, 403, 404, 405}, 10.0},
+        {{770, 770, 770, 770, 770, 430, 420, 410, 400, 390, 380, 370, 360}, std::nullopt},
+        // falling on behind the launch: something else than a sonde on its way down
+        {{770, 770, 770, 770, 770, 400, 399, 398, 397, 396, 395, 394}, std::nullopt},
+        {{}, std::nullopt},
+    };
+    for (const auto& [data, launch] : cases) {
+        EXPECT_EQ(findPresLaunchTime(pressures(data)), launch) << testing::PrintToString(data);
+    }
+}
+
+TEST(FindPresLaunchTime, AgreesWithTheWalkFromEveryIndex) {
+    std::mt19937 random(7);
+    std::uniform_real_distribution<double> noise(-1.3, 1.3);
+    std::uniform_int_distribution<int> length(3, 12);
+    int found = 0;
+    for (int run = 0; run < 2000; ++run) {
+        std::vector<double> data;
+        for (const double base : {770.0, 760.0, 705.0, 640.0, 660.0}) {
+            for (int i = length(random); i > 0; --i) {
+                data.push_back(base + 2.0 * noise(random) * noise(random) + (i == 2 ? 9.0 * noise(random) : 0.0));
+            }
+        }
+        const auto expected = searchByWalking(data);
+        found += expected ? 1 : 0;
+        ASSERT_EQ(findPresLaunchTime(pressures(data)), expected) << testing::PrintToString(data);
+    }
+    EXPECT_GT(found, 200);
+    EXPECT_LT(found, 1800);
+}
+
+TEST(DecideLaunchTime, TheLineStandsWhenNothingContradicts) {
+    const auto told = decideLaunchTime(kNoon + 3.0, std::nullopt);
+    EXPECT_EQ(told.time, kNoon + 3.0);
+    EXPECT_EQ(told.errorText, "");
+    EXPECT_THAT(told.summary, ElementsAre("Launch time specified by the LAU line will be used.",
+                                          "LAU launch line time:  2021-08-01 12:00:03"));
+    for (const double diagnosed : {kNoon, kNoon + 3.0, kNoon + 6.0}) {
+        const auto both = decideLaunchTime(kNoon + 3.0, diagnosed);
+        EXPECT_EQ(both.time, kNoon + 3.0);
+        EXPECT_EQ(both.errorText, "");
+        EXPECT_TRUE(both.summary.empty());
+        EXPECT_EQ(both.source, LaunchTimeSource::LaunchLine);
+    }
+}
+
+TEST(DecideLaunchTime, TheDiagnosisStandsInForTheLine) {
+    const auto decision = decideLaunchTime(std::nullopt, kNoon + 1.5);
+    EXPECT_EQ(decision.time, kNoon + 1.5);
+    EXPECT_EQ(decision.source, LaunchTimeSource::PressureWithoutLine);
+    EXPECT_EQ(decision.errorText, "- No launch (LAU) line was found in the file. A launch time diagnosed from pressure "
+                                  "data will be used.\nDiagnosed launch time:\n   2021-08-01 12:00:01\n");
+    EXPECT_THAT(decision.summary, ElementsAre("No launch line was found in the file.",
+                                              "A launch time diagnosed from pressure data will be used.",
+                                              "Diagnosed launch time: 2021-08-01 12:00:01"));
+}
+
+TEST(DecideLaunchTime, TheDiagnosisOverrulesALateLine) {
+    const auto decision = decideLaunchTime(kNoon + 3.1, kNoon);
+    EXPECT_EQ(decision.time, kNoon);
+    EXPECT_EQ(decision.source, LaunchTimeSource::PressureAgainstLine);
+    EXPECT_EQ(
+        decision.errorText,
+        "- This file appears to have a late launch detect signal. The pressure diagnosed launch time will be used "
+        "instead of the launch time at the launch (LAU) line.\nDiagnosed launch time:\n   2021-08-01 12:00:00\n"
+        "LAU launch line time:\n   2021-08-01 12:00:03\n");
+    EXPECT_THAT(
+        decision.summary,
+        ElementsAre("This file appears to have a <b><font color=\"red\">late launch detect signal</font></b>.",
+                    "The pressure diagnosed launch time will be used instead of the launch time at the launch (LAU) "
+                    "line.",
+                    "Diagnosed launch time: 2021-08-01 12:00:00", "LAU launch line time:  2021-08-01 12:00:03"));
+}
+
+TEST(DecideLaunchTime, TheDiagnosisOverrulesAnEarlyLine) {
+    const auto decision = decideLaunchTime(kNoon, kNoon + 3.1);
+    EXPECT_EQ(decision.time, kNoon + 3.1);
+    EXPECT_EQ(decision.source, LaunchTimeSource::PressureAgainstLine);
+    EXPECT_EQ(
+        decision.errorText,
+        "- This file appears to have an early launch detect signal. The pressure diagnosed launch time will be used "
+        "instead of the launch time at the launch (LAU) line.\nDiagnosed launch time: 2021-08-01 12:00:03\n"
+        "LAU launch line time: 2021-08-01 12:00:00\n");
+    ASSERT_EQ(decision.summary.size(), 4U);
+    EXPECT_EQ(decision.summary[0],
+              "This file appears to have an <b><font color=\"red\">early launch detect signal</font></b>.");
+}
+
+TEST(DecideLaunchTime, NothingToGoBy) {
+    const auto decision = decideLaunchTime(std::nullopt, std::nullopt);
+    EXPECT_FALSE(decision.time.has_value());
+    EXPECT_EQ(decision.errorText, "- No launch (LAU) line was found in this file, and a pressure diagnosed launch time "
+                                  "cannot be determined. This sounding cannot be processed.\n");
+    EXPECT_EQ(decision.summary.size(), 2U);
+}

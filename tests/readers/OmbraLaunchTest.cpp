@@ -1,0 +1,124 @@
+#include "OmbraText.h"
+#include "ReadText.h"
+
+#include <gmock/gmock.h>
+
+using testing::HasSubstr;
+
+namespace {
+
+std::string startOf(SoundingFile& file) {
+    char text[64];
+    std::snprintf(text, sizeof text, "%d-%d-%d %d:%d:%d", file.year(), file.month(), file.day(), file.hour(),
+                  file.min(), file.sec());
+    return text;
+}
+
+std::string timeComment(const std::string& value) {
+    return comment("Launch Time (y,m,d,h,m,s):", value);
+}
+
+const std::string kEarlyData =
+    "- This file does not include any sonde data prior to launch. This suggests the file has "
+    "been manually edited and, if the time gap between launch and data is large enough, may "
+    "invalidate sensor equilibration times.\n";
+
+} // namespace
+
+// The pressure of these frames shows a launch 1.5 s behind their fall.
+TEST(OmbraLaunch, OneFrameAheadOfTheLaunchStays) {
+    const std::pair<double, std::vector<double>> cases[] = {
+        {0.0, {-0.5, 0.0, 9.5}},   {0.25, {-0.25, 0.25, 9.25}}, {4.5, {-0.5, 0.0, 5.0}}, // 3.0 s behind the diagnosis
+        {4.6, {-0.5, 0.0, 8.0}},   // 3.1 s: the launch is at 1.5 s
+        {-1.5, {-0.5, 0.0, 11.0}}, // 3.0 s ahead of it
+        {-1.6, {-0.5, 0.0, 8.0}},
+    };
+    for (const auto& [launch, times] : cases) {
+        const auto file = readText(version16() + launchLine(launch) + drop(-5.0, 9.5));
+        ASSERT_TRUE(file->isValid());
+        const Series& time = *file->sTime();
+        EXPECT_EQ(time.data(0), times[0]) << launch;
+        EXPECT_EQ(time.data(1), times[1]) << launch;
+        EXPECT_EQ(time.time(time.lastIndex()), times[2]) << launch;
+        EXPECT_EQ(file->sGpsalt()->timeArray(), time.timeArray()) << launch;
+        EXPECT_EQ(file->sPres()->timeArray(), time.dataArray()) << launch;
+    }
+}
+
+TEST(OmbraLaunch, AllFramesAheadOfTheLaunchLeaveTheLast) {
+    const auto file = readText(version16() + launchLine(100.0) + frameText({}) + frameText({0.5}));
+    EXPECT_TRUE(file->isValid());
+    EXPECT_EQ(file->dataPoints(), 1);
+    EXPECT_EQ(file->sTime()->data(0), -99.5);
+}
+
+TEST(OmbraLaunch, WarnsWhenNoFrameIsAheadOfTheLaunch) {
+    for (const double first : {0.0, 1.0}) {
+        const auto file = readText(version16() + launchLine(0.0) + drop(first, 9.5));
+        EXPECT_TRUE(file->isValid());
+        EXPECT_EQ(file->getErrorMsg(), kEarlyData);
+        EXPECT_EQ(file->getSummaryInfo().back(), "This file does not include any sonde data prior to launch.");
+    }
+    EXPECT_EQ(readText(version16() + launchLine(0.0) + drop(-0.5, 9.5))->getErrorMsg(), "");
+}
+
+TEST(OmbraLaunch, WhereTheTimeComesFrom) {
+    const std::string frames = drop(-5.0, 9.5);
+    const std::string diagnosed = "2021-8-1 12:0:1";
+    const std::pair<std::string, std::string> cases[] = {
+        {launchLine(3.0), "2021-8-1 12:0:3"},
+        {timeComment("2021-08-01, 12:00:03"), "2021-8-1 12:0:3"},
+        {timeComment("2021/08/01, 12:00:02.5"), "2021-8-1 12:0:2"},
+        {launchLine(3.0) + timeComment("2021-08-01, 12:00:00"), "2021-8-1 12:0:3"},
+        {timeComment("2021-08-01, 12:00:00") + launchLine(3.0), "2021-8-1 12:0:3"},
+        {"OMBRA-T01 LAU 204715063 000000 000000.00\n" + timeComment("2021-08-01, 12:00:03"), "2021-8-1 12:0:3"},
+        {"OMBRA-T01 LAU 204715063 000000 000000.00\n", diagnosed},
+        {timeComment("2021-08-01, 00:00:00"), diagnosed},
+        {timeComment("0000-00-00, 12:00:00"), diagnosed},
+        {timeComment("2021-08-01"), diagnosed},
+        {timeComment(", "), diagnosed},
+        {timeComment("2, 1"), diagnosed},
+        {"", diagnosed},
+    };
+    for (const auto& [lines, start] : cases) {
+        const auto file = readText(version16() + lines + frames);
+        EXPECT_TRUE(file->isValid()) << lines;
+        EXPECT_EQ(startOf(*file), start) << lines;
+        EXPECT_EQ(file->getErrorMsg().find("No launch (LAU) line") != std::string::npos, start == diagnosed) << lines;
+    }
+}
+
+TEST(OmbraLaunch, MidnightIsALaunchOnlyOnTheLaunchLine) {
+    const std::string frame = "OMBRA-D01 S00 204715063 210801 000001.00 500\n";
+    EXPECT_TRUE(readText("OMBRA-T01 LAU 204715063 210801 000000.00\n" + frame)->isValid());
+    const auto file = readText(timeComment("2021-08-01, 00:00:00") + frame);
+    EXPECT_FALSE(file->isValid());
+    EXPECT_EQ(file->getErrorMsg(),
+              "- No launch (LAU) line was found in this file, and a pressure diagnosed launch time "
+              "cannot be determined. This sounding cannot be processed.\n");
+}
+
+TEST(OmbraLaunch, ALaunchTimeHasToBeOne) {
+    const std::string invalid = "- Launch date or time is invalid.\n";
+    const std::pair<const char*, bool> cases[] = {
+        {"210801 120003.00", true},  {"211301 120003.00", false},       {"210832 120003.00", false},
+        {"210801 126003.00", false}, {"210801 120060.00", false},       {"210801 ------.--", false},
+        {"21-8-1 120003.00", false}, {"210801                ", false},
+    };
+    for (const auto& [text, isTime] : cases) {
+        const auto file = readText(version16() + "OMBRA-T01 LAU 204715063 " + text + "\n" + frameText({}));
+        EXPECT_EQ(file->isValid(), isTime) << text;
+        EXPECT_EQ(file->getErrorMsg().find(invalid) == std::string::npos, isTime) << text;
+    }
+    // what the pressure shows is a time, whatever the line says
+    const auto file = readText(version16() + "OMBRA-T01 LAU 204715063 211301 120003.00\n" + drop(-5.0, 9.5));
+    EXPECT_TRUE(file->isValid());
+    EXPECT_THAT(file->getErrorMsg(), HasSubstr("a late launch detect signal"));
+}
+
+TEST(OmbraLaunch, WithoutFramesThereIsNoData) {
+    const auto file = readText(version16() + launchLine(3.0));
+    EXPECT_FALSE(file->isValid());
+    EXPECT_EQ(file->getErrorMsg(), "- No sounding data found in file.\n");
+    EXPECT_EQ(startOf(*file), "2021-8-1 12:0:3");
+}

@@ -1,0 +1,158 @@
+#include "OmbraText.h"
+#include "ReadText.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <random>
+
+namespace {
+
+std::string csv() {
+    return "FileFormat,CSV\nYear,2021\nMonth,08\nDay,1\nHour,12\nMinute,00\nSecond,03\nFields,Time,Pressure,RH\n"
+           "Data,0.0,500,50\nData,0.5,501,51\n";
+}
+
+std::string ombra() {
+    return comment("Sonde ID/Type/Rev/Built/Sensors:", "204715063, RD, A, 2020, RSS421") +
+           comment("Launch Time (y,m,d,h,m,s):", "2021-08-01, 12:00:03") +
+           comment("Met/Wind Offset (s):", "PTU lags wind by 0.5 sec") +
+           comment("Pre-launch Obs Data System/Time:", "AIMS, 11:59:58") + shortDrop();
+}
+
+/// Everything an owner of a reader asks for.
+void use(SoundingFile& file) {
+    const int n = file.sTime()->lastIndex();
+    for (Series* series : {file.sPres(), file.sTdry(), file.sRh0(), file.sWdir(), file.sWspd(), file.sDz(), file.sLon(),
+                           file.sLat(), file.sAlt(), file.sGpsalt(), file.sSats(), file.sRh1(), file.sRh2()}) {
+        ASSERT_TRUE(series->lastIndex() == n || file.soundingType() != SoundingType::Ombra);
+    }
+    file.unixLaunchObsTime();
+    file.adjustErrStats(1.0);
+    EXPECT_GE(file.getPtuErrNum(), 0);
+    EXPECT_GE(file.getPGErrNum(), 0);
+    EXPECT_FALSE(file.description().empty());
+    EXPECT_TRUE(!file.isValid() || file.dataPoints() > 0);
+}
+
+void replaceAll(std::string& text, const std::string& what, const std::string& by) {
+    for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at + by.size())) {
+        text.replace(at, what.size(), by);
+    }
+}
+
+} // namespace
+
+TEST(ReaderRobustness, AFileMayEndAnywhere) {
+    for (const std::string& text : {csv(), ombra()}) {
+        int valid = 0;
+        for (std::size_t length = 0; length <= text.size(); ++length) {
+            const auto file = readText(text.substr(0, length));
+            if (file) {
+                use(*file);
+                valid += file->isValid() ? 1 : 0;
+            }
+        }
+        EXPECT_GT(valid, 0);
+    }
+}
+
+// Cut in the middle of its last frame's time, the sounding of the others is still there.
+TEST(ReaderRobustness, ACutLastLineCostsNothingElse) {
+    const std::string text = ombra();
+    const auto lastLine = text.rfind("OMBRA");
+    for (const std::size_t left : {5U, 28U, 30U, 34U}) {
+        const auto file = readText(text.substr(0, lastLine + left));
+        EXPECT_TRUE(file->isValid()) << left;
+        EXPECT_EQ(file->dataPoints(), 21) << left;
+    }
+}
+
+TEST(ReaderRobustness, LineEndsMakeNoDifference) {
+    for (const std::string& text : {csv(), ombra()}) {
+        const auto plain = readText(text);
+        std::string other = text;
+        replaceAll(other, "\n", "\r\n\r\n \t\n");
+        for (const auto& file : {readText(other), readText(text.substr(0, text.size() - 1))}) {
+            EXPECT_TRUE(file->isValid());
+            EXPECT_EQ(file->getErrorMsg(), plain->getErrorMsg());
+            EXPECT_EQ(file->sPres()->dataArray(), plain->sPres()->dataArray());
+            EXPECT_EQ(file->sRh2()->dataArray(), plain->sRh2()->dataArray());
+        }
+    }
+}
+
+TEST(ReaderRobustness, AnOverlongLineEndsTheReadingThere) {
+    const std::string longFrame = frameText({10.5}).substr(0, 150) + std::string(650, ' ') + "\n";
+    const auto file = readText(ombra() + longFrame + drop(11.0, 20.0));
+    EXPECT_TRUE(file->isValid());
+    EXPECT_EQ(file->dataPoints(), 23); // the frame that is too long counts as far as it was read
+}
+
+TEST(ReaderRobustness, GarbageIsNoSounding) {
+    std::mt19937 random(11);
+    std::uniform_int_distribution<int> byte(0, 255);
+    std::uniform_int_distribution<int> any(0, 1000000);
+    for (const std::string& text : {csv(), ombra()}) {
+        for (int run = 0; run < 300; ++run) {
+            std::string damaged = text;
+            for (int i = 0; i < 1 + run / 10; ++i) {
+                damaged[static_cast<std::size_t>(any(random)) % damaged.size()] = static_cast<char>(byte(random));
+            }
+            if (const auto file = readText(damaged)) {
+                use(*file);
+            }
+        }
+    }
+    std::string garbage = "FileFormat,CSV\n";
+    for (int i = 0; i < 20000; ++i) {
+        garbage += static_cast<char>(byte(random));
+    }
+    EXPECT_FALSE(readText(garbage)->isValid());
+    EXPECT_FALSE(readText("OMBRA-T01" + garbage.substr(14))->isValid());
+}
+
+TEST(ReaderRobustness, NumbersOutOfRange) {
+    for (const char* number :
+         {"99999999999999999999", "-99999999999999999999", "1e300", "-1e300", "1e999", "nan", ""}) {
+        std::string text = csv() + "LaunchObsTime,1:2:" + number + "\n";
+        for (const char* value : {"2021", "08", ",1\n", "12", "00", "03", "0.5"}) {
+            std::string changed = text;
+            replaceAll(changed, value, *value == ',' ? "," + std::string(number) + "\n" : number);
+            use(*readText(changed));
+        }
+        for (const char* value : {"210801", "12000", "770.00", "-12.00"}) {
+            std::string changed = ombra();
+            replaceAll(changed, value, number);
+            use(*readText(changed));
+        }
+    }
+    std::string farAway = ombra();
+    replaceAll(farAway, "120005.00", "120005" + std::string(300, '9'));
+    EXPECT_FALSE(readText(farAway)->isValid());
+}
+
+TEST(ReaderRobustness, CommentsWithoutEnd) {
+    std::string comments;
+    for (int i = 0; i < 10000; ++i) {
+        comments += comment("Standard Comments:", "c") + "\n" + comment("Nothing known:", "");
+    }
+    const auto file = readText(comments + shortDrop());
+    EXPECT_TRUE(file->isValid());
+    EXPECT_EQ(file->comments().size(), 10000U * 3 - 2);
+}
+
+// In a cabin that is never steady each frame looks for a steady stretch in vain. Lines and frames by the hundred
+// thousand take a fraction of a second; a step that costs the square of them takes many times the limit.
+TEST(ReaderRobustness, TheCostIsLinearInTheLines) {
+    std::string text = version16() + launchLine(0.0);
+    for (int i = 0; i < 80000; ++i) {
+        Frame frame;
+        frame.second = -43200.0 + i;
+        frame.pres = i % 2 == 0 ? 770.0 : 775.0;
+        text += frameText(frame) + comment("Nothing known:", "");
+    }
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_TRUE(readText(text)->isValid());
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+}

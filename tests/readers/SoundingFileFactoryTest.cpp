@@ -1,0 +1,76 @@
+#include "ReadText.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+std::string nameOfReader(const std::string& text) {
+    const auto file = readText(text);
+    return !file ? "none" : file->WMOsondeType() == "96" ? "Ombra" : "Csv";
+}
+
+} // namespace
+
+// A wind group of a message wins over everything; a format whose files nobody reads yet hides the later ones.
+TEST(SoundingFileFactory, TellsTheFormatFromTheFirstTwoLines) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"FileFormat,CSV", "Csv"},
+        {"FileFormat,CSV\nYear,2021\nmetadata", "Csv"},
+        {"fileFORMAT,csv\nOMBRA-T01", "Csv"},
+        {"Project\nFileFormat, CSV", "Csv"},
+        {"File\nFormat,CSV", "none"},
+        {"FileFormat\nCSV", "Csv"},
+        {"FileFormat,CSV\nComments,ttaa", "none"},
+        {"FileFormat,CSV\nYear,2021\nTTAA", "Csv"},
+        {"xxOMBRA-T01 COM", "Ombra"},
+        {"acs-t01", "Ombra"},
+        {"OMBRA-D01\nACS-D01", "none"},
+        {"Data Type: MIRRA OMBRA-T01", "none"},
+        {"VESTA-T01 ombra-t", "Ombra"},
+        {"\n\nFileFormat,CSV", "none"},
+        {"\nFileFormat,CSV", "Csv"},
+        {"whatever", "none"},
+        {"", "none"},
+        {"\n", "none"},
+    };
+    for (const auto& [text, reader] : cases) {
+        EXPECT_EQ(nameOfReader(text), reader) << text;
+    }
+}
+
+TEST(SoundingFileFactory, NeedsAStreamThatCanBeRead) {
+    Registry registry;
+    ConfigSet config(&registry);
+    EXPECT_EQ(SoundingFileFactory::newSoundingFile(config, "x", nullptr), nullptr);
+    std::istringstream failed("FileFormat,CSV");
+    failed.setstate(std::ios::failbit);
+    EXPECT_EQ(SoundingFileFactory::newSoundingFile(config, "x", &failed), nullptr);
+}
+
+TEST(SoundingFile, DescribesItselfByTheFileName) {
+    const std::string text = "FileFormat,CSV\nSoundingDescription,\"Rain\"";
+    const std::pair<const char*, const char*> cases[] = {
+        {"/a/b/c.csv", "c.csv Rain"},    {"c.csv", "c.csv Rain"}, {"C:\\a/b\\c.csv", "c.csv Rain"},
+        {"/a\\b/c.csv", "b/c.csv Rain"}, {"/a/", " Rain"},        {"", " Rain"},
+    };
+    for (const auto& [name, description] : cases) {
+        EXPECT_EQ(readText(text, "", name)->description(), description);
+    }
+}
+
+TEST(SoundingFile, TheTimeOfTheLaunchObservationIsOnTheDayOfTheLaunch) {
+    const std::pair<const char*, std::int64_t> cases[] = {
+        {"12:00:03", 1627819203},
+        {"12:00:03:50", 1627819203},
+        {" 12 : 00 : 03 ", 1627819203},
+        {"12:00", -999},
+        {"unknown", -999},
+        {"1:2:3:4:5", -999},
+        {"0:0:99999999999", 1627776000 + std::int64_t{2147483647}},
+    };
+    for (const auto& [text, seconds] : cases) {
+        const auto file = readText("FileFormat,CSV\nYear,2021\nMonth,8\nDay,1\nLaunchObsTime," + std::string(text));
+        EXPECT_EQ(file->unixLaunchObsTime(), seconds) << text;
+        EXPECT_EQ(file->unixLaunchObsTime(), seconds) << text << ", asked again";
+    }
+}
