@@ -2,7 +2,6 @@
 #include "SoundingFileFactory.h"
 
 #include <benchmark/benchmark.h>
-#include <malloc.h>
 
 #include <cstdio>
 #include <sstream>
@@ -33,15 +32,7 @@ std::string dropsondeFile(int frames) {
     return text;
 }
 
-/// Memory once taken stays with the process, so that the figures are those of the reader, whatever a page costs here.
-void keepMemory() {
-    constexpr int kNever = 1 << 30; // B
-    mallopt(M_TRIM_THRESHOLD, kNever);
-    mallopt(M_MMAP_THRESHOLD, kNever);
-}
-
 void readOmbra(benchmark::State& state) {
-    keepMemory();
     const std::string text = dropsondeFile(static_cast<int>(state.range(0)));
     Registry registry;
     ConfigSet config(&registry);

@@ -64,34 +64,18 @@ TEST(Words, AreTakenOffTheFront) {
 }
 
 // Expected seconds: `date -u -d ... +%s`.
-TEST(WrittenTime, SecondsOfDates) {
-    EXPECT_EQ(utcSeconds(1970, 1, 1, 0, 0, 0), 0);
-    EXPECT_EQ(utcSeconds(1969, 12, 31, 23, 59, 59), -1);
-    EXPECT_EQ(utcSeconds(2000, 2, 29, 0, 0, 0), 951782400);
-    EXPECT_EQ(utcSeconds(2009, 1, 1, 0, 0, 0), 1230768000);
-    EXPECT_EQ(utcSeconds(2021, 8, 1, 12, 0, 3), 1627819203);
-    EXPECT_EQ(utcSeconds(1900, 3, 1, 0, 0, 0), -2203891200);
-    EXPECT_EQ(utcSeconds(2021, 13, 1, 0, 0, 0), utcSeconds(2022, 1, 1, 0, 0, 0));
-    EXPECT_EQ(utcSeconds(2021, 0, 31, 0, 0, 0), utcSeconds(2020, 12, 31, 0, 0, 0));
-    EXPECT_EQ(utcSeconds(2021, 2, 29, 24, 60, 60), utcSeconds(2021, 3, 2, 1, 1, 0));
-}
-
 TEST(WrittenTime, ReadsKeyedLines) {
     EXPECT_EQ(timeTag("210801", "120003.00"), 1627819203.0);
     EXPECT_EQ(timeTag("210801", "120003.25"), 1627819203.25);
     EXPECT_EQ(timeTag("210801", "120003"), 1627819203.0);
-    EXPECT_EQ(timeTag("890101", "000000.0"), utcSeconds(2089, 1, 1, 0, 0, 0));
-    EXPECT_EQ(timeTag("900101", "000000.0"), utcSeconds(1990, 1, 1, 0, 0, 0));
+    EXPECT_EQ(timeTag("890101", "000000.0"), 3755376000.0);
+    EXPECT_EQ(timeTag("900101", "000000.0"), 631152000.0);
     EXPECT_EQ(WrittenTime::of(timeTag("210801", "120003.75")).text(), "2021-08-01 12:00:03");
 }
 
 TEST(WrittenTime, StaysInTheCalendar) {
     EXPECT_EQ(WrittenTime::of(1e300).text(), "9999-12-31 23:59:59");
     EXPECT_EQ(WrittenTime::of(-1e300).text(), "0001-01-01 00:00:00");
-    constexpr int kMost = std::numeric_limits<int>::max();
-    constexpr int kLeast = std::numeric_limits<int>::min();
-    EXPECT_GT(utcSeconds(kMost, kMost, kMost, kMost, kMost, kMost), 0);
-    EXPECT_LT(utcSeconds(kLeast, kLeast, kLeast, kLeast, kLeast, kLeast), 0);
 }
 
 TEST(SoundingLines, KeepsTheirOrderAndEmptiesBlankOnes) {
