@@ -1,5 +1,7 @@
 #include "BatchPlan.h"
 
+#include "AtomicFile.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
@@ -62,6 +64,13 @@ std::string placeOf(const std::string& path) {
     return error ? path : place.string();
 }
 
+/// Where a product of that name in \p directory ends up: one that stands there as a link is written where it leads.
+std::string productPlace(const fs::path& directory, const std::string& name) {
+    std::error_code error;
+    const fs::path path = directory / name;
+    return fs::is_symlink(path, error) ? placeOf(AtomicFile::linkTarget(path.string())) : path.string();
+}
+
 std::string productStem(const std::string& input) {
     const std::string name = fs::path(input).filename().string();
     return name.substr(0, name.rfind('.'));
@@ -80,25 +89,27 @@ std::vector<BatchJob> planBatch(const std::vector<std::string>& paths, bool recu
         inputs.insert(placeOf(job.input));
     }
     const fs::path out = placeOf(outDir);
-    std::map<std::string, std::string> writers; // product name to the input that makes it
+    std::map<std::string, std::string> writers; // place of a product to the input that makes it
     for (BatchJob& job : jobs) {
         if (!job.refusal.empty()) {
             continue;
         }
         const std::string stem = productStem(job.input);
+        std::vector<std::string> places;
         for (const BatchFormat* format : formats) {
             const std::string name = stem + format->suffix;
-            const auto earlier = writers.find(name);
+            places.push_back(productPlace(out, name));
+            const auto earlier = writers.find(places.back());
             if (earlier != writers.end()) {
                 job.refusal = "Its product " + name + " would overwrite that of " + earlier->second;
-            } else if (inputs.count((out / name).string()) != 0) {
+            } else if (inputs.count(places.back()) != 0) {
                 job.refusal = "Its product " + name + " would overwrite an input file";
             }
             job.products.push_back({format, (fs::path(outDir) / name).string()});
         }
         if (job.refusal.empty()) {
-            for (const BatchFormat* format : formats) {
-                writers.emplace(stem + format->suffix, job.input);
+            for (const std::string& place : places) {
+                writers.emplace(place, job.input);
             }
         }
     }

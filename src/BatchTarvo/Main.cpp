@@ -8,10 +8,12 @@
 
 #include <algorithm>
 #include <csignal>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <map>
+#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -109,20 +111,46 @@ private:
     std::size_t _next = 0;
 };
 
+/// Whether a report may go to \p path: it may replace an earlier report, but nothing else, least of all a sounding that
+/// stands where the name of the report was forgotten.
+bool mayHoldReport(const std::string& path) {
+    std::error_code error;
+    if (!fs::is_regular_file(path, error)) {
+        return true;
+    }
+    std::ifstream file(path);
+    const int first = file.get();
+    return first == std::ifstream::traits_type::eof() || first == '{';
+}
+
+/// A report among the inputs is one of an earlier run, in a directory that was asked for.
+void leaveOutReport(const std::string& path, std::vector<BatchJob>& jobs) {
+    std::error_code error;
+    if (!path.empty() && fs::is_regular_file(path, error)) {
+        jobs.erase(std::remove_if(jobs.begin(), jobs.end(),
+                                  [&](const BatchJob& job) { return fs::equivalent(job.input, path, error); }),
+                   jobs.end());
+    }
+}
+
 int processAll(const BatchOptions& options, BatchConfig& config, const std::vector<const BatchFormat*>& formats,
                const std::string& outDir) {
+    std::vector<BatchJob> jobs = planBatch(options.paths, options.recursive, formats, outDir);
     std::ofstream reportFile;
     std::ostream* reportStream = nullptr;
     if (options.report == "-") {
         reportStream = &std::cout;
     } else if (!options.report.empty()) {
+        if (!mayHoldReport(options.report)) {
+            return usageError("the report would replace a file that is no report: " + options.report);
+        }
+        leaveOutReport(options.report, jobs);
         reportFile.open(options.report);
         if (!reportFile) {
             return usageError("the report can't be written: " + options.report);
         }
         reportStream = &reportFile;
     }
-    const std::vector<BatchJob> jobs = planBatch(options.paths, options.recursive, formats, outDir);
     Progress progress(jobs.size(), options.quiet, options.report == "-");
     OrderedReport report(reportStream);
     WorkerPool pool({options.jobs, options.timeout}, config.set());
@@ -144,9 +172,24 @@ int processAll(const BatchOptions& options, BatchConfig& config, const std::vect
     return progress.failed() == 0 ? kAllProcessed : kSomeFailed;
 }
 
+/// A standard stream that the caller has closed would lend its number to the next file that is opened, and what is
+/// printed would end up there. As streams that can't be written, they fail instead.
+void occupyStandardStreams() {
+    while (true) {
+        const int file = open("/dev/null", O_RDONLY);
+        if (file > STDERR_FILENO) {
+            close(file);
+        }
+        if (file < 0 || file > STDERR_FILENO) {
+            return;
+        }
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
+    occupyStandardStreams();
     setTimeZone("TZ=GMT0");
     BatchOptions options;
     int status = kUsageError;

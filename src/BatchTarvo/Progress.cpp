@@ -29,8 +29,10 @@ std::string clockText(double seconds) {
 } // namespace
 
 Progress::Progress(std::size_t total, bool quiet, bool onErrorStream)
-    : _total(total), _quiet(quiet), _bar(!quiet && isatty(STDERR_FILENO) != 0), _lines(onErrorStream ? stderr : stdout),
-      _start(std::chrono::steady_clock::now()) {
+    : _total(total), _quiet(quiet), _lines(onErrorStream ? stderr : stdout), _start(std::chrono::steady_clock::now()) {
+    const bool reportOnTerminal = onErrorStream && isatty(STDOUT_FILENO) != 0; // its lines would run into the bar
+    _bar = !quiet && !reportOnTerminal && isatty(STDERR_FILENO) != 0;
+    _listsFiles = !quiet && (!_bar || isatty(fileno(_lines)) == 0);
     if (_bar) {
         drawBar();
     }
@@ -69,7 +71,7 @@ void Progress::fileDone(const FileReport& report) {
     if (report.failed) {
         std::fprintf(stderr, "%s: %s\n", report.file.c_str(), onOneLine(report.error).c_str());
     } else if (!_quiet) {
-        if (!_bar) {
+        if (_listsFiles) {
             std::string products;
             for (const std::string& product : report.products) {
                 products += " " + product;
@@ -78,7 +80,8 @@ void Progress::fileDone(const FileReport& report) {
         }
         for (const std::string& text : {report.error, report.qcError}) {
             if (!text.empty()) {
-                std::fprintf(_bar ? stderr : _lines, "%s: warning: %s\n", report.file.c_str(), onOneLine(text).c_str());
+                std::fprintf(_listsFiles ? _lines : stderr, "%s: warning: %s\n", report.file.c_str(),
+                             onOneLine(text).c_str());
             }
         }
     }

@@ -7,8 +7,8 @@
 #include <cstdio>
 #include <string>
 
-/// What the user sees while a batch runs: a bar with rate and remaining time on a terminal, else a line for each file.
-/// A file that failed is told on the error stream in any case.
+/// What the user sees while a batch runs: a bar with rate and remaining time on a terminal, and a line for each file
+/// where the lines don't go to one. A file that failed is told on the error stream in any case.
 class Progress {
 public:
     /// \p onErrorStream keeps standard output free for the report.
@@ -32,7 +32,8 @@ private:
     std::size_t _done = 0;
     std::size_t _failed = 0;
     bool _quiet;
-    bool _bar;
+    bool _bar = false;
+    bool _listsFiles = false;
     std::FILE* _lines;
     std::chrono::steady_clock::time_point _start;
 };

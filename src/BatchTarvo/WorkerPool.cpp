@@ -9,6 +9,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstring>
+#include <malloc.h>
 #include <poll.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -25,7 +26,8 @@ void requestStop(int signal) {
 }
 
 /// Holds the stopping signals back for as long as it lives: they arrive only in poll(), so that none falls between the
-/// look at stopSignal and the wait.
+/// look at stopSignal and the wait. A signal that the caller ignores (nohup, a job in the background of a script) stays
+/// ignored. A reader of our output that has gone stops the run like the others.
 class StopSignals {
 public:
     StopSignals() {
@@ -35,8 +37,11 @@ public:
         struct sigaction action {};
         action.sa_handler = requestStop;
         for (std::size_t i = 0; i < kSignals.size(); ++i) {
-            sigaddset(&held, kSignals[i]);
-            sigaction(kSignals[i], &action, &_before[i]);
+            sigaction(kSignals[i], nullptr, &_before[i]);
+            if (_before[i].sa_handler != SIG_IGN) {
+                sigaddset(&held, kSignals[i]);
+                sigaction(kSignals[i], &action, nullptr);
+            }
         }
         sigprocmask(SIG_BLOCK, &held, &_maskBefore);
     }
@@ -57,15 +62,17 @@ public:
     }
     /// For a worker: a signal ends it at once, and the parent tidies up.
     void restoreDefaults() const {
-        for (const int signal : kSignals) {
-            std::signal(signal, SIG_DFL);
+        for (std::size_t i = 0; i < kSignals.size(); ++i) {
+            if (_before[i].sa_handler != SIG_IGN) {
+                std::signal(kSignals[i], SIG_DFL);
+            }
         }
         sigprocmask(SIG_SETMASK, &_maskBefore, nullptr);
     }
 
 private:
-    static constexpr std::array<int, 3> kSignals{SIGINT, SIGTERM, SIGHUP};
-    std::array<struct sigaction, 3> _before{};
+    static constexpr std::array<int, 4> kSignals{SIGINT, SIGTERM, SIGHUP, SIGPIPE};
+    std::array<struct sigaction, kSignals.size()> _before{};
     sigset_t _maskBefore{};
 };
 
@@ -160,6 +167,9 @@ FileReport WorkerPool::finish(const BatchJob& job, Worker& worker) const {
 }
 
 int WorkerPool::run(const std::vector<BatchJob>& jobs, const Listener& listener) {
+    // What the plan freed lies scattered over the heap. Left so, every worker would gather it up again, and copy the
+    // whole heap of a long list in doing so.
+    malloc_trim(0);
     const StopSignals signals;
     std::vector<Worker> workers;
     std::size_t next = 0;
@@ -189,7 +199,8 @@ int WorkerPool::run(const std::vector<BatchJob>& jobs, const Listener& listener)
         for (std::size_t i = 0; i < workers.size(); ++i) {
             if (polled[i].revents != 0) {
                 workers[i].receive();
-            } else if (workers[i].seconds() >= _limits.timeout) {
+            }
+            if (!workers[i].closed && workers[i].seconds() >= _limits.timeout) {
                 kill(workers[i].pid, SIGKILL);
                 workers[i].timedOut = true;
             }

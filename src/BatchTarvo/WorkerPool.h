@@ -19,8 +19,8 @@ public:
 
     WorkerPool(Limits limits, ConfigSet& config) : _limits(limits), _config(config) {}
 
-    /// Runs all jobs. SIGINT and SIGTERM stop the workers and remove what they were writing. Returns the signal that
-    /// ended the run early, or 0.
+    /// Runs all jobs. SIGINT, SIGTERM, SIGHUP and SIGPIPE, unless they are ignored, stop the workers and remove what
+    /// they were writing. Returns the signal that ended the run early, or 0.
     int run(const std::vector<BatchJob>& jobs, const Listener& listener);
 
 private:

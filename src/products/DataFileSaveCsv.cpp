@@ -5,6 +5,7 @@
 #include "Missing.h"
 #include "RevisionInfo.h"
 #include "SndMetaData.h"
+#include "Text.h"
 
 #include <array>
 #include <sstream>
@@ -132,7 +133,7 @@ std::string DataFileSaveCsv::csvFormat(const char* format, double v, bool availa
 
 void DataFileSaveCsv::writeDate(const SndMetaData& metaData) {
     for (const DateLine& line : kDateLines) {
-        _stream << line.keyword << "," << formatVal(line.format, metaData.*line.field, 0) << "\n";
+        _stream << line.keyword << "," << stringFormat(line.format, metaData.*line.field) << "\n";
     }
 }
 

@@ -208,6 +208,53 @@ TEST(BatchTool, NeverWritesOneProductOverAnother) {
     EXPECT_EQ(readFile(folder / "dropQC.csv"), "an input of another kind");
 }
 
+TEST(BatchTool, FollowsALinkAmongTheProducts) {
+    const TemporaryFolder folder;
+    const std::string good = readFile(kExamples / "tradewind_drop_20210803.csv");
+    fs::create_directories(folder / "out");
+    writeFile(folder / "drop.csv", good);
+    writeFile(folder / "more.csv", good);
+    fs::create_symlink("../drop.csv", folder / "out/dropQC.csv");
+    fs::create_symlink("common.csv", folder / "out/dropRAW.csv");
+    fs::create_symlink("common.csv", folder / "out/moreRAW.csv");
+    EXPECT_EQ(tool(folder, "--out out drop.csv").err,
+              "drop.csv: Its product dropQC.csv would overwrite an input file\n");
+    EXPECT_EQ(readFile(folder / "drop.csv"), good);
+    EXPECT_EQ(tool(folder, "--out out --formats raw-csv drop.csv more.csv").err,
+              "more.csv: Its product moreRAW.csv would overwrite that of drop.csv\n");
+}
+
+TEST(BatchTool, AReportReplacesNothingButAReport) {
+    const TemporaryFolder folder;
+    const std::string good = readFile(kExamples / "tradewind_drop_20210803.csv");
+    fs::create_directories(folder / "in");
+    writeFile(folder / "in/a.csv", good);
+    writeFile(folder / "b.csv", good);
+    const Outcome forgotten = tool(folder, "--out out --report b.csv in/a.csv");
+    EXPECT_EQ(forgotten.status, 2);
+    EXPECT_THAT(forgotten.err, HasSubstr("b.csv"));
+    EXPECT_EQ(readFile(folder / "b.csv"), good);
+    for (const char* run : {"first", "second"}) {
+        const Outcome outcome = tool(folder, "--out out --report in/report.jsonl in");
+        EXPECT_EQ(outcome.status, 0) << run << outcome.err;
+        EXPECT_EQ(reportLines(readFile(folder / "in/report.jsonl")).size(), 1u) << run;
+    }
+}
+
+TEST(BatchTool, NothingPrintedGetsIntoAFileWhenTheStreamsAreClosed) {
+    const TemporaryFolder folder;
+    writeFile(folder / "drop.csv", readFile(kExamples / "tradewind_drop_20210803.csv"));
+    const std::string command = "cd '" + folder.path().string() + "' && env -u TARVOCONFIG HOME=. '" +
+                                TARVO_BATCH_PROGRAM "' --report r.jsonl drop.csv nosuch.csv <&- >&- 2>&-";
+    const int status = std::system(command.c_str());
+    EXPECT_EQ(WEXITSTATUS(status), 1);
+    const auto lines = reportLines(readFile(folder / "r.jsonl"));
+    ASSERT_EQ(lines.size(), 2u);
+    EXPECT_EQ(lines[0]["file"], "drop.csv");
+    EXPECT_TRUE(lines[0]["valid"]);
+    EXPECT_EQ(readFile(folder / "dropQC.csv").substr(0, 15), "FileFormat,CSV\n");
+}
+
 TEST(BatchTool, OverridesAndSetsTakeEffect) {
     const TemporaryFolder folder;
     const std::string file = "'" + (kExamples / "tradewind_drop_20210803.csv").string() + "'";

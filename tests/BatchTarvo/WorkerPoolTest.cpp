@@ -105,7 +105,7 @@ TEST(WorkerPool, AHangEndsWithItsTime) {
 }
 
 TEST(WorkerPool, AStopLeavesNothingHalfWritten) {
-    for (const int signal : {SIGINT, SIGTERM}) {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) {
         Batch batch;
         const pid_t pid = fork();
         if (pid == 0) {
@@ -122,6 +122,29 @@ TEST(WorkerPool, AStopLeavesNothingHalfWritten) {
         EXPECT_EQ(WEXITSTATUS(status), signal);
         EXPECT_EQ(batch.folder.size(), 1);
     }
+}
+
+TEST(WorkerPool, TidiesUpBehindALinkedProduct) {
+    Batch batch;
+    std::filesystem::create_directory(batch.folder / "elsewhere");
+    std::filesystem::create_symlink("elsewhere/target.txt", batch.folder / "dropHang.txt");
+    EXPECT_EQ(batch.run({batch.job(kHangs)}, 1.0), 0);
+    EXPECT_TRUE(std::filesystem::is_empty(batch.folder / "elsewhere"));
+    EXPECT_EQ(batch.folder.size(), 3);
+}
+
+TEST(WorkerPool, ASignalThatTheCallerIgnoresStopsNothing) {
+    Batch batch;
+    const auto before = std::signal(SIGHUP, SIG_IGN);
+    const std::vector<BatchJob> jobs{batch.job(kWrites), batch.job(kWrites), batch.job(kWrites)};
+    int processed = 0;
+    const int stopped = WorkerPool({1, 60.0}, batch.config.set).run(jobs, [&](std::size_t, const FileReport& report) {
+        std::raise(SIGHUP);
+        processed += report.failed ? 0 : 1;
+    });
+    std::signal(SIGHUP, before);
+    EXPECT_EQ(stopped, 0);
+    EXPECT_EQ(processed, 3);
 }
 
 TEST(FileReport, IsOneLineOfJson) {

@@ -135,6 +135,16 @@ TEST(CsvProduct, LeavesOutTheLaunchRowAndNullColumns) {
     EXPECT_EQ(write(1, false).substr(0, 15), "Data,-1.0,500.0");
 }
 
+TEST(CsvProduct, ADateThatIsMissingIsWrittenAsMissing) {
+    Analysis analysis;
+    SndMetaData meta;
+    meta.year = -999;
+    std::ostringstream out;
+    DataFileSaveCsv("p", out, 0, meta, analysis.editor, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                    nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, false);
+    EXPECT_EQ(stretch(out.str(), "Year", "Hour"), "Year,-999\nMonth,00\nDay,00\n");
+}
+
 TEST(CsvProduct, ReadsBack) {
     Analysis analysis;
     const auto back = read(analysis.config.set, analysis.csv(ProductColumns::qc(analysis.editor, analysis.config.set)));

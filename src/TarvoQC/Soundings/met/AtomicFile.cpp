@@ -13,19 +13,6 @@ namespace {
 
 constexpr int kMaxLinks = 40; // as many as the kernel follows
 
-/// Where \p path leads once its links are followed, also when the last of them leads to nothing.
-std::string linkTarget(fs::path path) {
-    std::error_code error;
-    for (int i = 0; i < kMaxLinks && fs::is_symlink(path, error); ++i) {
-        const fs::path target = fs::read_symlink(path, error);
-        if (error) {
-            break;
-        }
-        path = target.is_absolute() ? target : path.parent_path() / target;
-    }
-    return path.string();
-}
-
 /// Gives the file at \p path the owner and permissions of \p old. A change of owner needs rights that most users lack.
 bool copyRights(const struct stat& old, const std::string& path) {
     if (chown(path.c_str(), old.st_uid, old.st_gid) != 0 && errno != EPERM) {
@@ -46,7 +33,7 @@ bool syncToDisk(const std::string& path) {
 } // namespace
 
 AtomicFile::AtomicFile(const std::string& path, std::ios::openmode mode)
-    : _path(linkTarget(path)), _temporary(temporaryName(_path, getpid())) {
+    : _path(linkTarget(path)), _temporary(temporaryName(path, getpid())) {
     struct stat old {};
     if (stat(_path.c_str(), &old) == 0) {
         if (S_ISDIR(old.st_mode) || access(_path.c_str(), W_OK) != 0) {
@@ -90,8 +77,21 @@ void AtomicFile::removeTemporary() const {
     }
 }
 
+std::string AtomicFile::linkTarget(const std::string& name) {
+    fs::path path(name);
+    std::error_code error;
+    for (int i = 0; i < kMaxLinks && fs::is_symlink(path, error); ++i) {
+        const fs::path target = fs::read_symlink(path, error);
+        if (error) {
+            break;
+        }
+        path = target.is_absolute() ? target : path.parent_path() / target;
+    }
+    return path.string();
+}
+
 std::string AtomicFile::temporaryName(const std::string& path, pid_t pid) {
-    const fs::path place(path);
+    const fs::path place(linkTarget(path));
     // The name itself is cut: a product with a name as long as the file system allows must still find a temporary one.
     const std::string stem = place.filename().string().substr(0, 200);
     return (place.parent_path() / ("." + stem + "." + std::to_string(pid) + ".part")).string();

@@ -5,9 +5,9 @@
 #include <sys/types.h>
 
 /// A file that appears whole or not at all: it is written under a temporary name beside its place and renamed by
-/// commit(). Without a commit nothing is left, and a file that stood there before stays as it was. Links are followed, the
-/// permissions of a replaced file are kept, and one that its user may not write isn't replaced. A device or a pipe is
-/// written to as it is.
+/// commit(). Without a commit nothing is left, and a file that stood there before stays as it was. Links are followed,
+/// the permissions of a replaced file are kept, and one that its user may not write isn't replaced. A device or a pipe
+/// is written to as it is.
 class AtomicFile {
 public:
     explicit AtomicFile(const std::string& path, std::ios::openmode mode = std::ios::out);
@@ -25,6 +25,8 @@ public:
     /// \p synced it is on the disk before it takes the place of the old one, so that a power cut can't lose both.
     bool commit(bool synced = false);
 
+    /// Where \p path leads once its links are followed, also when the last of them leads to nothing.
+    static std::string linkTarget(const std::string& path);
     /// The temporary name that process \p pid uses for \p path, for whoever tidies up behind a process that was killed.
     static std::string temporaryName(const std::string& path, pid_t pid);
 

@@ -205,9 +205,11 @@ void Observation::initQCdata(double endTime, int rhChannel, bool discardBadCrc) 
     _rhChannel = rhChannel;
 }
 
+/// The series itself stays: pointers to raw series outlive a QC run.
 void Observation::selectRhChannel(int rhChannel) {
     if (numRhChan() > 1) {
-        addCopy("RawRH", rhChannel == 1 ? "RawRH1" : rhChannel == 2 ? "RawRH2" : "RawRH0");
+        const Id channel = rhChannel == 1 ? "RawRH1" : rhChannel == 2 ? "RawRH2" : "RawRH0";
+        *getSeries("RawRH") = Series(*getSeries(channel), "RawRH");
     }
 }
 
@@ -262,15 +264,15 @@ void Observation::makeQcWinds() {
 }
 
 /// A flag or a Keep order on only one of the four wind quantities takes the sample out of some of them: the others lose
-/// it too.
+/// it too, also when samples share a time.
 void Observation::keepWindsParallel() {
-    Series* wspd = getSeries("QCWspd");
+    Series& wspd = *getSeries("QCWspd");
     for (const char* wind : kWinds) {
-        wspd->matchSeries(*getSeries(wind), *wspd);
+        wspd = wspd.matchSeries(*getSeries(wind)).first;
     }
     for (const char* wind : kWinds) {
-        Series* series = getSeries(wind);
-        series->matchSeries(*wspd, *series);
+        Series& series = *getSeries(wind);
+        series = series.matchSeries(wspd).first;
     }
 }
 

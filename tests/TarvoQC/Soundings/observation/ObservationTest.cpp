@@ -192,6 +192,20 @@ TEST(Observation, WindsStayParallelWhenOneQuantityGoes) {
     }
 }
 
+TEST(Observation, WindsStayParallelWhenSamplesShareATime) {
+    Drop file;
+    for (Series* series : {file.sWspd(), file.sWdir()}) {
+        series->setTime(2, 1.0);
+        series->setAttribute(2, Value::CrcGps);
+    }
+    file.sWdir()->setAttribute(2, Value::QcKeep);
+    Observation observation(&file);
+    observation.initQCdata(0, true);
+    for (const char* wind : {"QCWspd", "QCWdir", "QCU", "QCV"}) {
+        EXPECT_EQ(times(observation, wind), "0 1 3") << wind;
+    }
+}
+
 TEST(Observation, IgnoreOrderTakesTheLastFrameToo) {
     Drop file;
     Observation observation(&file);
@@ -232,6 +246,7 @@ TEST(Observation, RhChannelReplacesTheRhInForce) {
     file._launchRH = 40.0;
     Observation observation(&file);
     EXPECT_EQ(textOf(*observation.getSeries("RawRH1")), "-1:40 0:61 1:61");
+    const Series* inForce = observation.getSeries("RawRH");
     const std::map<int, std::string> expected{{0, "-1:40 0:50 1:51 2:52 3:53"},
                                               {1, "-1:40 0:61 1:61"},
                                               {2, "-1:40 0:72 1:72"},
@@ -240,6 +255,7 @@ TEST(Observation, RhChannelReplacesTheRhInForce) {
         observation.initQCdata(channel, true);
         EXPECT_EQ(textOf(*observation.getSeries("QCRH")), text) << channel;
         EXPECT_EQ(observation.getSeries("RawRH")->id().name(), "RawRH");
+        EXPECT_EQ(observation.getSeries("RawRH"), inForce) << "pointers to raw series outlive a run";
     }
 }
 
