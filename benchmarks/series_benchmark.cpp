@@ -55,4 +55,3 @@ void interpTimeWholeSeries(benchmark::State& state) {
 
 BENCHMARK(interpolateWholeSeries)->RangeMultiplier(2)->Range(1000, 64000)->Complexity()->Unit(benchmark::kMicrosecond);
 BENCHMARK(interpTimeWholeSeries)->RangeMultiplier(2)->Range(1000, 64000)->Complexity()->Unit(benchmark::kMicrosecond);
-

@@ -115,7 +115,8 @@ bool BatchConfig::applyOverride(const std::string& assignment) {
     double number = 0.0;
     if (!parseValue(*parameter, text, number)) {
         return fail("--override " + key + " takes a " +
-                    (parameter->kind == ParameterKind::Flag ? "flag (true or false)" : "number") + ", not " + quoted(text));
+                    (parameter->kind == ParameterKind::Flag ? "flag (true or false)" : "number") + ", not " +
+                    quoted(text));
     }
     if (parameter->scope == ParameterScope::OnDemand) {
         _set->add(key, number, false, false, true);

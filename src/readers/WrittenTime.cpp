@@ -11,8 +11,8 @@ namespace {
 
 constexpr std::string_view kDigits = "0123456789";
 constexpr std::string_view kDigitsAndPoint = "0123456789.";
-constexpr std::size_t kWrittenLength = 6; // of YYMMDD and of HHMMSS
-constexpr int kFirstYearOf1900s = 90;     // two-digit years below it are 20xx
+constexpr std::size_t kWrittenLength = 6;       // of YYMMDD and of HHMMSS
+constexpr int kFirstYearOf1900s = 90;           // two-digit years below it are 20xx
 constexpr double kFirstSecond = -62135596800.0; // 0001-01-01 00:00:00
 constexpr double kLastSecond = 253402300799.0;  // 9999-12-31 23:59:59
 

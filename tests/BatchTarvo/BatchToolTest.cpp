@@ -152,12 +152,13 @@ TEST(BatchTool, BadInputCostsOnlyItself) {
     for (int i = 0; i < 10000; ++i) {
         comments += "OMBRA-T01 COM Operator Comments:                     synthetic\n";
     }
-    std::string backward = dfile;
+    const std::string backward = dfile + dfile.substr(dfile.rfind('\n', dfile.size() - 500) + 1);
     std::string binary;
     for (int i = 0; i < 100000; ++i) {
         binary += static_cast<char>(i * 7919 >> 3);
     }
     add("a good 'one' \xC3\xA4\xC3\xB6.csv", good);
+    add("backward.D0", backward);
     add("binary.D1", binary);
     add("comments.D2", comments);
     add("empty.csv", "");
@@ -183,6 +184,7 @@ TEST(BatchTool, BadInputCostsOnlyItself) {
         EXPECT_EQ(line["error"].get<std::string>().find("crash"), std::string::npos) << line;
     }
     EXPECT_THAT(valid, ElementsAre("in/a good 'one' \xC3\xA4\xC3\xB6.csv", "in/out_of_range.csv", "in/truncated.D5"));
+    EXPECT_THAT(outcome.err, HasSubstr("in/backward.D0: - Time values out of sequence in line"));
     EXPECT_TRUE(fs::exists(folder / "out/a good 'one' \xC3\xA4\xC3\xB6QC.csv"));
 
     EXPECT_THAT(tool(folder, "--out out2 --recursive --report - in").out, HasSubstr("in/sub/below.csv"));

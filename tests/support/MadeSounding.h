@@ -12,6 +12,7 @@ public:
         _soundingType = ascending ? SoundingType::Unknown : SoundingType::Ombra;
     }
 
+    using SoundingFile::_crcErrors;
     using SoundingFile::_launchAlt;
     using SoundingFile::_launchLat;
     using SoundingFile::_launchLon;
@@ -20,7 +21,6 @@ public:
     using SoundingFile::_launchTdry;
     using SoundingFile::_launchWdir;
     using SoundingFile::_launchWspd;
-    using SoundingFile::_crcErrors;
     using SoundingFile::_soundingType;
     using SoundingFile::registerRHchan;
 

@@ -4,7 +4,8 @@
 
 // What the process environment decides. For the main thread.
 
-/// Puts \p text (such as "TZ=GMT0") into the process environment and makes the time functions take it up. A text without
+/// Puts \p text (such as "TZ=GMT0") into the process environment and makes the time functions take it up. A text
+/// without
 /// "=" changes nothing.
 void setTimeZone(const std::string& text);
 

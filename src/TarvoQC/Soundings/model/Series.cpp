@@ -11,8 +11,8 @@ bool between(double x, double a, double b) {
     return (a <= x && x <= b) || (b <= x && x <= a);
 }
 
-/// y at x on the straight line through (x0, y0) and (x1, y1), exactly that of an end at the end, even when the other end
-/// isn't a number; the mean of the two when x0 equals x1.
+/// y at x on the straight line through (x0, y0) and (x1, y1), exactly that of an end at the end, even when the other
+/// end isn't a number; the mean of the two when x0 equals x1.
 double onLine(double x, double x0, double y0, double x1, double y1) {
     if (x0 == x1) {
         return (y0 + y1) / 2.0;

@@ -119,9 +119,7 @@ void Sounding::applySndMetaData() {
     }
     checkLaunchPair("QCLat", "QCLon");
     checkLaunchPair("QCWspd", "QCWdir");
-    if (wspd.empty()) {
-        return;
-    }
+    // Also when nothing is left of the speed: the four wind series stay of one length.
     if (!isLaunchValue("QCWspd", 0) && isLaunchValue("QCU", 0)) {
         qcU.remove(0);
         qcV.remove(0);

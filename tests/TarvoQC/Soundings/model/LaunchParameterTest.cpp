@@ -13,10 +13,10 @@ TEST(LaunchParameter, overridesAndIgnoring) {
         double value;
         bool avail, availWithIgnored;
     } cases[] = {
-        {false, "", -999.0, false, false},  {false, "n", -999.0, false, false}, {false, "i", -999.0, false, false},
-        {false, "o", 7, true, true},        {false, "iO", 7, true, true},       {false, "on", -999.0, false, false},
+        {false, "", -999.0, false, false},   {false, "n", -999.0, false, false}, {false, "i", -999.0, false, false},
+        {false, "o", 7, true, true},         {false, "iO", 7, true, true},       {false, "on", -999.0, false, false},
         {false, "oi", -999.0, false, false}, {true, "", 5, true, true},          {true, "i", 5, false, true},
-        {true, "in", 5, true, true},        {true, "O", 7, true, true},         {true, "oi", 5, false, true},
+        {true, "in", 5, true, true},         {true, "O", 7, true, true},         {true, "oi", 5, false, true},
         {true, "on", 5, true, true},
     };
     for (const auto& c : cases) {

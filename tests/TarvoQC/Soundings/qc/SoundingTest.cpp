@@ -174,6 +174,21 @@ TEST(Sounding, ALaunchWindOrPositionExistsAsAPairOrNotAtAll) {
     EXPECT_EQ(onlyLatitude.series("QCLat"), "");
 }
 
+TEST(Sounding, AWindOfALaunchAloneGoesWithItsDirection) {
+    CsvText text(false);
+    text.line("Speed,10").line("Direction,270").fields("Time,Pressure,Speed,Direction");
+    text.data("0,500,,").data("1,501,9,260").data("2,502,9,260");
+    QcRun run(text);
+    run.config.override("LastDataTimeOverride", 0.5);
+    run.process();
+    ASSERT_EQ(run.series("QCWspd"), "-1:10");
+    run.config.override("IgnoreLaunchWdir", 1.0);
+    run.process();
+    for (const char* wind : {"QCWspd", "QCWdir", "QCU", "QCV"}) {
+        EXPECT_EQ(run.series(wind), "") << wind;
+    }
+}
+
 TEST(Sounding, OffsetsSpareTheLaunchValue) {
     QcRun run(drop().line("Pressure,495"));
     run.config.set.set("PresOffset", 1.5);
