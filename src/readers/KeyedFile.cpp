@@ -45,10 +45,20 @@ void KeyedFile::describeSonde() {
     _descriptionText = _sondeId + " " + trimBoth(_descriptionText);
 }
 
+std::array<Series*, 15> KeyedFile::allFrameSeries() {
+    return {&_sTime, &_sPres, &_sTdry, &_sRh0, &_sRh1, &_sRh2,   &_sWdir, &_sWspd,
+            &_sDz,   &_sLon,  &_sLat,  &_sAlt, &_sGpsalt, &_sSats, &_sWe};
+}
+
+void KeyedFile::reserveFrames() {
+    for (Series* series : allFrameSeries()) {
+        series->reserve(lines().size());
+    }
+}
+
 std::vector<Series*> KeyedFile::frameSeries() {
     std::vector<Series*> used;
-    for (Series* series : {&_sTime, &_sPres, &_sTdry, &_sRh0, &_sRh1, &_sRh2, &_sWdir, &_sWspd, &_sDz, &_sLon, &_sLat,
-                           &_sAlt, &_sGpsalt, &_sSats, &_sWe}) {
+    for (Series* series : allFrameSeries()) {
         if (!series->empty()) {
             used.push_back(series);
         }

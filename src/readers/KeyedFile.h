@@ -2,6 +2,7 @@
 
 #include "SoundingFile.h"
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,8 +35,13 @@ protected:
     /// Heads the description with the sonde identifier, once all lines are read.
     void describeSonde();
 
+    /// Makes room for as many frames as there are lines.
+    void reserveFrames();
     /// The series that carry data, all of one length.
     std::vector<Series*> frameSeries();
     /// Makes the times relative: every time tag, and the data of sTime, become seconds from \p launch.
     void countFrom(double launch);
+
+private:
+    std::array<Series*, 15> allFrameSeries();
 };

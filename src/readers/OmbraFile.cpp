@@ -65,6 +65,7 @@ void OmbraFile::readData() {
         registerRHchan(channel);
     }
     _rhHeatingOn = true;
+    reserveFrames();
     findFormatVersion();
     readLines();
     describeSonde();

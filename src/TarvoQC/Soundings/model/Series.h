@@ -25,6 +25,8 @@ public:
     void reset(const Id& id);
     /// Empties the series; it keeps its name.
     void removeAll();
+    /// Makes room for \p n values, so that appending up to there moves none.
+    void reserve(std::size_t n) { _values.reserve(n); }
 
     bool empty() const { return _values.empty(); }
     /// The size minus 1, so -1 for an empty series.
