@@ -43,8 +43,8 @@ void Altitude::calculate(Series& alt, const Series& pres, const Series& tdry, co
     }
     const int last = alt.lastIndex();
     const int step = dir == FORWARD ? 1 : -1;
-    log = std::string(dir == FORWARD ? "Downward" : "Upward") + " integration starts @ " +
-          stringFormat("%.1f", start) + "m";
+    log = std::string(dir == FORWARD ? "Downward" : "Upward") + " integration starts @ " + stringFormat("%.1f", start) +
+          "m";
     double z = start;
     int i = dir == FORWARD ? 0 : last;
     alt.setData(i, z);

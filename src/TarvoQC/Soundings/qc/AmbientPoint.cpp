@@ -21,9 +21,8 @@ double AmbientPoint::numTimeConstants(double difference, double accuracy) {
 }
 
 AmbientPoint::Equilibration AmbientPoint::temperature(const Series* tdrySeries, const Series* presSeries,
-                                                      double pressure, double tdry, double cabinTemp,
-                                                      double accuracy, double mass, double chuteArea,
-                                                      double dragCoef) const {
+                                                      double pressure, double tdry, double cabinTemp, double accuracy,
+                                                      double mass, double chuteArea, double dragCoef) const {
     if (tdrySeries->empty() || presSeries->empty() || cabinTemp == tdry) {
         return {};
     }

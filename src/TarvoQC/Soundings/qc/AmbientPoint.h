@@ -21,8 +21,7 @@ public:
     /// For temperature to within \p accuracy (deg C), from the ambient \p pressure (mb) and \p tdry (deg C) and the
     /// \p cabinTemp (deg C). Nothing for an empty series.
     Equilibration temperature(const Series* tdrySeries, const Series* presSeries, double pressure, double tdry,
-                              double cabinTemp, double accuracy, double mass, double chuteArea,
-                              double dragCoef) const;
+                              double cabinTemp, double accuracy, double mass, double chuteArea, double dragCoef) const;
     /// For RH to within \p accuracy (%), from the ambient \p rh (%) and \p tdry (deg C).
     Equilibration RH(const Series* rhSeries, const Series* presSeries, double rh, double tdry, double cabinTemp,
                      double accuracy) const;

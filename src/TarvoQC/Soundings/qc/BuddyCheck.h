@@ -2,9 +2,9 @@
 
 #include "ParallelSeries.h"
 
-/// Finds single-point spikes: a sample that rises steeply from its left neighbour and falls as steeply to its right one,
-/// or the other way round, about the trend of its series. The last sample needs no right neighbour; the first is never
-/// judged.
+/// Finds single-point spikes: a sample that rises steeply from its left neighbour and falls as steeply to its right
+/// one, or the other way round, about the trend of its series. The last sample needs no right neighbour; the first is
+/// never judged.
 class BuddyCheck {
 public:
     virtual ~BuddyCheck() = default;

@@ -6,11 +6,11 @@
 
 namespace {
 
-constexpr double kGravity = 9.80665;     // m/s2
-constexpr double kMaxGap = 60.0;         // s
-constexpr double kEndWavelength = 4.0;   // s
-constexpr double kEndStretch = 4.0;      // s
-constexpr double kPerEndStretch = 0.25;  // 1/s
+constexpr double kGravity = 9.80665;    // m/s2
+constexpr double kMaxGap = 60.0;        // s
+constexpr double kEndWavelength = 4.0;  // s
+constexpr double kEndStretch = 4.0;     // s
+constexpr double kPerEndStretch = 0.25; // 1/s
 
 } // namespace
 

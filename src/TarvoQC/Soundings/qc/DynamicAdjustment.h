@@ -3,7 +3,8 @@
 #include "Series.h"
 #include "TimeConstant.h"
 
-/// Corrects a series for the lag of its sensor: what it reads lags behind by the time constant times the rate of change.
+/// Corrects a series for the lag of its sensor: what it reads lags behind by the time constant times the rate of
+/// change.
 class DynamicAdjustment {
 public:
     virtual ~DynamicAdjustment() = default;

@@ -28,8 +28,8 @@ int FilterCheck::check(const SeriesList& series, double deviation, double wavele
         }
     }
     for (auto i = condemned.rbegin(); i != condemned.rend(); ++i) {
-        DCapture::dcout << "   Removing " << judged.data(*i) << ", smoothed value "
-                        << spline.evaluate(judged.time(*i)) << " (time " << judged.time(*i) << ")\n";
+        DCapture::dcout << "   Removing " << judged.data(*i) << ", smoothed value " << spline.evaluate(judged.time(*i))
+                        << " (time " << judged.time(*i) << ")\n";
     }
     return removeAndStamp(series, condemned, flagSeries, Value::QcFilterCheck);
 }

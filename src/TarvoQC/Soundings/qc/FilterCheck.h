@@ -2,8 +2,8 @@
 
 #include "ParallelSeries.h"
 
-/// Compares each sample with a smooth curve through its series. Launch and surface observations are in the curve and are
-/// never judged.
+/// Compares each sample with a smooth curve through its series. Launch and surface observations are in the curve and
+/// are never judged.
 class FilterCheck {
 public:
     virtual ~FilterCheck() = default;

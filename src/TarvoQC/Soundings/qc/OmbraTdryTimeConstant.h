@@ -18,7 +18,8 @@ public:
     void update(const Series* pres, const Series* tdry, double chuteArea, double dragCoef, double mass);
 
 private:
-    template <typename FallRate> void rebuild(const Series& pres, const Series& tdry, FallRate fallRate);
+    template <typename FallRate>
+    void rebuild(const Series& pres, const Series& tdry, FallRate fallRate);
 
     Series _series;
     RSTdryTC _sensor;

@@ -2,8 +2,8 @@
 
 #include "ParallelSeries.h"
 
-/// Finds samples too far from the trend of their series, in units of the standard deviation about it. The trend is taken
-/// once, before anything is removed; the first sample is never judged.
+/// Finds samples too far from the trend of their series, in units of the standard deviation about it. The trend is
+/// taken once, before anything is removed; the first sample is never judged.
 class OutlierCheck {
 public:
     virtual ~OutlierCheck() = default;

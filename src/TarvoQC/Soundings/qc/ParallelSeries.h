@@ -8,8 +8,9 @@
 /// wind series.
 using SeriesList = std::vector<Series*>;
 
-/// Removes the values at \p indices (ascending, of the first series) from every series, and stamps \p attribute at their
-/// times on every one of \p flagSeries. Null series among the latter are passed over. Returns how many indices there were.
+/// Removes the values at \p indices (ascending, of the first series) from every series, and stamps \p attribute at
+/// their times on every one of \p flagSeries. Null series among the latter are passed over. Returns how many indices
+/// there were.
 int removeAndStamp(const SeriesList& series, const std::vector<int>& indices, const SeriesList& flagSeries,
                    Value::AttributeType attribute);
 

@@ -14,7 +14,7 @@ struct SensorConstants {
 
 constexpr SensorConstants kThinWire{0.00013, 8.5532e-8, 6.3e-7}; // RS90 and RS92
 constexpr SensorConstants kBead{0.00215, 2.6e-6, 1.4e-5};
-constexpr double kRS41Factor = 0.25; // of the bead's time constant
+constexpr double kRS41Factor = 0.25;   // of the bead's time constant
 constexpr double kGasConstant = 287.0; // J/(kg K), dry air
 
 } // namespace

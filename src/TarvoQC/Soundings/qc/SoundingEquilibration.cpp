@@ -26,8 +26,7 @@ void Sounding::ambient() {
         return;
     }
     if (getSeries("QCTdry")->empty()) {
-        _summary.addItem(kTopic,
-                         "Warning: no ambient equilibration performed because there is no temperature data");
+        _summary.addItem(kTopic, "Warning: no ambient equilibration performed because there is no temperature data");
     } else {
         const double temperatureTime = ambientTemperature();
         ambientRH();
@@ -52,8 +51,8 @@ double ambientValue(const LaunchParameter& parameter, bool useIgnored, double un
 
 std::string equilibrationItem(const std::string& quantity, bool isOverride, double time, const std::string& sensor,
                               double timeConstants) {
-    return quantity + " equilibration" + (isOverride ? " (override) " : " ") + "at time: " +
-           stringFormat("%.1f", time) + "s" +
+    return quantity + " equilibration" + (isOverride ? " (override) " : " ") +
+           "at time: " + stringFormat("%.1f", time) + "s" +
            (isOverride ? "." : ", " + sensor + " sensor time constants: " + stringFormat("%.1f", timeConstants));
 }
 
@@ -78,9 +77,9 @@ double Sounding::ambientTemperature() {
     AmbientPoint::Equilibration point{valueOf("TdryEquilTimeOverride"), 0.0};
     const bool isOverride = point.time > 0.0;
     if (!isOverride) {
-        point = _ambientPoint->temperature(getSeries("QCTdry"), getSeries("QCPres"), p, t, cabin,
-                                           kTemperatureAccuracy, valueOf("DropSondeMass", 400.0),
-                                           valueOf("ChuteArea", 676.0), valueOf("DragCoef", 0.61));
+        point = _ambientPoint->temperature(getSeries("QCTdry"), getSeries("QCPres"), p, t, cabin, kTemperatureAccuracy,
+                                           valueOf("DropSondeMass", 400.0), valueOf("ChuteArea", 676.0),
+                                           valueOf("DragCoef", 0.61));
     }
     trimHead(seriesOf({"QCTdry"}), seriesOf({"RawTdry"}), point.time);
     _attributes["TdryEquilTime"] = stringFormat("%.2f", point.time);
@@ -99,15 +98,13 @@ void Sounding::ambientRH() {
     AmbientPoint::Equilibration point{valueOf("RHEquilTimeOverride"), 0.0};
     const bool isOverride = point.time > 0.0;
     if (!isOverride) {
-        point = _ambientPoint->RH(rhSeries, getSeries("QCPres"),
-                                  ambientValue(_meta.launchRH, useIgnored, kUnknownRH),
+        point = _ambientPoint->RH(rhSeries, getSeries("QCPres"), ambientValue(_meta.launchRH, useIgnored, kUnknownRH),
                                   ambientValue(_meta.launchTdry, useIgnored, kUnknownTdry), valueOf("CabinTemp"),
                                   kRHAccuracy);
     }
     trimHead({rhSeries}, seriesOf({"RawRH"}), point.time);
     _attributes["RHEquilTime"] = stringFormat("%.2f", point.time);
-    _summary.addItem(kTopic,
-                     equilibrationItem("RH", isOverride, point.time, _sensorName + " RH", point.timeConstants));
+    _summary.addItem(kTopic, equilibrationItem("RH", isOverride, point.time, _sensorName + " RH", point.timeConstants));
 }
 
 void Sounding::ambientPressure(double temperatureTime) {

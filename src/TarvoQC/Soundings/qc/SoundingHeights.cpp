@@ -73,8 +73,7 @@ void Sounding::dropAltitudes(double span, double start) {
         Series* series = getSeries(launch.series);
         const LaunchParameter& parameter = _meta.*launch.parameter;
         if (!series->empty() && !series->testAttribute(0, Value::ObsFlight) && parameter.avail(useIgnored)) {
-            temporary.push_back(
-                std::make_unique<TemporaryLaunchValue>(series, parameter.value(), Value::ObsFlight));
+            temporary.push_back(std::make_unique<TemporaryLaunchValue>(series, parameter.value(), Value::ObsFlight));
         }
     }
     if (boolOf("DropsondeHitSfc") && !boolOf("SfcAltUnknown")) {

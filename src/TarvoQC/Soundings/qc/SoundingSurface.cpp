@@ -12,13 +12,13 @@ namespace {
 const char* const kTopic = "Surface Observation";
 
 constexpr std::array<double, 4> kWavelengths{2.0, 4.0, 6.0, 8.0}; // s, tried in this order
-constexpr double kSecondsToSurface = 0.54; // from the last usable frame on
-constexpr double kDefaultFallRate = -12.0; // m/s
-constexpr double kDefaultRH = 70.0;        // %
+constexpr double kSecondsToSurface = 0.54;                        // from the last usable frame on
+constexpr double kDefaultFallRate = -12.0;                        // m/s
+constexpr double kDefaultRH = 70.0;                               // %
 constexpr double kMetresPerMb = 8.7;
-constexpr double kTailBehindData = 1.0;     // s
-constexpr double kOldestPressure = 10.0;    // s before the splash
-constexpr double kOldestOther = 1.5;        // s before the splash
+constexpr double kTailBehindData = 1.0;  // s
+constexpr double kOldestPressure = 10.0; // s before the splash
+constexpr double kOldestOther = 1.5;     // s before the splash
 
 } // namespace
 
@@ -50,9 +50,9 @@ void Sounding::createSfcObs() {
     }
     double temperature = 0.0;
     const bool hasTemperature = extrapolateAtEnd(tdry, splash, temperature);
-    const double surfacePressure =
-        hasTemperature ? hydroP(p, temperature, temperature, humidity, humidity, 0.0, distance)
-                       : p - distance / kMetresPerMb;
+    const double surfacePressure = hasTemperature
+                                       ? hydroP(p, temperature, temperature, humidity, humidity, 0.0, distance)
+                                       : p - distance / kMetresPerMb;
     createSfcValue(pres, surfaceTime, surfacePressure);
     createSfcValue(getSeries("QCVVPres"), surfaceTime, surfacePressure);
     item("Fall distance from last frame: " + stringFormat("%.1f", -distance) + "m");

@@ -8,11 +8,11 @@
 
 namespace {
 
-constexpr double kMaxGap = 60.0;             // s
-constexpr double kDefaultWavelength = 10.0;  // s
-constexpr double kDefaultVVDelta = 2.5;      // m/s
-constexpr int kFewestJudged = 3;             // samples
-constexpr double kGreatestRatio = 3.0;       // of fall rates; what is beyond counts for nothing
+constexpr double kMaxGap = 60.0;            // s
+constexpr double kDefaultWavelength = 10.0; // s
+constexpr double kDefaultVVDelta = 2.5;     // m/s
+constexpr int kFewestJudged = 3;            // samples
+constexpr double kGreatestRatio = 3.0;      // of fall rates; what is beyond counts for nothing
 constexpr double kFastRatio = 1.35;
 constexpr double kFastFraction = 0.5;
 
@@ -27,8 +27,7 @@ void Sounding::verticalVelocityFinal() {
 }
 
 void Sounding::verticalVelocity(const std::string& title) {
-    const auto compute = [&](const char* pres, const char* dz, double wavelength, const char* name,
-                             const char* topic) {
+    const auto compute = [&](const char* pres, const char* dz, double wavelength, const char* name, const char* topic) {
         const Series* presSeries = getSeries(pres);
         Series* dzSeries = getSeries(dz);
         if (presSeries->empty()) {

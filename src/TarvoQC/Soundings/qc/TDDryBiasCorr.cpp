@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::array<double, 5> kKi{0.5227, -0.0284, 0.000286, 8.97e-07, -1.26e-09};
 constexpr std::array<double, 5> kMi{1.0757, -0.204, 0.009009, -5.83e-05, -1.04e-06};
-constexpr double kLeastRH = 1.0;  // %
+constexpr double kLeastRH = 1.0; // %
 constexpr double kFloorRH = 0.1; // %, what the correction at the source left of a value below its range
 
 /// The sum of coefficients times the powers 0 to 4 of \p t.

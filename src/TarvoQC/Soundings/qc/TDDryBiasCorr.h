@@ -11,8 +11,8 @@ class TDDryBiasCorr {
 public:
     virtual ~TDDryBiasCorr() = default;
 
-    /// Corrects every value of \p rh but a launch observation. One without a temperature within \p gap (s), or below 1 %
-    /// after the correction, is removed; the latter is stamped DryBiasCorrection on \p flagSeries. Returns the number
+    /// Corrects every value of \p rh but a launch observation. One without a temperature within \p gap (s), or below 1
+    /// % after the correction, is removed; the latter is stamped DryBiasCorrection on \p flagSeries. Returns the number
     /// removed.
     int correct(Series* rh, Series* flagSeries, const Series* tdry, double gap) const;
 

@@ -18,8 +18,8 @@ bool W::w(const Series* dz, const Series* pres, const Series* tdry, double chute
         double temperature = 0.0;
         double pressure = 0.0;
         if (tdry->interpolate(time, kMaxGap, temperature) && pres->interpolate(time, kMaxGap, pressure)) {
-            out->appendValue(
-                dz->data(i) + DropsondeFallRate::value(pressure, temperature, chuteArea, dragCoef, mass), time);
+            out->appendValue(dz->data(i) + DropsondeFallRate::value(pressure, temperature, chuteArea, dragCoef, mass),
+                             time);
         }
     }
     return true;

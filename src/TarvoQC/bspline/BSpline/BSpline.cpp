@@ -31,11 +31,13 @@ constexpr double kPenaltyParts[3][4][4] = {
 
 } // namespace
 
-template <typename T> BSplineBase<T>::BSplineBase(const T* x, int nx, double wl, int bc, int numNodes) {
+template <typename T>
+BSplineBase<T>::BSplineBase(const T* x, int nx, double wl, int bc, int numNodes) {
     setDomain(x, nx, wl, bc, numNodes);
 }
 
-template <typename T> bool BSplineBase<T>::setDomain(const T* x, int nx, double wl, int bc, int numNodes) {
+template <typename T>
+bool BSplineBase<T>::setDomain(const T* x, int nx, double wl, int bc, int numNodes) {
     if (nx < 1 || x == nullptr || !(wl >= 0.0) || bc < 0 || bc > 2) {
         return false;
     }
@@ -61,7 +63,8 @@ template <typename T> bool BSplineBase<T>::setDomain(const T* x, int nx, double 
 
 /// Finds the domain and the number of intervals: 4 or more nodes for a wavelength and no more than 2 samples for an
 /// interval where that can be had, never more than 15 nodes for a wavelength nor less than 1 sample for an interval.
-template <typename T> bool BSplineBase<T>::Setup(int numNodes) {
+template <typename T>
+bool BSplineBase<T>::Setup(int numNodes) {
     const auto [least, greatest] = std::minmax_element(_x.begin(), _x.end());
     _xmin = *least;
     _xmax = *greatest;
@@ -104,12 +107,14 @@ template <typename T> bool BSplineBase<T>::Setup(int numNodes) {
     return true;
 }
 
-template <typename T> T BSplineBase<T>::Alpha(double wl) const {
+template <typename T>
+T BSplineBase<T>::Alpha(double wl) const {
     const double square = (wl / (kTwoPi * _DX)) * (wl / (kTwoPi * _DX));
     return static_cast<T>(_K == 2 ? square * square : _K == 3 ? square * square * square : square);
 }
 
-template <typename T> const T* BSplineBase<T>::nodes(int* n) const {
+template <typename T>
+const T* BSplineBase<T>::nodes(int* n) const {
     if (_nodes.empty()) {
         for (int i = 0; i <= _M; ++i) {
             _nodes.push_back(_xmin + i * _DX);
@@ -121,18 +126,21 @@ template <typename T> const T* BSplineBase<T>::nodes(int* n) const {
     return _nodes.data();
 }
 
-template <typename T> bool BSplineBase<T>::Debug(int on) {
+template <typename T>
+bool BSplineBase<T>::Debug(int on) {
     if (on >= 0) {
         debugLines = on > 0;
     }
     return debugLines;
 }
 
-template <typename T> std::unique_ptr<BSpline<T>> BSplineBase<T>::apply(const T* y) const {
+template <typename T>
+std::unique_ptr<BSpline<T>> BSplineBase<T>::apply(const T* y) const {
     return std::make_unique<BSpline<T>>(*this, y);
 }
 
-template <typename T> double BSplineBase<T>::Beta(int m) const {
+template <typename T>
+double BSplineBase<T>::Beta(int m) const {
     const double(&factors)[4] = kBoundaryFactors[_BC];
     if (m == 0 || m == 1) {
         return factors[m];
@@ -140,7 +148,8 @@ template <typename T> double BSplineBase<T>::Beta(int m) const {
     return m == _M - 1 ? factors[2] : m == _M ? factors[3] : 0.0;
 }
 
-template <typename T> double BSplineBase<T>::plainBasis(int m, T x) const {
+template <typename T>
+double BSplineBase<T>::plainBasis(int m, T x) const {
     const double y = std::abs((x - (_xmin + m * _DX)) / _DX);
     if (y >= 2.0) {
         return 0.0;
@@ -154,7 +163,8 @@ template <typename T> double BSplineBase<T>::plainBasis(int m, T x) const {
     return value;
 }
 
-template <typename T> double BSplineBase<T>::plainDBasis(int m, T x) const {
+template <typename T>
+double BSplineBase<T>::plainDBasis(int m, T x) const {
     const double u = (x - (_xmin + m * _DX)) / _DX;
     const double y = std::abs(u);
     if (y >= 2.0) {
@@ -169,7 +179,8 @@ template <typename T> double BSplineBase<T>::plainDBasis(int m, T x) const {
     return value * (u > 0.0 ? -3.0 / _DX : 3.0 / _DX);
 }
 
-template <typename T> double BSplineBase<T>::Basis(int m, T x) const {
+template <typename T>
+double BSplineBase<T>::Basis(int m, T x) const {
     double value = plainBasis(m, x);
     if (m == 0 || m == 1) {
         value += Beta(m) * plainBasis(-1, x);
@@ -179,7 +190,8 @@ template <typename T> double BSplineBase<T>::Basis(int m, T x) const {
     return value;
 }
 
-template <typename T> double BSplineBase<T>::DBasis(int m, T x) const {
+template <typename T>
+double BSplineBase<T>::DBasis(int m, T x) const {
     double value = plainDBasis(m, x);
     if (m == 0 || m == 1) {
         value += Beta(m) * plainDBasis(-1, x);
@@ -189,7 +201,8 @@ template <typename T> double BSplineBase<T>::DBasis(int m, T x) const {
     return value;
 }
 
-template <typename T> bool BSplineBase<T>::nodesAround(T x, int& first, int& last) const {
+template <typename T>
+bool BSplineBase<T>::nodesAround(T x, int& first, int& last) const {
     const double position = (x - _xmin) / _DX;
     if (!(position > -kSupport && position < _M + kSupport)) {
         return false;
@@ -200,7 +213,8 @@ template <typename T> bool BSplineBase<T>::nodesAround(T x, int& first, int& las
     return true;
 }
 
-template <typename T> double BSplineBase<T>::qDelta(int m1, int m2) const {
+template <typename T>
+double BSplineBase<T>::qDelta(int m1, int m2) const {
     if (m1 > m2) {
         std::swap(m1, m2);
     }
@@ -214,7 +228,8 @@ template <typename T> double BSplineBase<T>::qDelta(int m1, int m2) const {
     return q * _alpha;
 }
 
-template <typename T> void BSplineBase<T>::calculateQ() {
+template <typename T>
+void BSplineBase<T>::calculateQ() {
     if (_alpha == 0) {
         return;
     }
@@ -229,7 +244,8 @@ template <typename T> void BSplineBase<T>::calculateQ() {
 
 /// Folds the basis function of the node \p outer into the pairs that touch the nodes \p nearEnd and the next. The sums
 /// are held in single precision, like those of the data term, so that a fit gives the digits it always gave.
-template <typename T> void BSplineBase<T>::addBoundary(int nearEnd, int outer) {
+template <typename T>
+void BSplineBase<T>::addBoundary(int nearEnd, int outer) {
     const auto touches = [nearEnd](int m) { return m == nearEnd || m == nearEnd + 1; };
     for (int i = std::max(nearEnd - 3, 0); i <= std::min(nearEnd + 4, _M); ++i) {
         for (int j = std::max(i - 3, 0); j <= std::min(i + 3, _M); ++j) {
@@ -246,7 +262,8 @@ template <typename T> void BSplineBase<T>::addBoundary(int nearEnd, int outer) {
     }
 }
 
-template <typename T> void BSplineBase<T>::addP() {
+template <typename T>
+void BSplineBase<T>::addP() {
     for (const T x : _x) {
         int first = 0;
         int last = -1;
@@ -265,7 +282,8 @@ template <typename T> void BSplineBase<T>::addP() {
     }
 }
 
-template <typename T> BSpline<T>::BSpline(const BSplineBase<T>& base, const T* y) : BSplineBase<T>(base) {
+template <typename T>
+BSpline<T>::BSpline(const BSplineBase<T>& base, const T* y) : BSplineBase<T>(base) {
     solve(y);
 }
 
@@ -275,7 +293,8 @@ BSpline<T>::BSpline(const T* x, int nx, const T* y, double wl, int bc, int numNo
     solve(y);
 }
 
-template <typename T> bool BSpline<T>::solve(const T* y) {
+template <typename T>
+bool BSpline<T>::solve(const T* y) {
     if (!this->_ok) {
         return false;
     }
@@ -303,7 +322,8 @@ template <typename T> bool BSpline<T>::solve(const T* y) {
     return true;
 }
 
-template <typename T> T BSpline<T>::evaluate(T x) const {
+template <typename T>
+T BSpline<T>::evaluate(T x) const {
     if (!this->_ok) {
         return 0;
     }
@@ -317,7 +337,8 @@ template <typename T> T BSpline<T>::evaluate(T x) const {
     return static_cast<T>(y);
 }
 
-template <typename T> T BSpline<T>::slope(T x) const {
+template <typename T>
+T BSpline<T>::slope(T x) const {
     if (!this->_ok) {
         return 0;
     }
@@ -331,7 +352,8 @@ template <typename T> T BSpline<T>::slope(T x) const {
     return static_cast<T>(dy);
 }
 
-template <typename T> T BSpline<T>::coefficient(int i) const {
+template <typename T>
+T BSpline<T>::coefficient(int i) const {
     return this->_ok && i >= 0 && i <= this->_M ? _coefficients[static_cast<std::size_t>(i)] : T(0);
 }
 

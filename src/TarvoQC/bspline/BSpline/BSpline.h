@@ -5,7 +5,8 @@
 #include <vector>
 
 /// A smoothing spline: the curve through one y data set. The caller tests ok() after construction.
-template <typename T> class BSpline : public BSplineBase<T> {
+template <typename T>
+class BSpline : public BSplineBase<T> {
 public:
     /// Copies the base and fits \p y, nX() samples of it.
     BSpline(const BSplineBase<T>& base, const T* y);

@@ -6,7 +6,8 @@
 #include <memory>
 #include <vector>
 
-template <typename T> class BSpline;
+template <typename T>
+class BSpline;
 
 /// The part of a smoothing spline that depends on the x positions alone.
 ///
@@ -16,12 +17,13 @@ template <typename T> class BSpline;
 ///
 /// After Ooyama (1987), Scale-controlled objective analysis, Monthly Weather Review 115.
 ///
-/// All failure shows in ok(): a wavelength longer than the span of x, fewer than one sample for each interval before the
-/// nodes are dense enough (so fewer than 7 samples with any wavelength but 0), arguments out of range.
-template <typename T> class BSplineBase {
+/// All failure shows in ok(): a wavelength longer than the span of x, fewer than one sample for each interval before
+/// the nodes are dense enough (so fewer than 7 samples with any wavelength but 0), arguments out of range.
+template <typename T>
+class BSplineBase {
 public:
-    /// \p bc is the condition at both ends: 0 value zero, 1 first derivative zero, 2 second derivative zero. A wavelength
-    /// of 0 puts no constraint on the frequency. \p numNodes above 1 fixes the number of nodes.
+    /// \p bc is the condition at both ends: 0 value zero, 1 first derivative zero, 2 second derivative zero. A
+    /// wavelength of 0 puts no constraint on the frequency. \p numNodes above 1 fixes the number of nodes.
     BSplineBase(const T* x, int nx, double wl, int bc, int numNodes);
 
     /// The same on a new domain. False, and nothing changed, when an argument is out of range; false also when the

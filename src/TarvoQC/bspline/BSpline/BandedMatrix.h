@@ -5,7 +5,8 @@
 #include <vector>
 
 /// A square matrix of which only the diagonals -3 to +3 are stored. Reads outside of that band give zero.
-template <typename T> class BandedMatrix {
+template <typename T>
+class BandedMatrix {
 public:
     static constexpr int kBand = 3;
 
@@ -29,7 +30,8 @@ private:
 
 /// Factors \p A in place into a unit lower and an upper triangle (Doolittle, without pivoting), using the band only.
 /// False on a zero pivot.
-template <typename T> bool LU_factor_banded(BandedMatrix<T>& A, int bands) {
+template <typename T>
+bool LU_factor_banded(BandedMatrix<T>& A, int bands) {
     const int n = A.size();
     for (int i = 0; i < n; ++i) {
         const int end = i + bands < n - 1 ? i + bands : n - 1;
@@ -56,7 +58,8 @@ template <typename T> bool LU_factor_banded(BandedMatrix<T>& A, int bands) {
 }
 
 /// Solves in place for \p b with a matrix that LU_factor_banded() has factored. False on a zero diagonal element.
-template <typename T> bool LU_solve_banded(const BandedMatrix<T>& A, std::vector<T>& b, int bands) {
+template <typename T>
+bool LU_solve_banded(const BandedMatrix<T>& A, std::vector<T>& b, int bands) {
     const int n = A.size();
     const auto at = [&b](int i) -> T& { return b[static_cast<std::size_t>(i)]; };
     for (int i = 0; i < n; ++i) {
