@@ -467,3 +467,188 @@ TEST(SeriesChecks, DisabledFailedAndEmpty) {
     EXPECT_THAT(empty.errors(), Not(HasSubstr("Filter check")));
     EXPECT_THAT(empty.items("QC for Winds"), Not(Contains(HasSubstr("Points which failed"))));
 }
+
+namespace {
+
+constexpr int kSamples = 41; // one each half second
+constexpr int kBlended = 8;  // samples in the 4 s before the last
+
+std::string cell(double value) {
+    std::ostringstream text;
+    text.precision(17);
+    text << value;
+    return text.str();
+}
+
+double pressureAt(int i) {
+    return 500.0 + 2.0 * i + 3.0 * std::sin(1.3 * i) + std::cos(0.21 * i);
+}
+
+CsvText longPressures(bool ascending) {
+    CsvText text(ascending);
+    text.line("Pressure,700").fields("Time,Pressure");
+    for (int i = 0; i < kSamples; ++i) {
+        text.data(cell(0.5 * i) + "," + cell(pressureAt(i)));
+    }
+    return text;
+}
+
+CsvText longWinds(bool ascending) {
+    CsvText text(ascending);
+    text.line("Speed,25").line("Direction,200").fields("Time,RH,Speed,Direction");
+    for (int i = 0; i < kSamples; ++i) {
+        text.data(cell(0.5 * i) + "," + cell(50.0 + 10.0 * std::sin(2.1 * i)) + "," +
+                  cell(12.0 + 3.0 * std::sin(1.3 * i)) + "," + cell(300.0 + 20.0 * std::cos(0.9 * i)));
+    }
+    return text;
+}
+
+Series smoothedCopy(const Series& series, double wavelength) {
+    Series copy = series;
+    bool failed = false;
+    Smooth().smooth(&copy, wavelength, failed);
+    EXPECT_FALSE(failed);
+    return copy;
+}
+
+/// \p blended is \p longWave, but for its last 4 s, where the weight of \p shortWave grows by an eighth a sample to 1.
+void expectBlend(const Series& blended, const Series& longWave, const Series& shortWave) {
+    ASSERT_EQ(blended.lastIndex(), longWave.lastIndex());
+    const int last = blended.lastIndex();
+    for (int i = 0; i <= last; ++i) {
+        const double share = std::max(0, kBlended - (last - i)) / static_cast<double>(kBlended);
+        EXPECT_NEAR(blended.data(i), share * shortWave.data(i) + (1.0 - share) * longWave.data(i), 1e-9) << i;
+    }
+    EXPECT_GT(std::abs(shortWave.data(last - 1) - longWave.data(last - 1)), 1e-3) << "the two can be told apart";
+}
+
+} // namespace
+
+TEST(PressureSmoothing, BlendOfADrop) {
+    CheckRun run(longPressures(false));
+    run.process();
+    const Series raw = run.at("QCPres");
+    ASSERT_EQ(raw.lastIndex(), kSamples);
+    EXPECT_EQ(raw.data(0), 700.0);
+    EXPECT_EQ(raw.data(5), pressureAt(4)) << "no wavelength, no blend";
+
+    run.config.set.set("BlendLength", 4.0);
+    run.process();
+    expectBlend(run.at("QCPres"), raw, smoothedCopy(raw, 4.0));
+    EXPECT_EQ(run.series("QCVVPres"), textOf(raw));
+
+    run.config.set.set("PresSmoothWL", 10.0);
+    run.config.set.set("WindVVPresWL", 8.0);
+    run.process();
+    expectBlend(run.at("QCPres"), smoothedCopy(raw, 10.0), smoothedCopy(raw, 4.0));
+    EXPECT_EQ(run.at("QCPres").data(0), 700.0);
+    EXPECT_EQ(run.series("QCVVPres"), textOf(smoothedCopy(raw, 8.0)));
+    EXPECT_THAT(run.errors(), Not(HasSubstr("smoothing")));
+}
+
+TEST(PressureSmoothing, FailuresOfADrop) {
+    CheckRun run(longPressures(false));
+    run.process();
+    const Series raw = run.at("QCPres");
+    run.config.set.set("BlendLength", 4.0);
+    run.config.set.set("PresSmoothWL", 1000.0);
+    run.config.set.set("WindVVPresWL", 1000.0);
+    run.process();
+    EXPECT_THAT(run.errors(), HasSubstr("- Final smoothing failed for VV pressure\n"
+                                        "- Final smoothing failed for pressure\n"));
+    EXPECT_THAT(run.errors(), Not(HasSubstr("blended")));
+    expectBlend(run.at("QCPres"), raw, smoothedCopy(raw, 4.0));
+
+    run.config.set.set("BlendLength", 1000.0);
+    run.config.set.set("PresSmoothWL", 10.0);
+    run.config.set.set("WindVVPresWL", 0.0);
+    run.process();
+    EXPECT_THAT(run.errors(), HasSubstr("- Final smoothing failed for blended pressure\n"));
+    EXPECT_EQ(run.series("QCPres"), textOf(smoothedCopy(raw, 10.0)));
+}
+
+TEST(PressureSmoothing, OfAnUpsonde) {
+    CheckRun run(longPressures(true));
+    run.config.set.set("BlendLength", 4.0);
+    run.process();
+    const Series raw = run.at("QCPres");
+    EXPECT_EQ(raw.data(0), 700.0);
+    EXPECT_EQ(raw.data(raw.lastIndex()), pressureAt(kSamples - 1)) << "no blend";
+    run.config.set.set("PresSmoothWL", 10.0);
+    run.process();
+    EXPECT_EQ(run.series("QCPres"), textOf(smoothedCopy(raw, 10.0)));
+    run.config.set.set("PresSmoothWL", 1000.0);
+    run.process();
+    EXPECT_THAT(run.errors(), HasSubstr("- Final smoothing failed for pressure\n"));
+    EXPECT_EQ(run.series("QCPres"), textOf(raw));
+}
+
+TEST(FinalSmoothing, WindsAreRebuiltFromTheirComponents) {
+    for (const bool ascending : {false, true}) {
+        CheckRun run(longWinds(ascending));
+        run.process();
+        const Series u = run.at("QCU");
+        const Series v = run.at("QCV");
+        const Series rh = run.at("QCRH");
+        run.config.set.set("WindSmoothWL", 10.0);
+        run.config.set.set("RHSmoothWL", 10.0);
+        run.config.set.set("BlendLength", 4.0);
+        run.process();
+        if (ascending) {
+            EXPECT_EQ(run.series("QCU"), textOf(smoothedCopy(u, 10.0)));
+            EXPECT_EQ(run.series("QCV"), textOf(smoothedCopy(v, 10.0)));
+        } else {
+            expectBlend(run.at("QCU"), smoothedCopy(u, 10.0), smoothedCopy(u, 4.0));
+            expectBlend(run.at("QCV"), smoothedCopy(v, 10.0), smoothedCopy(v, 4.0));
+        }
+        EXPECT_EQ(run.series("QCRH"), textOf(smoothedCopy(rh, 10.0)));
+        for (int i = 0; i <= u.lastIndex(); ++i) {
+            const double eastward = run.at("QCU").data(i);
+            const double northward = run.at("QCV").data(i);
+            const double degrees = std::atan2(-eastward, -northward) * 180.0 / std::acos(-1.0);
+            EXPECT_NEAR(run.at("QCWspd").data(i), std::hypot(eastward, northward), 1e-9) << i;
+            EXPECT_NEAR(run.at("QCWdir").data(i), degrees < 0.0 ? degrees + 360.0 : degrees, 1e-3) << i;
+        }
+        EXPECT_EQ(run.at("QCU").data(0), u.data(0));
+    }
+}
+
+TEST(FinalSmoothing, WithoutAWavelengthADropIsStillBlended) {
+    CheckRun run(longWinds(false));
+    run.process();
+    const Series u = run.at("QCU");
+    const Series v = run.at("QCV");
+    run.config.set.set("BlendLength", 4.0);
+    run.process();
+    expectBlend(run.at("QCU"), u, smoothedCopy(u, 4.0));
+    expectBlend(run.at("QCV"), v, smoothedCopy(v, 4.0));
+}
+
+TEST(FinalSmoothing, Failures) {
+    for (const bool ascending : {false, true}) {
+        CheckRun run(longWinds(ascending));
+        run.process();
+        const std::string u = run.series("QCU");
+        run.config.set.set("WindSmoothWL", 1000.0);
+        run.config.set.set("RHSmoothWL", 1000.0);
+        run.config.set.set("BlendLength", 4.0);
+        run.process();
+        EXPECT_THAT(run.errors(), HasSubstr(std::string("- Final smoothing failed for RH\n") +
+                                            (ascending ? "- Final smoothing failed for winds\n"
+                                                       : "- Final smoothing failed for U winds\n")));
+        EXPECT_THAT(run.errors(), Not(HasSubstr("tdry"))) << "an empty series is passed over";
+        EXPECT_THAT(run.errors(), Not(HasSubstr("V winds"))) << "the first failure ends the step";
+        EXPECT_EQ(run.series("QCU"), u);
+    }
+    CheckRun run(longWinds(false));
+    run.config.set.set("BlendLength", 1000.0);
+    run.process();
+    EXPECT_THAT(run.errors(), HasSubstr("- Final smoothing failed for Uprime winds\n"));
+    EXPECT_THAT(run.errors(), Not(HasSubstr("Vprime")));
+
+    CheckRun dry(fiveOfADrop());
+    dry.config.set.set("TdrySmoothWL", 1000.0);
+    dry.process();
+    EXPECT_THAT(dry.errors(), HasSubstr("- Final smoothing failed for tdry\n"));
+    EXPECT_EQ(dry.series("QCTdry"), "0:-5 1:-5 2:-5 3:-5 4:-5");
+}
