@@ -9,6 +9,7 @@
 #include "MadeConfig.h"
 #include "SeriesText.h"
 
+#include <algorithm>
 #include <cmath>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -652,3 +653,99 @@ TEST(FinalSmoothing, Failures) {
     EXPECT_THAT(dry.errors(), HasSubstr("- Final smoothing failed for tdry\n"));
     EXPECT_EQ(dry.series("QCTdry"), "0:-5 1:-5 2:-5 3:-5 4:-5");
 }
+
+namespace {
+
+/// Which columns a check of whole series looks at, and what it takes along.
+struct Spiked {
+    const char* key; ///< of the configuration, without the kind of limit
+    int column;
+    double value;
+    const char* topic;
+    const char* which; ///< in the item text
+    std::vector<const char*> series;
+    std::vector<const char*> stamped;
+};
+
+void PrintTo(const Spiked& spiked, std::ostream* out) {
+    *out << spiked.key << " column " << spiked.column;
+}
+
+class SpikedColumn : public testing::TestWithParam<Spiked> {
+protected:
+    /// 41 samples, flat but for the column's spike at 10 s.
+    static CsvText spikedText() {
+        CsvText text = drop();
+        for (int i = 0; i < kSamples; ++i) {
+            double cells[] = {0.5 * i, 500, -5, 50, 10, 90, 25, -80, 5000, 8};
+            if (i == 20) {
+                cells[GetParam().column] = GetParam().value;
+            }
+            std::string line;
+            for (const double value : cells) {
+                line += (line.empty() ? "" : ",") + cell(value);
+            }
+            text.data(line);
+        }
+        return text;
+    }
+
+    static void expectRemoved(CheckRun& run, Value::AttributeType attribute, const std::string& check) {
+        for (const char* name : GetParam().series) {
+            EXPECT_EQ(run.at(name).lastIndex() + 1, kSamples - 1) << name;
+            EXPECT_EQ(run.at(name).indexFromTime(10.0), -1) << name;
+        }
+        for (const char* name :
+             {"RawPres", "RawTdry", "RawRH", "RawLat", "RawLon", "RawGpsAlt", "RawWspd", "RawWdir"}) {
+            const auto& due = GetParam().stamped;
+            const bool isDue = std::find(due.begin(), due.end(), std::string(name)) != due.end();
+            EXPECT_EQ(stamped(run.at(name), attribute), isDue ? "10" : "") << name;
+        }
+        EXPECT_THAT(run.items(GetParam().topic),
+                    Contains("Points which failed the " + std::string(GetParam().which) + check + ":  1"));
+    }
+};
+
+} // namespace
+
+TEST_P(SpikedColumn, BuddyCheck) {
+    CheckRun run(spikedText());
+    run.config.set.set(GetParam().key + std::string("BuddySlope"), 5.0);
+    run.process();
+    expectRemoved(run, Value::QcBuddyCheck, "buddy check");
+}
+
+TEST_P(SpikedColumn, FilterCheck) {
+    CheckRun run(spikedText());
+    run.config.set.set("WindDisableQCFilter", 0.0);
+    run.config.set.set(GetParam().key + std::string("QCDev"), 7.0);
+    run.process();
+    expectRemoved(run, Value::QcFilterCheck, "Q/C filter check");
+}
+
+TEST_P(SpikedColumn, OutlierCheck) {
+    const std::string key = GetParam().key;
+    CheckRun run(spikedText());
+    if (!run.config.set.exists(key + "DisableOutlierCheck")) {
+        run.process();
+        EXPECT_THAT(run.items(GetParam().topic), Not(Contains(HasSubstr("utlier"))));
+        EXPECT_EQ(run.at(GetParam().series.front()).lastIndex() + 1, kSamples);
+        return;
+    }
+    run.config.set.set(key + "DisableOutlierCheck", 0.0);
+    run.config.set.add(key + "Outlier", 5.0, false, false, true);
+    run.process();
+    expectRemoved(run, Value::QcOutlierCheck, "outlier check");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, SpikedColumn,
+    testing::Values(
+        Spiked{"Pres", 1, 520, "QC for Pressure", "", {"QCPres", "QCVVPres"}, {"RawPres"}},
+        Spiked{"Pres", 1, 520, "QC for VV Pressure", "", {"QCPres", "QCVVPres"}, {"RawPres"}},
+        Spiked{"Tdry", 2, 15, "QC for Temperature", "", {"QCTdry"}, {"RawTdry"}},
+        Spiked{"RH", 3, 70, "QC for Relative Humidity", "", {"QCRH"}, {"RawRH"}},
+        Spiked{"Wind", 4, 30, "QC for Winds", "", {"QCWspd", "QCWdir", "QCU", "QCV"}, {"RawWspd", "RawWdir"}},
+        Spiked{"GPSPos", 6, 45, "QC for GPS Position", "latitude ", {"QCGpsLat", "QCGpsLon"}, {"RawLat", "RawLon"}},
+        Spiked{"GPSPos", 7, -60, "QC for GPS Position", "longitude ", {"QCGpsLat", "QCGpsLon"}, {"RawLat", "RawLon"}},
+        Spiked{"GPSAlt", 8, 5020, "QC for GPS Altitude", "", {"QCGpsAlt"}, {"RawGpsAlt"}}));
