@@ -188,7 +188,7 @@ double amplitudeLeft(const Numbers& x, double cutoff, double wavelength, int num
 class BSplineEnds : public testing::TestWithParam<int> {};
 
 TEST_P(BSplineEnds, FitIsThatOfTheDenseNormalEquations) {
-    // The matrix is rounded to single precision, 6e-8 of each element; its condition number stays below some hundreds.
+    // The matrix is rounded to single precision, 6e-8 of each element, and its condition amplifies that.
     constexpr double kTolerance = 1e-4;
     const Numbers x = irregularly();
     const Numbers y = valuesOf(x, wavy);
