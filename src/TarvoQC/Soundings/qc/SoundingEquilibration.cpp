@@ -136,7 +136,8 @@ void Sounding::updateTimeConstants() {
     const Series* pres = getSeries("QCPres");
     const Series* tdry = getSeries("QCTdry");
     if (boolOf("UseTheoryVentRate")) {
-        _tdryTimeConstant.update(pres, tdry, valueOf("ChuteArea"), valueOf("DragCoef"), valueOf("DropSondeMass"));
+        _tdryTimeConstant.update(pres, tdry, valueOf("ChuteArea", 676.0), valueOf("DragCoef", 0.61),
+                                 valueOf("DropSondeMass", 400.0));
     } else {
         _tdryTimeConstant.update(pres, tdry, getSeries("QCDz"));
     }
