@@ -1,6 +1,7 @@
 #include "BatchJob.h"
 
 #include "EditorControl.h"
+#include "QcResult.h"
 #include "RevisionInfo.h"
 
 #include <cerrno>
@@ -36,6 +37,7 @@ void process(const BatchJob& job, ConfigSet& config, FileReport& report) {
     editor.qcProcess();
     editor.qcError(report.qcError);
     if (editor.QCready()) {
+        report.qcResult = qcResultLines(editor);
         editor.doLevels();
         editor.doWMO();
     }

@@ -28,6 +28,7 @@ FileReport FileReport::failure(const std::string& file, const std::string& error
 std::string packReport(const FileReport& report) {
     Json json = fields(report);
     json["failed"] = report.failed;
+    json["qcResult"] = report.qcResult;
     const std::vector<std::uint8_t> bytes = Json::to_cbor(json);
     return {bytes.begin(), bytes.end()};
 }
@@ -45,5 +46,6 @@ bool unpackReport(const std::string& text, FileReport& report) {
     report.seconds = json.value("seconds", 0.0);
     report.products = json.value("products", std::vector<std::string>());
     report.failed = json.value("failed", true);
+    report.qcResult = json.value("qcResult", std::vector<std::string>());
     return true;
 }

@@ -12,6 +12,7 @@ struct FileReport {
     std::string qcError; ///< what QC found wrong
     double seconds = 0.0;
     std::vector<std::string> products; ///< the paths written
+    std::vector<std::string> qcResult; ///< what QC did, in a few lines for people; not part of the line itself
     bool failed = true; ///< invalid, or a product that was asked for is missing; not part of the line itself
 
     /// One JSON object on one line, without the line end. Bytes that aren't UTF-8 are replaced.

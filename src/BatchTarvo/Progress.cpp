@@ -77,6 +77,9 @@ void Progress::fileDone(const FileReport& report) {
                 products += " " + product;
             }
             std::fprintf(_lines, "%s: %s ->%s\n", report.file.c_str(), report.type.c_str(), products.c_str());
+            for (const std::string& line : report.qcResult) {
+                std::fprintf(_lines, "    %s\n", line.c_str());
+            }
         }
         for (const std::string& text : {report.error, report.qcError}) {
             if (!text.empty()) {

@@ -30,6 +30,7 @@ struct Analysis {
     explicit Analysis(const CsvText& text = drop()) : editor(config.set, "V3.4.8") {
         std::istringstream stream(text.text());
         editor.getSounding("drop.csv", &stream);
+        config.set.set("CabinTemp", -5.5); // as at the launch: nothing has to settle
         editor.qcProcess();
     }
     std::string csv(const ProductColumns& c) {

@@ -126,10 +126,23 @@ bool Series::isAscending() const {
     return _order == Order::Ascending;
 }
 
+/// Index of the first value at or after \p time in an ascending series; the size when there is none. Tries the place of
+/// the last look-up and the one behind it before it searches.
+int Series::lowerBound(double time) const {
+    const auto isIt = [&](int i) {
+        return i <= lastIndex() && at(i).time() >= time && (i == 0 || at(i - 1).time() < time);
+    };
+    if (!isIt(_cursor) && !isIt(++_cursor)) {
+        _cursor = static_cast<int>(std::lower_bound(_values.begin(), _values.end(), Value(0.0, time)) -
+                                   _values.begin());
+    }
+    return _cursor;
+}
+
 int Series::indexFromTime(double time) const {
     if (isAscending()) {
-        const auto found = std::lower_bound(_values.begin(), _values.end(), Value(0.0, time));
-        return found != _values.end() && found->time() == time ? static_cast<int>(found - _values.begin()) : -1;
+        const int i = lowerBound(time);
+        return i <= lastIndex() && at(i).time() == time ? i : -1;
     }
     const auto found =
         std::find_if(_values.begin(), _values.end(), [&](const Value& value) { return value.time() == time; });
@@ -140,9 +153,8 @@ int Series::indexFromTime(double time) const {
 /// next to a time that isn't a number; -1 without one.
 int Series::firstPairAtTime(double time) const {
     if (isAscending()) {
-        const auto found = std::lower_bound(_values.begin(), _values.end(), Value(0.0, time));
-        const int i = static_cast<int>(found - _values.begin());
-        if (found == _values.end() || (i == 0 && found->time() != time)) {
+        const int i = lowerBound(time);
+        if (i > lastIndex() || (i == 0 && at(0).time() != time)) {
             return -1;
         }
         return std::max(i - 1, 0);

@@ -122,6 +122,7 @@ private:
     void dataChanged();
     void timesChanged();
     bool isAscending() const;
+    int lowerBound(double time) const;
     int firstPairAtTime(double time) const;
     int firstPairAtData(double data) const;
     bool makeHull() const;
@@ -134,6 +135,7 @@ private:
     enum class Order { Unknown, Ascending, Other };
     mutable Order _order = Order::Unknown;
     mutable Hull _hull;
+    mutable int _cursor = 0; ///< where the last look-up of a time ended; the next one is mostly near
 };
 
 template <typename Predicate>

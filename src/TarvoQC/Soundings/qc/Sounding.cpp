@@ -1,5 +1,6 @@
 #include "Sounding.h"
 
+#include "DropsondeFallRate.h"
 #include "SoundingFileFactory.h"
 #include "Text.h"
 
@@ -42,6 +43,7 @@ Sounding::Sounding(const std::string& fileName, std::istream* stream, ConfigSet&
             _sensorName = sensor.name;
         }
     }
+    _ambientPoint = std::make_unique<AmbientPoint>(_sensorType);
     _observation = std::make_unique<Observation>(_file.get());
     _meta = _observation->getSndMetaData();
     if (numRhChan() > 1 && !rhHeatingOn()) {
@@ -118,14 +120,29 @@ int Sounding::windRate() const {
     return soundingType() == SoundingType::Ombra ? _file->ombraWindRate() : kOtherWindRate;
 }
 
+SeriesList Sounding::seriesOf(const std::vector<const char*>& names) const {
+    SeriesList list;
+    for (const char* name : names) {
+        if (Series* series = getSeries(name)) {
+            list.push_back(series);
+        }
+    }
+    return list;
+}
+
+double Sounding::theoreticalFallRate(double pressure, double tdry) const {
+    return DropsondeFallRate::value(pressure, tdry, valueOf("ChuteArea", 676.0), valueOf("DragCoef", 0.61),
+                                    valueOf("DropSondeMass", 400.0));
+}
+
 bool Sounding::boolOf(const std::string& key) const {
     bool value = false;
     _config.boolValue(key, value);
     return value;
 }
 
-double Sounding::valueOf(const std::string& key) const {
-    double value = 0.0;
+double Sounding::valueOf(const std::string& key, double otherwise) const {
+    double value = otherwise;
     _config.value(key, value);
     return value;
 }

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "AmbientPoint.h"
 #include "ConfigSet.h"
 #include "Observation.h"
+#include "OmbraTdryTimeConstant.h"
+#include "ParallelSeries.h"
 #include "SensorType.h"
 #include "SndMetaData.h"
 #include "SoundingFile.h"
@@ -101,16 +104,77 @@ private:
                           double time = kLaunchObsTime);
     void checkLaunchPair(const Id& a, const Id& b);
 
-    // Steps of this class itself.
+    // Scalar steps.
     void offsets();
     void postSplashCheck();
     std::string postSplashReason() const;
     void rhThresholding();
     void RHThreshold();
 
+    // Sensor equilibration and time constants.
+    void ambient();
+    double ambientTemperature();
+    void ambientRH();
+    void ambientPressure(double temperatureTime);
+    void ambientWinds();
+    void trimHead(const SeriesList& series, const SeriesList& flagSeries, double time);
+    void updateTimeConstants();
+
+    // Checks that remove.
+    void limitCheck();
+    void satsCheck();
+    void checkAndRemoveSats(const SeriesList& series, const SeriesList& flagSeries, int minSats,
+                            const std::string& topic);
+    void weCheck();
+    bool windErrorIsTooLarge(double time, double error) const;
+    void presMonoCheck();
+    void buddyCheck();
+    void outlierCheck();
+    void filterCheck();
+    void vvCheck();
+    bool fallRatesDisagree(double time, double limit) const;
+    void fastFallCheck();
+
+    // Adjustments that change values.
+    void TDDryBiasCorrect();
+    void TdryDynAdjust();
+    void WindDynAdjust();
+    void adjustPressures();
+    void adjustPres(Series* series);
+    void pressureSmoothing();
+    void smoothUpPres();
+    void smoothDropPres();
+    void smooth();
+    void smoothUpWinds();
+    void smoothDropWinds();
+    bool smoothed(Series* series, double wavelength, const std::string& errorText);
+    void windsFromComponents();
+
+    // Vertical motion, surface, heights and position.
+    void verticalVelocityForTimeConstants();
+    void verticalVelocityFinal();
+    void verticalVelocity(const std::string& title);
+    void verticalWind();
+    void createSfcObs();
+    bool splashTime(double& time) const;
+    bool fallDistance(double splash, double& distance) const;
+    bool extrapolate(const Series* series, int index, double wavelength, double time, double& out) const;
+    bool extrapolateAtEnd(const Series* series, double time, double& out) const;
+    bool createSfcValue(Series* series, double time, double data);
+    void altitudes();
+    void dropAltitudes(double span, double start);
+    void upAltitudes(double span, double start);
+    void integrate(const Id& target, double span, double start, bool backward);
+    void position();
+
+    /// The series of those names; one that doesn't exist is left out, so that a list may begin with none.
+    SeriesList seriesOf(const std::vector<const char*>& names) const;
+    bool isRS41() const { return _sensorType == SensorType::RS41; }
+    double theoreticalFallRate(double pressure, double tdry) const;
+
     void addQcError(const std::string& line);
     bool boolOf(const std::string& key) const;
-    double valueOf(const std::string& key) const;
+    double valueOf(const std::string& key, double otherwise = 0.0) const;
     int intOf(const std::string& key) const;
     std::string textOf(const std::string& key) const;
 
@@ -119,6 +183,7 @@ private:
     Summary& _summary;
     std::unique_ptr<SoundingFile> _file;
     std::unique_ptr<Observation> _observation;
+    std::unique_ptr<AmbientPoint> _ambientPoint;
     bool _valid = false;
     std::string _fileError;
     SensorType _sensorType = SensorType::RS80;
@@ -127,5 +192,7 @@ private:
     std::string _qcErrorText;
     std::vector<std::string> _fileSummary;
     double _rhChoice = 0.0;
+    bool _dryBiasApplied = false;
+    OmbraTdryTimeConstant _tdryTimeConstant{SensorType::RS80}; // of the run under way
     std::map<std::string, std::string> _attributes;
 };

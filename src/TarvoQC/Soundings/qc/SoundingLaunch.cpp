@@ -131,6 +131,9 @@ void Sounding::applySndMetaData() {
         qcU.setData(0, u);
         qcV.setData(0, v);
     }
+    // A file may know one of a pair without the other.
+    makeParallel(seriesOf({"QCGpsLat", "QCGpsLon"}));
+    makeParallel(seriesOf({"QCWspd", "QCWdir", "QCU", "QCV"}));
 }
 
 void Sounding::checkLaunchPair(const Id& a, const Id& b) {

@@ -26,7 +26,7 @@ void copyValues(const Series& from, Series& to) {
 
 } // namespace
 
-/// One step of the sequence. A step whose operation is null announces itself and has nothing behind it yet.
+/// One step of the sequence.
 struct Sounding::Step {
     const char* status; ///< what the agent hears; null for a step that works in silence
     enum { All, DescendingOnly } directions;
@@ -41,32 +41,32 @@ const std::vector<Sounding::Step>& Sounding::steps() {
     static const std::vector<Step> sequence{
         {"applying launch parameters", Step::All, &Sounding::applySndMetaData},
         {"applying offsets", Step::All, &Sounding::offsets},
-        {"ambient equilibration", Step::DescendingOnly, nullptr},
+        {"ambient equilibration", Step::DescendingOnly, &Sounding::ambient},
         {"post splash check", Step::All, &Sounding::postSplashCheck},
         {"RH thresholding", Step::All, &Sounding::rhThresholding},
-        {"limit checks", Step::All, nullptr},
-        {"satellite check", Step::All, nullptr},
-        {"wind error check", Step::All, nullptr},
-        {"buddy check", Step::All, nullptr},
-        {"outlier check", Step::All, nullptr},
-        {"filter check", Step::All, nullptr},
-        {"pressure smoothing", Step::All, nullptr},
-        {"pressure mono check", Step::All, nullptr},
-        {"compute vertical velocity", Step::All, nullptr},
-        {"updating time constants", Step::All, nullptr},
-        {"dynamic tdry adjustment", Step::All, nullptr},
+        {"limit checks", Step::All, &Sounding::limitCheck},
+        {"satellite check", Step::All, &Sounding::satsCheck},
+        {"wind error check", Step::All, &Sounding::weCheck},
+        {"buddy check", Step::All, &Sounding::buddyCheck},
+        {"outlier check", Step::All, &Sounding::outlierCheck},
+        {"filter check", Step::All, &Sounding::filterCheck},
+        {"pressure smoothing", Step::All, &Sounding::pressureSmoothing},
+        {"pressure mono check", Step::All, &Sounding::presMonoCheck},
+        {"compute vertical velocity", Step::All, &Sounding::verticalVelocityForTimeConstants},
+        {"updating time constants", Step::All, &Sounding::updateTimeConstants},
+        {"dynamic tdry adjustment", Step::All, &Sounding::TdryDynAdjust},
         {"RH limit checking", Step::All, &Sounding::RHThreshold},
-        {"final smoothing", Step::All, nullptr},
+        {"final smoothing", Step::All, &Sounding::smooth},
         {"RH limit checking", Step::All, &Sounding::RHThreshold},
-        {"pressure adjustment", Step::DescendingOnly, nullptr},
-        {"compute vertical velocity", Step::All, nullptr},
-        {"vertical velocity check", Step::All, nullptr},
-        {"compute w (dropsondes only)", Step::All, nullptr},
-        {nullptr, Step::DescendingOnly, nullptr}, // the surface observation
-        {"dynamic winds adjustment", Step::All, nullptr},
-        {"fast fall check", Step::All, nullptr},
-        {"compute altitudes", Step::All, nullptr},
-        {"compute position", Step::All, nullptr},
+        {"pressure adjustment", Step::DescendingOnly, &Sounding::adjustPressures},
+        {"compute vertical velocity", Step::All, &Sounding::verticalVelocityFinal},
+        {"vertical velocity check", Step::All, &Sounding::vvCheck},
+        {"compute w (dropsondes only)", Step::All, &Sounding::verticalWind},
+        {nullptr, Step::DescendingOnly, &Sounding::createSfcObs},
+        {"dynamic winds adjustment", Step::All, &Sounding::WindDynAdjust},
+        {"fast fall check", Step::All, &Sounding::fastFallCheck},
+        {"compute altitudes", Step::All, &Sounding::altitudes},
+        {"compute position", Step::All, &Sounding::position},
     };
     return sequence;
 }
@@ -82,9 +82,7 @@ void Sounding::qcProcess(StatusAgent& agent) {
         if (step.status != nullptr) {
             agent.AppendStatus(step.status);
         }
-        if (step.operation != nullptr) {
-            (this->*step.operation)();
-        }
+        (this->*step.operation)();
     }
     const Series* altUp = getSeries("QCAltUp");
     if (_meta.ascending && !derivedSndFile().empty() && !altUp->empty()) {
@@ -97,6 +95,7 @@ bool Sounding::prepare(StatusAgent& agent) {
     describe();
     _qcErrorFlag = false;
     _qcErrorText.clear();
+    _tdryTimeConstant = OmbraTdryTimeConstant(_sensorType);
     agent.AppendStatus("initializing");
     updateSndMetaData(true);
     if (QCavail()) {
@@ -109,6 +108,7 @@ bool Sounding::prepare(StatusAgent& agent) {
         return false;
     }
     agent.AppendStatus("applying TD dry bias correction");
+    TDDryBiasCorrect();
     return intOf("DoQC") != kTDDryBiasOnly && soundingType() != SoundingType::Wmo;
 }
 

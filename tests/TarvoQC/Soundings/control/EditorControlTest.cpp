@@ -102,7 +102,10 @@ TEST(EditorControl, TellsQcErrorsLineByLineAndGoesOn) {
     EXPECT_TRUE(analysis.editor.qcError(errors));
     EXPECT_THAT(analysis.editor.summaryItems("QC Processing Errors"),
                 ElementsAre("- This sounding appears to contain post-splash data. Please remove post-splash data by "
-                            "setting end-of-drop time."));
+                            "setting end-of-drop time.",
+                            "- Filter check failed for pressure", "- Filter check failed for VVpressure",
+                            "- Unable to compute vertical velocity from pressure (temperature sensor time constant)",
+                            "- Unable to compute vertical velocity from pressure (final)"));
     EXPECT_TRUE(analysis.editor.QCready());
     EXPECT_THAT(analysis.editor.summaryTopics(), Contains("QC Data Recovery Statistics"));
 }
@@ -156,6 +159,7 @@ TEST(EditorControl, EstimatedHeights) {
     EXPECT_FALSE(analysis.editor.estTermAlt(out));
     analysis.editor.qcProcess();
     Series& up = *analysis.editor.getSeries("QCAltUp");
+    up.removeAll();
     up.appendValue(6000, -1);
     EXPECT_FALSE(analysis.editor.estLaunchAlt(out)) << "not a launch value";
     up.setAttribute(0, Value::ObsFlight);
@@ -163,6 +167,7 @@ TEST(EditorControl, EstimatedHeights) {
     EXPECT_EQ(out, 6000);
 
     Series& down = *analysis.editor.getSeries("QCAltDn");
+    down.removeAll();
     down.appendValue(30, 0);
     EXPECT_FALSE(analysis.editor.estTermAlt(out));
     down.appendValue(20, 1);
@@ -228,6 +233,7 @@ TEST(EditorControl, LimitsOfADisabledCheckRead999) {
                        {"WindDisableErrorCheck", {"WindErrorHigh", "WindErrorLow"}}};
     for (const auto& c : cases) {
         Analysis analysis(drop());
+        analysis.config.set.add(c.switchKey, 0.0, false, false, false);
         for (const std::string& limit : c.limits) {
             analysis.config.set.add(limit, 1.5, false, false, true);
             EXPECT_EQ(analysis.editor.attributesConfig(true)[limit], "1.5");

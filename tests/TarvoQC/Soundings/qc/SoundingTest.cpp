@@ -143,6 +143,7 @@ TEST(Sounding, LaunchOverridesAndIgnoring) {
     EXPECT_EQ(run.series("QCPres"), "-1:495 0:500 0.5:505 1:510");
 
     run.config.override("LaunchTdryOverride", -6.0);
+    run.config.set.set("CabinTemp", -6.0);
     run.process();
     EXPECT_EQ(run.series("QCTdry"), "-1:-6 0:-5 0.5:-4.5 1:-4") << "on a file that has no launch value";
     EXPECT_TRUE(run.sounding->getSeries("QCTdry")->testAttribute(0, Value::ObsFlight));
@@ -214,14 +215,16 @@ TEST(Sounding, RhIsForcedInItsBandsAndLimitedToItsRange) {
     QcRun run(text);
     run.config.set.set("RHThreshold", 1.0);
     run.process();
-    EXPECT_EQ(run.series("QCRH"), "0:0.1 1:0.1 2:100 3:100 4:0.1 5:100");
+    EXPECT_EQ(run.series("QCRH"), "0:0.1 2:100 3:100 4:0.1 5:100");
     const Series& raw = *run.sounding->getSeries("RawRH");
     for (int i = 0; i <= raw.lastIndex(); ++i) {
         EXPECT_EQ(raw.testAttribute(i, Value::QcRHThreshold), i == 0 || i == 2) << i;
     }
     EXPECT_THAT(
         run.summary.items("QC for Relative Humidity"),
-        ElementsAre("Points which were forced to 0% or 100%:  2", "Points which failed the lower limit check:  3",
+        ElementsAre("Points which were forced to 0% or 100%:  2", "Points which failed the limit check:  1",
+                    "Points which failed the buddy check:  0", "Outlier check disabled",
+                    "Points which failed the Q/C filter check:  0", "Points which failed the lower limit check:  2",
                     "Points which failed the upper limit check:  1", "Points which failed the lower limit check:  0",
                     "Points which failed the upper limit check:  0"));
     run.config.set.set("RHThreshold", 0.0);
@@ -287,7 +290,6 @@ const Splash kSplashes[] = {
     {"GPS gap of one second", 100, falling, [](int row) { return row == 80 ? 0 : 8; }, kGpsGap},
     {"GPS gap 60 samples back", 100, falling, [](int row) { return row < 41 ? 0 : 8; }, ""},
     {"no GPS at all", 100, falling, [](int) { return 0; }, ""},
-    {"two samples", 2, [](int row) { return 900.0 - 10 * row; }, [](int row) { return 1 - row; }, ""},
 };
 
 } // namespace
@@ -313,6 +315,14 @@ TEST_P(PostSplash, IsTold) {
     run.config.set.set("DropsondeHitSfc", 0.0);
     run.process();
     EXPECT_EQ(run.errors(), "") << "off when the sonde didn't reach the surface";
+}
+
+TEST(Sounding, TwoSamplesDontTellASplash) {
+    CsvText text(false);
+    text.fields("Time,Pressure,Sats").data("0,900,1").data("0.5,890,0");
+    QcRun run(text);
+    run.process();
+    EXPECT_THAT(run.summary.items("Post-splash Test"), ElementsAre());
 }
 
 INSTANTIATE_TEST_SUITE_P(Sounding, PostSplash, testing::ValuesIn(kSplashes),

@@ -1,0 +1,751 @@
+#include "BuddyCheck.h"
+#include "FilterCheck.h"
+#include "OutlierCheck.h"
+#include "ScalarAdjustment.h"
+#include "Smooth.h"
+#include "Sounding.h"
+
+#include "CsvText.h"
+#include "MadeConfig.h"
+#include "SeriesText.h"
+
+#include <algorithm>
+#include <cmath>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+Series seriesOf(const char* name, const std::vector<double>& data) {
+    Series series{Id(name)};
+    for (std::size_t i = 0; i < data.size(); ++i) {
+        series.appendValue(data[i], static_cast<double>(i));
+    }
+    return series;
+}
+
+/// The times that bear a flag.
+std::string stamped(const Series& series, Value::AttributeType attribute) {
+    std::ostringstream text;
+    for (int i = 0; i <= series.lastIndex(); ++i) {
+        if (series.testAttribute(i, attribute)) {
+            text << (text.tellp() > 0 ? " " : "") << series.time(i);
+        }
+    }
+    return text.str();
+}
+
+class Silence : public StatusAgent {
+public:
+    void AppendStatus(const std::string&) override {}
+};
+
+/// A sounding that didn't reach the surface, so that nothing is added at its end.
+struct CheckRun {
+    explicit CheckRun(const CsvText& csv) {
+        config.set.set("DropsondeHitSfc", 0.0);
+        config.set.add("PresMonoCheck", 0.0, false, false, true);
+        config.set.add("BlendLength", 0.0, false, false, true);
+        config.set.add("WindVVPresWL", 0.0, false, false, true);
+        std::istringstream stream(csv.text());
+        sounding = std::make_unique<Sounding>("made.csv", &stream, config.set, summary);
+    }
+    void process() {
+        Silence agent;
+        summary.clear();
+        sounding->qcProcess(agent);
+    }
+    Series& at(const char* name) { return *sounding->getSeries(name); }
+    std::string series(const char* name) { return textOf(at(name)); }
+    std::string times(const char* name) { return timesOf(at(name)); }
+    std::vector<std::string> items(const std::string& topic) { return summary.items(topic); }
+    std::string errors() {
+        std::string text;
+        sounding->qcError(text);
+        return text;
+    }
+    void expectWindTimes(const std::string& expected) {
+        for (const char* name : {"QCWspd", "QCWdir", "QCU", "QCV"}) {
+            EXPECT_EQ(times(name), expected) << name;
+        }
+    }
+
+    MadeConfig config;
+    Summary summary;
+    std::unique_ptr<Sounding> sounding;
+};
+
+const char* const kFields = "Time,Pressure,Temperature,RH,Speed,Direction,Latitude,Longitude,GpsAlt,Sats";
+
+CsvText drop() {
+    CsvText text(false);
+    text.fields(kFields);
+    return text;
+}
+
+/// Five good samples.
+CsvText fiveOfADrop() {
+    CsvText text = drop();
+    for (int i = 0; i < 5; ++i) {
+        text.data(std::to_string(i) + "," + std::to_string(500 + i) + ",-5,50,10,90,25,-80," +
+                  std::to_string(5000 - 10 * i) + ",8");
+    }
+    return text;
+}
+
+CsvText pressures(bool ascending, const std::vector<double>& data) {
+    CsvText text(ascending);
+    text.fields("Time,Pressure");
+    for (std::size_t i = 0; i < data.size(); ++i) {
+        text.data(std::to_string(i) + "," + std::to_string(data[i]));
+    }
+    return text;
+}
+
+} // namespace
+
+TEST(ScalarAdjustment, LimitsPassBothEnds) {
+    Series judged = seriesOf("QCPres", {0.99, 1.0, 1200.0, 1200.01, 500.0, 0.5});
+    Series companion = seriesOf("QCVVPres", {1, 2, 3, 4, 5, 6});
+    Series raw = seriesOf("RawPres", {1, 2, 3, 4, 5, 6});
+    judged.setAttribute(5, Value::QcKeep);
+    EXPECT_EQ(ScalarAdjustment::limits({&judged, &companion}, 1.0, 1200.0, {&raw}), 2);
+    EXPECT_EQ(textOf(judged), "1:1 2:1200 4:500 5:0.5");
+    EXPECT_EQ(timesOf(companion), "1 2 4 5");
+    EXPECT_EQ(stamped(raw, Value::QcLimitCheck), "0 3");
+    EXPECT_EQ(ScalarAdjustment::limits(&judged, 2.0, 1200.0, nullptr), 1) << "no stamp asked for";
+    EXPECT_EQ(timesOf(judged), "2 4 5");
+}
+
+TEST(ScalarAdjustment, Thresholds) {
+    Series series = seriesOf("QCRH", {-1.0, 0.0, 100.0, 101.0});
+    EXPECT_EQ(ScalarAdjustment::minThreshold(series, 0.0), 1);
+    EXPECT_EQ(ScalarAdjustment::maxThreshold(series, 100.0), 1);
+    EXPECT_EQ(textOf(series), "0:0 1:0 2:100 3:100");
+}
+
+TEST(BuddyCheck, SpikesStepsAndEnds) {
+    struct {
+        const char* what;
+        std::vector<double> data;
+        const char* removed;
+    } const cases[] = {
+        {"two values", {0, 100}, ""},
+        {"a lone spike", {5, 5, 5, 5, 15, 5, 5, 5, 5}, "4"},
+        {"a spike downward", {5, 5, 5, 5, -5, 5, 5, 5, 5}, "4"},
+        {"a step", {5, 5, 5, 5, 15, 15, 15, 15, 15}, ""},
+        {"the last value", {5, 5, 5, 5, 5, 5, 5, 5, 25}, "8"},
+        {"the first value", {25, 5, 5, 5, 5, 5, 5, 5, 5}, ""},
+        {"up and down at the end", {5, 5, 5, 5, 5, 5, 5, 25, 5}, "7 8"},
+        {"a failed value stays a neighbour", {5, 5, 5, 25, 5, 25, 5, 5, 5}, "3 4 5"},
+    };
+    for (const auto& c : cases) {
+        Series judged = seriesOf("QCTdry", c.data);
+        Series raw = judged;
+        Series companion = judged;
+        const int removed = BuddyCheck().check({&judged, &companion}, 6.0, {&raw});
+        EXPECT_EQ(removed, raw.lastIndex() - judged.lastIndex()) << c.what;
+        EXPECT_EQ(stamped(raw, Value::QcBuddyCheck), c.removed) << c.what;
+        EXPECT_EQ(textOf(companion), textOf(judged)) << c.what;
+        for (const Value& value : judged) {
+            EXPECT_FALSE(raw.testAttribute(raw.indexFromTime(value.time()), Value::QcBuddyCheck)) << c.what;
+        }
+    }
+}
+
+TEST(BuddyCheck, SlopesAreAboutTheTrend) {
+    Series steep = seriesOf("QCPres", {0, 10, 20, 30, 40});
+    EXPECT_EQ(BuddyCheck().check(&steep, 1.0, nullptr), 0) << "10 a second, all of it trend";
+}
+
+TEST(BuddyCheck, KeptValuesStay) {
+    Series judged = seriesOf("QCTdry", {5, 5, 5, 5, 15, 5, 5, 5, 5});
+    judged.setAttribute(4, Value::QcKeep);
+    EXPECT_EQ(BuddyCheck().check(&judged, 6.0, nullptr), 0);
+    EXPECT_EQ(judged.lastIndex(), 8);
+}
+
+TEST(OutlierCheck, AboutTheTrendInStandardDeviations) {
+    // About the mean 1 (the spike is in the middle, so there is no slope) the residuals are -1, eight times, and 8:
+    // the standard deviation is sqrt((8 + 64) / 9) = 2.828, and the spike stands off by 2.828 of them.
+    const std::vector<double> data{0, 0, 0, 0, 9, 0, 0, 0, 0};
+    for (const bool kept : {false, true}) {
+        for (const double limit : {2.82, 2.83}) {
+            Series judged = seriesOf("QCTdry", data);
+            Series companion = judged;
+            Series raw = judged;
+            if (kept) {
+                judged.setAttribute(4, Value::QcKeep);
+            }
+            const bool fails = limit < 2.825 && !kept;
+            EXPECT_EQ(OutlierCheck().check({&judged, &companion}, limit, {&raw}), fails ? 1 : 0) << limit;
+            EXPECT_EQ(stamped(raw, Value::QcOutlierCheck), fails ? "4" : "");
+            EXPECT_EQ(judged.lastIndex(), fails ? 7 : 8);
+            EXPECT_EQ(textOf(companion), textOf(judged));
+        }
+    }
+}
+
+TEST(OutlierCheck, TheFirstIsNeverJudgedAndALineLosesNothing) {
+    Series first = seriesOf("QCTdry", {90, 0, 0, 0, 0, 0, 0});
+    EXPECT_EQ(OutlierCheck().check(&first, 0.0, nullptr), 6) << "all but the first";
+    EXPECT_EQ(textOf(first), "0:90");
+    EXPECT_EQ(OutlierCheck().check(&first, 0.0, nullptr), 0);
+    Series line = seriesOf("QCTdry", {1, 2, 3, 4, 5});
+    EXPECT_EQ(OutlierCheck().check(&line, 1.0, nullptr), 0);
+    Series none = seriesOf("QCTdry", {});
+    EXPECT_EQ(OutlierCheck().check(&none, 1.0, nullptr), 0);
+}
+
+TEST(FilterCheck, FarFromTheCurve) {
+    std::vector<double> data(41, 10.0);
+    data[20] = 30.0;
+    struct {
+        bool kept;
+        double deviation;
+        const char* removed;
+    } const cases[] = {{false, 10.0, "20"}, {true, 10.0, ""}, {false, 20.0, ""}};
+    for (const auto& c : cases) {
+        Series judged = seriesOf("QCTdry", data);
+        Series companion = judged;
+        Series raw = judged;
+        if (c.kept) {
+            judged.setAttribute(20, Value::QcKeep);
+        }
+        bool failed = true;
+        const int removed = FilterCheck().check({&judged, &companion}, c.deviation, 20.0, {&raw}, failed);
+        EXPECT_FALSE(failed);
+        EXPECT_EQ(removed, *c.removed == '\0' ? 0 : 1);
+        EXPECT_EQ(stamped(raw, Value::QcFilterCheck), c.removed);
+        EXPECT_EQ(textOf(companion), textOf(judged));
+    }
+}
+
+TEST(FilterCheck, ObservationsAtTheEndsAreInTheFitOnly) {
+    std::vector<double> data(41, 10.0);
+    data.front() = 60.0;
+    data.back() = 60.0;
+    for (const bool observed : {false, true}) {
+        Series judged = seriesOf("QCTdry", data);
+        if (observed) {
+            judged.setAttribute(0, Value::ObsFlight);
+            judged.setAttribute(40, Value::ObsSurface);
+        }
+        bool failed = true;
+        FilterCheck().check(&judged, 5.0, 20.0, nullptr, failed);
+        EXPECT_FALSE(failed);
+        EXPECT_EQ(judged.time(0) == 0.0, observed);
+        EXPECT_EQ(judged.time(judged.lastIndex()) == 40.0, observed);
+        EXPECT_LT(judged.lastIndex(), 40) << "the ends bend the curve away from their neighbours";
+    }
+}
+
+TEST(FilterCheck, TooShort) {
+    bool failed = true;
+    Series two = seriesOf("QCTdry", {1, 1000});
+    EXPECT_EQ(FilterCheck().check(&two, 0.1, 20.0, nullptr, failed), 0);
+    EXPECT_FALSE(failed);
+    Series three = seriesOf("QCTdry", {1, 1000, 1});
+    EXPECT_EQ(FilterCheck().check(&three, 0.1, 20.0, nullptr, failed), 0);
+    EXPECT_TRUE(failed);
+    EXPECT_EQ(three.lastIndex(), 2);
+}
+
+TEST(Smooth, SparesTheFirstValue) {
+    std::vector<double> data;
+    for (int i = 0; i <= 40; ++i) {
+        data.push_back(i % 2 == 0 ? 9.0 : 11.0);
+    }
+    data.front() = 12.5;
+    Series series = seriesOf("QCTdry", data);
+    bool failed = true;
+    Smooth().smooth(&series, 0.0, failed);
+    EXPECT_FALSE(failed);
+    EXPECT_EQ(series.dataArray(), data);
+    Smooth().smooth(&series, 41.0, failed);
+    EXPECT_TRUE(failed);
+    EXPECT_EQ(series.dataArray(), data);
+    Smooth().smooth(&series, 20.0, failed);
+    EXPECT_FALSE(failed);
+    EXPECT_EQ(series.data(0), 12.5);
+    EXPECT_NEAR(series.data(20), 10.0, 0.1) << "waves of 2 s are gone";
+}
+
+TEST(Limits, EachQuantityInItsRange) {
+    CsvText text = drop();
+    text.data("0,500,-5,50,10,90,25,-80,5000,8");
+    text.data("1,0.99,50.1,120.1,151,90,95,-80,40001,33");
+    text.data("2,1,50,120,150,360,90,180,40000,32");
+    text.data("3,1200,-100,0,0,0,-90,-180,-300,0");
+    text.data("4,1200.1,-100.1,50,10,361,25,181,-301,8");
+    CheckRun run(text);
+    run.process();
+    for (const char* name : {"QCPres", "QCVVPres", "QCTdry", "QCGpsLat", "QCGpsLon", "QCGpsAlt"}) {
+        EXPECT_EQ(run.times(name), "0 2 3") << name;
+    }
+    EXPECT_EQ(run.times("QCRH"), "0 2 3 4");
+    run.expectWindTimes("0 2 3");
+    for (const char* name : {"RawPres", "RawTdry", "RawWspd", "RawWdir", "RawLat", "RawLon", "RawGpsAlt"}) {
+        EXPECT_EQ(stamped(run.at(name), Value::QcLimitCheck), "1 4") << name;
+    }
+    EXPECT_THAT(run.items("QC for Winds"), Contains("Points which failed the wind speed limit check:  1"));
+    EXPECT_THAT(run.items("QC for Winds"), Contains("Points which failed the wind direction limit check:  1"));
+    EXPECT_THAT(run.items("QC for GPS Position"), Contains("Points which failed the latitude limit check:  1"));
+    EXPECT_THAT(run.items("QC for GPS Position"), Contains("Points which failed the longitude limit check:  1"));
+    for (const char* topic : {"QC for Pressure", "QC for VV Pressure", "QC for Temperature", "QC for GPS Altitude"}) {
+        EXPECT_THAT(run.items(topic), Contains("Points which failed the limit check:  2")) << topic;
+    }
+    EXPECT_THAT(run.items("QC for Relative Humidity"), Contains("Points which failed the limit check:  1"));
+    EXPECT_THAT(run.items("QC for RawSats"), ElementsAre("Points which failed the limit check:  1"));
+    EXPECT_THAT(run.items("QC for RawWe"), ElementsAre()) << "passed over without data";
+    EXPECT_EQ(run.times("RawSats"), "0 2 3 4");
+}
+
+TEST(Limits, KeptValuesStay) {
+    CsvText text = drop();
+    text.data("0,500,-5,50,10,90,25,-80,5000,8").data("1,501,60,50,10,90,25,-80,5000,8");
+    CheckRun run(text);
+    ASSERT_TRUE(run.sounding->setDataAtt("RawTdry", 1.0, Value::QcKeep, true));
+    run.process();
+    EXPECT_EQ(run.series("QCTdry"), "0:-5 1:60");
+    EXPECT_THAT(run.items("QC for Temperature"), Contains("Points which failed the limit check:  0"));
+    EXPECT_EQ(stamped(run.at("RawTdry"), Value::QcLimitCheck), "");
+}
+
+TEST(Limits, TheLaunchValueHasNoProtection) {
+    CsvText text(false);
+    text.line("Speed,151").line("Direction,90").fields(kFields);
+    text.data("0,500,-5,50,10,90,25,-80,5000,8").data("1,501,-5,50,10,90,25,-80,5000,8");
+    CheckRun run(text);
+    run.process();
+    run.expectWindTimes("0 1");
+}
+
+TEST(Satellites, TooFew) {
+    CsvText text(false);
+    text.line("Speed,12").line("Direction,90").line("Latitude,25").line("Longitude,-80").fields(kFields);
+    text.data("0,500,-5,50,10,90,25,-80,5000,6").data("1,501,-5,50,10,90,25,-80,4990,5");
+    text.data("2,502,-5,50,10,90,25,-80,4980,5").data("3,503,-5,50,10,90,25,-80,4970,");
+    CheckRun run(text);
+    run.config.set.set("WindDisableSatsCheck", 0.0);
+    run.config.set.add("WindSats", 6.9, false, false, true);
+    ASSERT_TRUE(run.sounding->setDataAtt("RawWdir", 2.0, Value::QcKeep, true));
+    run.process();
+    run.expectWindTimes("-1 0 2 3");
+    EXPECT_EQ(run.times("QCGpsLat"), "-1 0 3");
+    EXPECT_EQ(run.times("QCGpsLon"), "-1 0 3");
+    EXPECT_EQ(run.times("QCGpsAlt"), "0 3");
+    EXPECT_EQ(stamped(run.at("RawWspd"), Value::QcSatsCheck), "1");
+    EXPECT_EQ(stamped(run.at("RawWdir"), Value::QcSatsCheck), "1");
+    EXPECT_EQ(stamped(run.at("RawLat"), Value::QcSatsCheck), "1 2");
+    EXPECT_EQ(stamped(run.at("RawLon"), Value::QcSatsCheck), "1 2");
+    EXPECT_EQ(stamped(run.at("RawGpsAlt"), Value::QcSatsCheck), "1 2");
+    const std::string item = "Points which failed the number of satellites check: ";
+    EXPECT_THAT(run.items("QC for Winds"), Contains(item + " 1"));
+    EXPECT_THAT(run.items("QC for GPS Position"), Contains(item + " 2"));
+    EXPECT_THAT(run.items("QC for GPS Altitude"), Contains(item + " 2"));
+}
+
+TEST(Satellites, DisabledOrNotApplied) {
+    CheckRun run(pressures(false, {500, 501, 502}));
+    for (const char* topic : {"QC for Winds", "QC for GPS Position", "QC for GPS Altitude"}) {
+        run.config.set.set("WindDisableSatsCheck", 1.0);
+        run.process();
+        EXPECT_THAT(run.items(topic), Contains("Satellites check disabled"));
+        run.config.set.set("WindDisableSatsCheck", 0.0);
+        run.process();
+        EXPECT_THAT(run.items(topic), Contains("Sats check not applied."));
+    }
+}
+
+TEST(WindError, LimitsByHeight) {
+    CsvText text(false);
+    text.line("ThermoSensor,RSS421").line("Speed,12").line("Direction,90").fields(kFields);
+    const char* const altitudes[] = {"10000", "9999", "5000", "101", "100", "", "", "", "5000"};
+    for (int i = 0; i < 9; ++i) {
+        text.data(std::to_string(i) + "," + std::to_string(500 + i) + ",-5,50,10,90,25,-80," + altitudes[i] + ",8");
+    }
+    CheckRun run(text);
+    run.config.set.set("WindDisableErrorCheck", 0.0);
+    run.config.set.add("WindErrorLow", 1.0, false, false, true);
+    run.config.set.add("WindErrorHigh", 2.0, false, false, true);
+    Series& we = run.at("RawWe");
+    we.removeAll();
+    const double errors[] = {1.5, 1.5, 1.0, 1.5, 1.5, 2.5, 2.0, 2.5, 1.5};
+    we.appendValue(50.0, -1.0);
+    for (int i = 0; i < 9; ++i) {
+        we.appendValue(errors[i], i);
+    }
+    ASSERT_TRUE(run.sounding->setDataAtt("RawWdir", 7.0, Value::QcKeep, true));
+    run.process();
+    run.expectWindTimes("-1 0 2 4 6 7");
+    EXPECT_EQ(stamped(run.at("RawWspd"), Value::QcWindErrorCheck), "1 3 5 8");
+    EXPECT_EQ(stamped(run.at("RawWdir"), Value::QcWindErrorCheck), "1 3 5 8");
+    EXPECT_THAT(run.items("QC for Winds"), Contains("Points which failed the wind error check:  4"));
+
+    run.config.set.set("WindDisableErrorCheck", 1.0);
+    run.process();
+    EXPECT_THAT(run.items("QC for Winds"), Contains("Wind error check disabled"));
+    run.expectWindTimes("-1 0 1 2 3 4 5 6 7 8");
+}
+
+TEST(WindError, OtherSondes) {
+    CheckRun run(fiveOfADrop());
+    run.config.set.set("WindDisableErrorCheck", 0.0);
+    run.at("RawWe").appendValue(90.0, 2.0);
+    run.process();
+    run.expectWindTimes("0 1 2 3 4");
+    EXPECT_THAT(run.items("QC for Winds"), Contains("Wind error check not applied (sonde is not xRD41)"));
+}
+
+TEST(MonotonicPressure, AgainstTheLastGoodValue) {
+    struct {
+        bool ascending;
+        std::vector<double> data;
+        double kept;
+        const char* left;
+        const char* failed;
+    } const cases[] = {
+        {false, {500, 501, 499, 502}, -9, "0 1 3", "2"},        {false, {500, 501, 501, 502}, -9, "0 1 2 3", ""},
+        {false, {500, 510, 505, 508, 511}, -9, "0 1 4", "2 3"}, {false, {500, 510, 505, 508, 511}, 2, "0 1 2 3 4", ""},
+        {true, {500, 499, 501, 498}, -9, "0 1 3", "2"},
+    };
+    for (const auto& c : cases) {
+        CheckRun run(pressures(c.ascending, c.data));
+        run.config.set.set("PresMonoCheck", 1.0);
+        run.sounding->setDataAtt("RawPres", c.kept, Value::QcKeep, true);
+        run.process();
+        EXPECT_EQ(run.times("QCPres"), c.left);
+        EXPECT_EQ(stamped(run.at("RawPres"), Value::QcMonotonicPresCheck), c.failed);
+        if (!c.ascending) {
+            EXPECT_EQ(run.at("QCVVPres").lastIndex() + 1, static_cast<int>(c.data.size()));
+        }
+        EXPECT_THAT(run.items("QC for Pressure"), Contains(HasSubstr("Points which failed the monotonic check:  ")));
+        run.config.set.set("PresMonoCheck", 0.0);
+        run.process();
+        EXPECT_THAT(run.items("QC for Pressure"), Not(Contains(HasSubstr("monotonic"))));
+        EXPECT_EQ(run.at("QCPres").lastIndex() + 1, static_cast<int>(c.data.size()));
+    }
+}
+
+TEST(SeriesChecks, DisabledFailedAndEmpty) {
+    CheckRun run(fiveOfADrop());
+    run.process();
+    EXPECT_THAT(run.errors(),
+                StartsWith("- Filter check failed for pressure\n- Filter check failed for VVpressure\n"
+                           "- Filter check failed for Tdry\n- Filter check failed for RH\n"
+                           "- Filter check failed for GPS Latitude\n- Filter check failed for GPS Longitude\n"
+                           "- Filter check failed for GPS Altitude\n"));
+    EXPECT_THAT(run.items("QC for Winds"), Contains("Outlier check disabled"));
+    EXPECT_THAT(run.items("QC for Winds"), Contains("Q/C filter check disabled"));
+    EXPECT_THAT(run.items("QC for Winds"), Not(Contains(HasSubstr("failed the outlier"))));
+    EXPECT_THAT(run.items("QC for VV Pressure"), Not(Contains("Outlier check disabled")));
+    EXPECT_THAT(run.items("QC for Pressure"), Contains("Points which failed the Q/C filter check:  0"));
+
+    run.config.set.set("WindDisableQCFilter", 0.0);
+    run.config.set.set("PresDisableOutlierCheck", 0.0);
+    run.config.set.add("PresOutlier", 10.0, false, false, true);
+    run.process();
+    EXPECT_THAT(run.errors(), HasSubstr("- Filter check failed for winds\n"));
+    EXPECT_THAT(run.items("QC for Pressure"), Contains("Points which failed the outlier check:  0"));
+    EXPECT_THAT(run.items("QC for VV Pressure"), Contains("Points which failed the outlier check:  0"));
+
+    CheckRun empty(pressures(false, {500, 501, 502, 503, 504, 505, 506, 507}));
+    for (const char* key : {"PresQCWL", "WindQCWL"}) {
+        empty.config.set.set(key, 4.0);
+    }
+    empty.config.set.set("WindDisableQCFilter", 0.0);
+    empty.config.set.set("WindDisableOutlierCheck", 0.0);
+    empty.config.set.add("WindOutlier", 10.0, false, false, true);
+    empty.process();
+    EXPECT_THAT(empty.errors(), Not(HasSubstr("Filter check")));
+    EXPECT_THAT(empty.items("QC for Winds"), Not(Contains(HasSubstr("Points which failed"))));
+}
+
+namespace {
+
+constexpr int kSamples = 41; // one each half second
+constexpr int kBlended = 8;  // samples in the 4 s before the last
+
+std::string cell(double value) {
+    std::ostringstream text;
+    text.precision(17);
+    text << value;
+    return text.str();
+}
+
+double pressureAt(int i) {
+    return 500.0 + 2.0 * i + 3.0 * std::sin(1.3 * i) + std::cos(0.21 * i);
+}
+
+CsvText longPressures(bool ascending) {
+    CsvText text(ascending);
+    text.line("Pressure,700").fields("Time,Pressure");
+    for (int i = 0; i < kSamples; ++i) {
+        text.data(cell(0.5 * i) + "," + cell(pressureAt(i)));
+    }
+    return text;
+}
+
+CsvText longWinds(bool ascending) {
+    CsvText text(ascending);
+    text.line("Speed,25").line("Direction,200").fields("Time,RH,Speed,Direction");
+    for (int i = 0; i < kSamples; ++i) {
+        text.data(cell(0.5 * i) + "," + cell(50.0 + 10.0 * std::sin(2.1 * i)) + "," +
+                  cell(12.0 + 3.0 * std::sin(1.3 * i)) + "," + cell(300.0 + 20.0 * std::cos(0.9 * i)));
+    }
+    return text;
+}
+
+Series smoothedCopy(const Series& series, double wavelength) {
+    Series copy = series;
+    bool failed = false;
+    Smooth().smooth(&copy, wavelength, failed);
+    EXPECT_FALSE(failed);
+    return copy;
+}
+
+/// \p blended is \p longWave, but for its last 4 s, where the weight of \p shortWave grows by an eighth a sample to 1.
+void expectBlend(const Series& blended, const Series& longWave, const Series& shortWave) {
+    ASSERT_EQ(blended.lastIndex(), longWave.lastIndex());
+    const int last = blended.lastIndex();
+    for (int i = 0; i <= last; ++i) {
+        const double share = std::max(0, kBlended - (last - i)) / static_cast<double>(kBlended);
+        EXPECT_NEAR(blended.data(i), share * shortWave.data(i) + (1.0 - share) * longWave.data(i), 1e-9) << i;
+    }
+    EXPECT_GT(std::abs(shortWave.data(last - 1) - longWave.data(last - 1)), 1e-3) << "the two can be told apart";
+}
+
+} // namespace
+
+TEST(PressureSmoothing, BlendOfADrop) {
+    CheckRun run(longPressures(false));
+    run.process();
+    const Series raw = run.at("QCPres");
+    ASSERT_EQ(raw.lastIndex(), kSamples);
+    EXPECT_EQ(raw.data(0), 700.0);
+    EXPECT_EQ(raw.data(5), pressureAt(4)) << "no wavelength, no blend";
+
+    run.config.set.set("BlendLength", 4.0);
+    run.process();
+    expectBlend(run.at("QCPres"), raw, smoothedCopy(raw, 4.0));
+    EXPECT_EQ(run.series("QCVVPres"), textOf(raw));
+
+    run.config.set.set("PresSmoothWL", 10.0);
+    run.config.set.set("WindVVPresWL", 8.0);
+    run.process();
+    expectBlend(run.at("QCPres"), smoothedCopy(raw, 10.0), smoothedCopy(raw, 4.0));
+    EXPECT_EQ(run.at("QCPres").data(0), 700.0);
+    EXPECT_EQ(run.series("QCVVPres"), textOf(smoothedCopy(raw, 8.0)));
+    EXPECT_THAT(run.errors(), Not(HasSubstr("smoothing")));
+}
+
+TEST(PressureSmoothing, FailuresOfADrop) {
+    CheckRun run(longPressures(false));
+    run.process();
+    const Series raw = run.at("QCPres");
+    run.config.set.set("BlendLength", 4.0);
+    run.config.set.set("PresSmoothWL", 1000.0);
+    run.config.set.set("WindVVPresWL", 1000.0);
+    run.process();
+    EXPECT_THAT(run.errors(), HasSubstr("- Final smoothing failed for VV pressure\n"
+                                        "- Final smoothing failed for pressure\n"));
+    EXPECT_THAT(run.errors(), Not(HasSubstr("blended")));
+    expectBlend(run.at("QCPres"), raw, smoothedCopy(raw, 4.0));
+
+    run.config.set.set("BlendLength", 1000.0);
+    run.config.set.set("PresSmoothWL", 10.0);
+    run.config.set.set("WindVVPresWL", 0.0);
+    run.process();
+    EXPECT_THAT(run.errors(), HasSubstr("- Final smoothing failed for blended pressure\n"));
+    EXPECT_EQ(run.series("QCPres"), textOf(smoothedCopy(raw, 10.0)));
+}
+
+TEST(PressureSmoothing, OfAnUpsonde) {
+    CheckRun run(longPressures(true));
+    run.config.set.set("BlendLength", 4.0);
+    run.process();
+    const Series raw = run.at("QCPres");
+    EXPECT_EQ(raw.data(0), 700.0);
+    EXPECT_EQ(raw.data(raw.lastIndex()), pressureAt(kSamples - 1)) << "no blend";
+    run.config.set.set("PresSmoothWL", 10.0);
+    run.process();
+    EXPECT_EQ(run.series("QCPres"), textOf(smoothedCopy(raw, 10.0)));
+    run.config.set.set("PresSmoothWL", 1000.0);
+    run.process();
+    EXPECT_THAT(run.errors(), HasSubstr("- Final smoothing failed for pressure\n"));
+    EXPECT_EQ(run.series("QCPres"), textOf(raw));
+}
+
+TEST(FinalSmoothing, WindsAreRebuiltFromTheirComponents) {
+    for (const bool ascending : {false, true}) {
+        CheckRun run(longWinds(ascending));
+        run.process();
+        const Series u = run.at("QCU");
+        const Series v = run.at("QCV");
+        const Series rh = run.at("QCRH");
+        run.config.set.set("WindSmoothWL", 10.0);
+        run.config.set.set("RHSmoothWL", 10.0);
+        run.config.set.set("BlendLength", 4.0);
+        run.process();
+        if (ascending) {
+            EXPECT_EQ(run.series("QCU"), textOf(smoothedCopy(u, 10.0)));
+            EXPECT_EQ(run.series("QCV"), textOf(smoothedCopy(v, 10.0)));
+        } else {
+            expectBlend(run.at("QCU"), smoothedCopy(u, 10.0), smoothedCopy(u, 4.0));
+            expectBlend(run.at("QCV"), smoothedCopy(v, 10.0), smoothedCopy(v, 4.0));
+        }
+        EXPECT_EQ(run.series("QCRH"), textOf(smoothedCopy(rh, 10.0)));
+        for (int i = 0; i <= u.lastIndex(); ++i) {
+            const double eastward = run.at("QCU").data(i);
+            const double northward = run.at("QCV").data(i);
+            const double degrees = std::atan2(-eastward, -northward) * 180.0 / std::acos(-1.0);
+            EXPECT_NEAR(run.at("QCWspd").data(i), std::hypot(eastward, northward), 1e-9) << i;
+            EXPECT_NEAR(run.at("QCWdir").data(i), degrees < 0.0 ? degrees + 360.0 : degrees, 1e-3) << i;
+        }
+        EXPECT_EQ(run.at("QCU").data(0), u.data(0));
+    }
+}
+
+TEST(FinalSmoothing, WithoutAWavelengthADropIsStillBlended) {
+    CheckRun run(longWinds(false));
+    run.process();
+    const Series u = run.at("QCU");
+    const Series v = run.at("QCV");
+    run.config.set.set("BlendLength", 4.0);
+    run.process();
+    expectBlend(run.at("QCU"), u, smoothedCopy(u, 4.0));
+    expectBlend(run.at("QCV"), v, smoothedCopy(v, 4.0));
+}
+
+TEST(FinalSmoothing, Failures) {
+    for (const bool ascending : {false, true}) {
+        CheckRun run(longWinds(ascending));
+        run.process();
+        const std::string u = run.series("QCU");
+        run.config.set.set("WindSmoothWL", 1000.0);
+        run.config.set.set("RHSmoothWL", 1000.0);
+        run.config.set.set("BlendLength", 4.0);
+        run.process();
+        EXPECT_THAT(run.errors(), HasSubstr(std::string("- Final smoothing failed for RH\n") +
+                                            (ascending ? "- Final smoothing failed for winds\n"
+                                                       : "- Final smoothing failed for U winds\n")));
+        EXPECT_THAT(run.errors(), Not(HasSubstr("tdry"))) << "an empty series is passed over";
+        EXPECT_THAT(run.errors(), Not(HasSubstr("V winds"))) << "the first failure ends the step";
+        EXPECT_EQ(run.series("QCU"), u);
+    }
+    CheckRun run(longWinds(false));
+    run.config.set.set("BlendLength", 1000.0);
+    run.process();
+    EXPECT_THAT(run.errors(), HasSubstr("- Final smoothing failed for Uprime winds\n"));
+    EXPECT_THAT(run.errors(), Not(HasSubstr("Vprime")));
+
+    CheckRun dry(fiveOfADrop());
+    dry.config.set.set("TdrySmoothWL", 1000.0);
+    dry.process();
+    EXPECT_THAT(dry.errors(), HasSubstr("- Final smoothing failed for tdry\n"));
+    EXPECT_EQ(dry.series("QCTdry"), "0:-5 1:-5 2:-5 3:-5 4:-5");
+}
+
+namespace {
+
+/// Which columns a check of whole series looks at, and what it takes along.
+struct Spiked {
+    const char* key; ///< of the configuration, without the kind of limit
+    int column;
+    double value;
+    const char* topic;
+    const char* which; ///< in the item text
+    std::vector<const char*> series;
+    std::vector<const char*> stamped;
+};
+
+void PrintTo(const Spiked& spiked, std::ostream* out) {
+    *out << spiked.key << " column " << spiked.column;
+}
+
+class SpikedColumn : public testing::TestWithParam<Spiked> {
+protected:
+    /// 41 samples, flat but for the column's spike at 10 s.
+    static CsvText spikedText() {
+        CsvText text = drop();
+        for (int i = 0; i < kSamples; ++i) {
+            double cells[] = {0.5 * i, 500, -5, 50, 10, 90, 25, -80, 5000, 8};
+            if (i == 20) {
+                cells[GetParam().column] = GetParam().value;
+            }
+            std::string line;
+            for (const double value : cells) {
+                line += (line.empty() ? "" : ",") + cell(value);
+            }
+            text.data(line);
+        }
+        return text;
+    }
+
+    static void expectRemoved(CheckRun& run, Value::AttributeType attribute, const std::string& check) {
+        for (const char* name : GetParam().series) {
+            EXPECT_EQ(run.at(name).lastIndex() + 1, kSamples - 1) << name;
+            EXPECT_EQ(run.at(name).indexFromTime(10.0), -1) << name;
+        }
+        for (const char* name :
+             {"RawPres", "RawTdry", "RawRH", "RawLat", "RawLon", "RawGpsAlt", "RawWspd", "RawWdir"}) {
+            const auto& due = GetParam().stamped;
+            const bool isDue = std::find(due.begin(), due.end(), std::string(name)) != due.end();
+            EXPECT_EQ(stamped(run.at(name), attribute), isDue ? "10" : "") << name;
+        }
+        EXPECT_THAT(run.items(GetParam().topic),
+                    Contains("Points which failed the " + std::string(GetParam().which) + check + ":  1"));
+    }
+};
+
+} // namespace
+
+TEST_P(SpikedColumn, BuddyCheck) {
+    CheckRun run(spikedText());
+    run.config.set.set(GetParam().key + std::string("BuddySlope"), 5.0);
+    run.process();
+    expectRemoved(run, Value::QcBuddyCheck, "buddy check");
+}
+
+TEST_P(SpikedColumn, FilterCheck) {
+    CheckRun run(spikedText());
+    run.config.set.set("WindDisableQCFilter", 0.0);
+    run.config.set.set(GetParam().key + std::string("QCDev"), 7.0);
+    run.process();
+    expectRemoved(run, Value::QcFilterCheck, "Q/C filter check");
+}
+
+TEST_P(SpikedColumn, OutlierCheck) {
+    const std::string key = GetParam().key;
+    CheckRun run(spikedText());
+    if (!run.config.set.exists(key + "DisableOutlierCheck")) {
+        run.process();
+        EXPECT_THAT(run.items(GetParam().topic), Not(Contains(HasSubstr("utlier"))));
+        EXPECT_EQ(run.at(GetParam().series.front()).lastIndex() + 1, kSamples);
+        return;
+    }
+    run.config.set.set(key + "DisableOutlierCheck", 0.0);
+    run.config.set.add(key + "Outlier", 5.0, false, false, true);
+    run.process();
+    expectRemoved(run, Value::QcOutlierCheck, "outlier check");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, SpikedColumn,
+    testing::Values(
+        Spiked{"Pres", 1, 520, "QC for Pressure", "", {"QCPres", "QCVVPres"}, {"RawPres"}},
+        Spiked{"Pres", 1, 520, "QC for VV Pressure", "", {"QCPres", "QCVVPres"}, {"RawPres"}},
+        Spiked{"Tdry", 2, 15, "QC for Temperature", "", {"QCTdry"}, {"RawTdry"}},
+        Spiked{"RH", 3, 70, "QC for Relative Humidity", "", {"QCRH"}, {"RawRH"}},
+        Spiked{"Wind", 4, 30, "QC for Winds", "", {"QCWspd", "QCWdir", "QCU", "QCV"}, {"RawWspd", "RawWdir"}},
+        Spiked{"GPSPos", 6, 45, "QC for GPS Position", "latitude ", {"QCGpsLat", "QCGpsLon"}, {"RawLat", "RawLon"}},
+        Spiked{"GPSPos", 7, -60, "QC for GPS Position", "longitude ", {"QCGpsLat", "QCGpsLon"}, {"RawLat", "RawLon"}},
+        Spiked{"GPSAlt", 8, 5020, "QC for GPS Altitude", "", {"QCGpsAlt"}, {"RawGpsAlt"}}));

@@ -1,0 +1,266 @@
+// What QC makes of the example soundings, against the air that they were made from.
+
+#include "EditorControl.h"
+#include "RegistryXML.h"
+#include "ShippedConfiguration.h"
+#include "TarvoConfigSet.h"
+
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iostream>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <set>
+
+namespace {
+
+namespace fs = std::filesystem;
+using nlohmann::json;
+
+const fs::path kExamples = fs::path(TARVO_SOURCE_DIR) / "examples";
+
+constexpr double kUnsettled = 30.0; // s of a drop
+constexpr double kSameTime = 0.01;  // s
+
+struct Example {
+    const char* file;
+    const char* configuration;
+};
+
+const Example kAll[] = {{"D20080910_235612.2", "editsonde"},
+                        {"D20100119_180708.4", "editsonde"},
+                        {"D20210801_120003.1", "editsonde"},
+                        {"D20210914_043120.2", "editsonde"},
+                        {"D20220523_091501.3", "editsonde"},
+                        {"D20230211_154208.1", "editsonde"},
+                        {"tradewind_drop_20210803.csv", "editsonde"},
+                        {"summer_up_20220705.csv", "upsonde-1s"},
+                        {"polar_up_20230117.csv", "upsonde-10s"}};
+
+/// Where a planted fault would show, and how far a QC value may lie from the clean one: some five times the noise.
+struct Place {
+    const char* series;
+    double normalError;
+};
+
+const std::map<std::string, Place> kPlaces{
+    {"pressure", {"QCPres", 0.5}},       {"temperature", {"QCTdry", 0.3}}, {"rh", {"QCRH", 2.0}},
+    {"rh1", {"QCRH", 2.0}},              {"rh2", {"QCRH", 2.0}},           {"speed", {"QCWspd", 1.0}},
+    {"direction", {"QCWdir", 5.0}},      {"latitude", {"QCGpsLat", 2e-5}}, {"longitude", {"QCGpsLon", 2e-5}},
+    {"gps_altitude", {"QCGpsAlt", 6.0}},
+};
+
+std::string stemOf(const Example& example) {
+    return fs::path(example.file).stem().string();
+}
+
+/// An example after the whole of QC, with its truth.
+class TruthTest : public testing::TestWithParam<Example> {
+protected:
+    void SetUp() override {
+        std::ifstream truthFile(kExamples / "truth" / (stemOf(GetParam()) + ".json"));
+        ASSERT_TRUE(truthFile.is_open());
+        truth = json::parse(truthFile);
+        registry = RegistryXML::fromText(shippedConfiguration(), GetParam().configuration);
+        config = std::make_unique<TarvoConfigSet>(registry.get());
+        editor = std::make_unique<EditorControl>(*config, "V3.4.8");
+        const fs::path path = kExamples / "data" / GetParam().file;
+        std::ifstream stream(path);
+        editor->getSounding(path.string(), &stream);
+        ASSERT_TRUE(editor->isValid()) << editor->getSndfileErrorMsg();
+        editor->qcProcess();
+    }
+
+    bool drops() const { return truth["direction"] == "down"; }
+    const Series& series(const std::string& name) const { return *editor->getSeries(name); }
+    std::size_t column(const std::string& name) const {
+        const auto& columns = truth["profile_columns"];
+        return static_cast<std::size_t>(std::find(columns.begin(), columns.end(), name) - columns.begin());
+    }
+
+    struct Deviation {
+        int compared = 0;
+        double rms = 0.0;
+        double greatest = 0.0;
+    };
+
+    /// How far below the sea QC's fall from the last frame ends, m.
+    double fallTooFar() const {
+        const json& last = truth["profile"].back();
+        const json& before = *(truth["profile"].end() - 2);
+        const std::size_t t = column("t");
+        const std::size_t z = column("z");
+        const double rate = (before[z].get<double>() - last[z].get<double>()) /
+                            (last[t].get<double>() - before[t].get<double>());
+        return 0.54 * rate - last[z].get<double>();
+    }
+
+    Deviation deviation(const Series& qc, const std::string& quantity, double shift = 0.0) const {
+        // A gap of twice the interval of the coarsest example bridges a lost sample.
+        constexpr double kGap = 20.0;
+        Deviation found;
+        double squares = 0.0;
+        for (const json& row : truth["profile"]) {
+            const double time = row[column("t")];
+            double value = 0.0;
+            if ((drops() && time < kUnsettled) || !qc.interpolate(time, kGap, value)) {
+                continue;
+            }
+            const double off = value - shift - row[column(quantity)].get<double>();
+            squares += off * off;
+            found.greatest = std::max(found.greatest, std::abs(off));
+            ++found.compared;
+        }
+        found.rms = found.compared > 0 ? std::sqrt(squares / found.compared) : 0.0;
+        std::cout << stemOf(GetParam()) << " " << quantity << ": rms " << found.rms << ", greatest "
+                  << found.greatest << ", at " << found.compared << " of " << truth["profile"].size() << "\n";
+        return found;
+    }
+
+    void expectRms(const char* name, const char* quantity, double limit) const {
+        const Deviation found = deviation(series(name), quantity);
+        EXPECT_GE(found.compared, 60) << name;
+        EXPECT_LE(found.rms, limit) << name;
+    }
+
+    /// The times at which one of \p quantities was planted with a wrong value, or a whole record damaged.
+    std::set<double> faultTimes(const std::set<std::string>& quantities) const {
+        std::set<double> times;
+        for (const json& fault : truth["faults"]) {
+            const std::string kind = fault["kind"];
+            if (kind == "crc" || kind == "winds_only" ||
+                (fault.contains("quantity") && quantities.count(fault["quantity"]) > 0)) {
+                times.insert(fault["time"].get<double>());
+            }
+        }
+        return times;
+    }
+
+    json truth;
+    std::unique_ptr<RegistryXML> registry;
+    std::unique_ptr<TarvoConfigSet> config;
+    std::unique_ptr<EditorControl> editor;
+};
+
+bool holdsTime(const Series& series, double time) {
+    return std::any_of(series.begin(), series.end(),
+                       [time](const Value& value) { return std::abs(value.time() - time) < kSameTime; });
+}
+
+} // namespace
+
+TEST_P(TruthTest, GivesTheAirBack) {
+    expectRms("QCTdry", "T", 0.2);
+    expectRms("QCU", "u", 0.5);
+    expectRms("QCV", "v", 0.5);
+    expectRms("QCPres", "p", 0.3);
+}
+
+TEST_P(TruthTest, NoStepFailsThatCanWork) {
+    std::string text;
+    editor->qcError(text);
+    // Its wavelength of 10 s can't be told from samples every 10 s.
+    const bool coarse = std::string(GetParam().configuration) == "upsonde-10s";
+    EXPECT_EQ(text, coarse ? "- Filter check failed for GPS Altitude\n" : "");
+}
+
+TEST_P(TruthTest, EndsOnTheSurfacePressure) {
+    if (!drops()) {
+        GTEST_SKIP() << "no surface at the end of an ascent";
+    }
+    double p = 0.0;
+    ASSERT_TRUE(editor->getRawTermPres(p));
+    std::cout << stemOf(GetParam()) << " surface pressure off by " << p - truth["surface"]["p"].get<double>() << "\n";
+    // The last frame comes up to half a second ahead of the sea, and QC lets every sonde fall on for the same time.
+    const json& last = truth["profile"].back();
+    const double density =
+        100.0 * last[column("p")].get<double>() / (287.04 * (last[column("T")].get<double>() + 273.15));
+    const double tooFar = fallTooFar() * density * 9.80665 / 100.0;
+    EXPECT_NEAR(p - tooFar, truth["surface"]["p"].get<double>(), 0.3);
+}
+
+TEST_P(TruthTest, HeightsFitTheColumn) {
+    if (!drops()) {
+        GTEST_SKIP() << "the 5 m are a figure of drops";
+    }
+    const Deviation up = deviation(*editor->getAltitudeSeries(), "z", fallTooFar());
+    EXPECT_GE(up.compared, 60);
+    EXPECT_LE(up.greatest, 5.0);
+}
+
+TEST_P(TruthTest, KeepsWhatIsGood) {
+    const struct {
+        const char* raw;
+        const char* qc;
+        std::set<std::string> quantities;
+    } cases[] = {{"RawPres", "QCPres", {"pressure"}},
+                 {"RawTdry", "QCTdry", {"temperature"}},
+                 {"RawRH", "QCRH", {"rh", "rh1", "rh2", "temperature"}},
+                 {"RawWspd", "QCWspd", {"speed", "direction", "wind_error", "satellites"}}};
+    for (const auto& [rawName, qcName, quantities] : cases) {
+        const std::set<double> planted = faultTimes(quantities);
+        int good = 0;
+        int kept = 0;
+        std::string lost;
+        for (const Value& sample : series(rawName)) {
+            const auto isIt = [&](double time) { return std::abs(time - sample.time()) < kSameTime; };
+            if (sample.isObservation() || sample.time() < 0.0 ||
+                sample.testAttribute(Value::QcAmbientEquilibration) ||
+                std::any_of(planted.begin(), planted.end(), isIt)) {
+                continue;
+            }
+            ++good;
+            if (holdsTime(series(qcName), sample.time())) {
+                ++kept;
+            } else {
+                lost += " " + std::to_string(sample.time());
+            }
+        }
+        std::cout << stemOf(GetParam()) << " " << qcName << " kept " << kept << " of " << good << "\n";
+        ASSERT_GT(good, 300) << qcName;
+        EXPECT_GE(kept, 0.99 * good) << qcName << " lost" << lost;
+    }
+}
+
+TEST_P(TruthTest, PlantedFaultsAreGone) {
+    int judged = 0;
+    for (const json& fault : truth["faults"]) {
+        const auto place = fault.contains("quantity") ? kPlaces.find(fault["quantity"]) : kPlaces.end();
+        if (place == kPlaces.end()) {
+            continue;
+        }
+        ++judged;
+        if (fault["quantity"] == "direction") {
+            // Winds are judged by their speed, so that a direction wrong by itself stays; smoothing tames it.
+            for (const Value& value : series("QCWdir")) {
+                if (std::abs(value.time() - fault["time"].get<double>()) < kSameTime) {
+                    EXPECT_NEAR(value.data(), fault["clean"].get<double>(), 10.0);
+                }
+            }
+            continue;
+        }
+        const auto& [name, normalError] = place->second;
+        for (const Value& value : series(name)) {
+            if (std::abs(value.time() - fault["time"].get<double>()) < kSameTime) {
+                EXPECT_NEAR(value.data(), fault["clean"].get<double>(), normalError)
+                    << name << " at " << value.time();
+            }
+        }
+    }
+    for (const json& fault : truth["faults"]) {
+        const std::string quantity = fault.value("quantity", "");
+        if (quantity == "wind_error" || quantity == "satellites") {
+            ++judged;
+            EXPECT_FALSE(holdsTime(series("QCWspd"), fault["time"])) << quantity << " at " << fault["time"];
+        }
+    }
+    if (stemOf(GetParam()) == "D20210914_043120") {
+        EXPECT_EQ(judged, 32) << "all but an ascent and an altitude, which no QC series takes";
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Examples, TruthTest, testing::ValuesIn(kAll), [](const auto& example) {
+    return stemOf(example.param);
+});
