@@ -1,0 +1,163 @@
+#include "QcRun.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using testing::ElementsAre;
+
+/// A drop through air of 20 deg C and 50 %, two samples a second for 49.5 s, in which the pressure grows by 1 mb a second
+/// from 900 mb on. Its virtual temperature is 294.5 K, so the hydrostatic fall rate at the end is
+/// 287.04 * 294.5 / (949.5 * 9.80665) = 9.08 m/s.
+CsvText evenDrop(const std::string& ascentAt20s = "-9.1") {
+    CsvText text(false);
+    text.fields("Time,Pressure,Temperature,RH,Speed,Direction,Ascent");
+    for (int i = 0; i < 100; ++i) {
+        const std::string time = std::to_string(0.5 * i);
+        text.data(time + "," + std::to_string(900.0 + 0.5 * i) + ",20,50,10,90," + (i == 40 ? ascentAt20s : "-9.1"));
+    }
+    return text;
+}
+
+struct EvenDrop : QcRun {
+    explicit EvenDrop(const CsvText& csv = evenDrop()) : QcRun(csv) {
+        config.override("LaunchTdryOverride", 20.0);
+        config.set.set("CabinTemp", 20.0); // nothing has to settle
+        config.set.add("DragCoef", 0.61, false, false, true);
+        config.set.add("DropSondeMass", 400.0, false, false, true);
+        config.set.add("ChuteArea", 676.0, false, false, true);
+    }
+};
+
+} // namespace
+
+TEST(SoundingMotion, ExtrapolatesASurfaceObservation) {
+    EvenDrop run;
+    run.process();
+    // 9.08 m/s for 0.54 s are 4.9 m, and 949.5 mb * 0.03414 * 4.9 m / 294.5 K are 0.54 mb.
+    EXPECT_THAT(run.summary.items("Surface Observation"),
+                ElementsAre("Splash time (time of the last usable frame): 49.50s", "Extrapolated surface time: 50.04s",
+                            "Fall distance from last frame: 4.9m", "Extrapolated surface pressure: 950.0mb",
+                            "Extrapolated surface temperature: 20.0C", "Extrapolated surface rh: 50.0%"));
+    for (const char* name : {"QCPres", "QCVVPres", "QCTdry", "QCRH", "QCTime"}) {
+        const Series& series = *run.sounding->getSeries(name);
+        EXPECT_NEAR(series.time(series.lastIndex()), 50.04, 1e-9) << name;
+        EXPECT_TRUE(series.testAttribute(series.lastIndex(), Value::ObsSurface)) << name;
+    }
+    double pressure = 0.0;
+    ASSERT_TRUE(run.sounding->getRawTermPres(pressure));
+    EXPECT_NEAR(pressure, 950.04, 0.01);
+    EXPECT_EQ(run.sounding->getSeries("QCWspd")->time(99), 49.5) << "no wind at the surface";
+
+    run.config.set.set("DropsondeHitSfc", 0.0);
+    run.process();
+    EXPECT_THAT(run.summary.items("Surface Observation"), ElementsAre());
+    EXPECT_FALSE(run.sounding->getRawTermPres(pressure));
+}
+
+TEST(SoundingMotion, IntegratesHeightsFromTheEndsThatAreKnown) {
+    EvenDrop run;
+    run.config.override("LaunchAltOverride", 500.0);
+    run.config.override("SfcAltOverride", 12.0);
+    run.process();
+    EXPECT_THAT(run.summary.items("QC Height Integration"),
+                ElementsAre("Upward integration starts @ 12.0m", "Downward integration starts @ 500.0m"));
+    const Series& up = *run.sounding->getAltSeries();
+    EXPECT_EQ(up.id().name(), "QCAltUp");
+    // 294.5 K / 0.034164 ln(950.04 / 900) = 466.5 m above the surface.
+    EXPECT_NEAR(up.data(0), 12.0 + 466.5, 0.5);
+    EXPECT_EQ(up.data(up.lastIndex()), 12.0);
+    EXPECT_EQ(run.sounding->getSeries("QCPres")->time(0), 0.0) << "what the integration put in front is gone";
+
+    run.config.override("SfcAltUnknown", 1.0);
+    run.process();
+    EXPECT_THAT(run.summary.items("QC Height Integration"), ElementsAre("Downward integration starts @ 500.0m"));
+    EXPECT_EQ(run.series("QCAltUp"), "");
+    EXPECT_EQ(run.sounding->getAltSeries()->id().name(), "QCAltDn");
+
+    CsvText cold(true);
+    cold.fields("Time,Pressure").data("0,1000").data("1,999");
+    QcRun noTemperature(cold);
+    noTemperature.process();
+    EXPECT_THAT(noTemperature.summary.items("QC Height Integration"),
+                ElementsAre("No temperature data (fewer than 2 data points)"));
+}
+
+TEST(SoundingMotion, AWindWhoseFallRateAgreesWithNeitherOtherGoes) {
+    EvenDrop run(evenDrop("-3"));
+    run.config.set.set("WindVVdelta", 2.5);
+    run.process();
+    for (const char* wind : {"QCWspd", "QCWdir", "QCU", "QCV"}) {
+        EXPECT_EQ(run.sounding->getSeries(wind)->lastIndex(), 98) << wind;
+        EXPECT_EQ(run.sounding->getSeries(wind)->indexFromTime(20.0), -1) << wind;
+    }
+    EXPECT_THAT(run.summary.items("QC for Winds"), testing::Contains("Points which failed the vertical velocity check: 1"));
+    EXPECT_TRUE(run.sounding->getSeries("RawWdir")->testAttribute(40, Value::QcVerticalVelCheck));
+
+    // The theoretical fall speed there is 13.2 m/s: a rate near it is good, whatever the pressure says.
+    EvenDrop good(evenDrop("-13"));
+    good.config.set.set("WindVVdelta", 2.5);
+    good.process();
+    EXPECT_EQ(good.sounding->getSeries("QCWspd")->lastIndex(), 99);
+}
+
+TEST(SoundingMotion, TellsAFastFall) {
+    EvenDrop run;
+    run.process();
+    EXPECT_THAT(run.summary.items("Fast Fall Test"),
+                ElementsAre("Number of points with excessive fall rate: 0",
+                            "Percentage of points with excessive fall rate:  0",
+                            "Sounding diagnosed as a fast fall: No"));
+    EXPECT_EQ(run.errors(), "");
+
+    // With 100 g the theoretical speed is 6.5 m/s, less than the hydrostatic one by a factor of 1.4 all the way.
+    run.config.set.set("DropSondeMass", 100.0);
+    run.process();
+    const auto items = run.summary.items("Fast Fall Test");
+    ASSERT_EQ(items.size(), 3u);
+    EXPECT_EQ(items[1], "Percentage of points with excessive fall rate:  100");
+    EXPECT_EQ(items[2], "Sounding diagnosed as a fast fall: <b><font color=\"red\">Yes</font></b>");
+    EXPECT_EQ(run.errors(), "- This appears to be a fast fall sounding.\n");
+}
+
+TEST(SoundingMotion, TiltsThePressureToAKnownSurfacePressure) {
+    EvenDrop run;
+    run.config.override("SfcPresOverride", 951.45);
+    run.process();
+    EXPECT_THAT(run.summary.items("Pressure Adjustment"),
+                ElementsAre("QCPres profile adjusted for a surface pressure of 951.5mb",
+                            "QCVVPres profile adjusted for a surface pressure of 951.5mb"));
+    const Series& pres = *run.sounding->getSeries("QCPres");
+    EXPECT_EQ(pres.data(0), 900.0);
+    EXPECT_NEAR(pres.data(50), 925.0 + 25.0 * 1.95 / 49.5, 1e-9);
+    EXPECT_NEAR(pres.data(99), 951.45, 1e-9);
+}
+
+TEST(SoundingMotion, EquilibrationTakesTheHeadAndSaysWhy) {
+    EvenDrop run;
+    run.config.override("TdryEquilTimeOverride", 3.0);
+    run.config.override("RHEquilTimeOverride", 2.0);
+    run.config.override("PresEquilTimeOverride", 1.0);
+    run.config.set.add("WindEquilTime", 4.0, false, false, true);
+    run.process();
+    EXPECT_THAT(run.summary.items("Ambient Equilibration"),
+                ElementsAre("Cabin temperature: 20C", "Sensor type: RS80", "Ambient pressure: 250mb",
+                            "Ambient temperature: 20C", "Ambient RH: 50%", "Temperature equilibration accuracy: 0.1C",
+                            "RH equilibration accuracy: 5.0%", "Temperature equilibration (override) at time: 3.0s.",
+                            "RH equilibration (override) at time: 2.0s.",
+                            "Pressure equilibration (override) at time: 1.0s", "Wind equilibration: 4.0s"));
+    const std::map<std::string, double> firstKept{{"QCRH", 2.0}, {"QCPres", 1.0}, {"QCVVPres", 3.0}, {"QCWspd", 4.0}};
+    for (const auto& [name, time] : firstKept) {
+        EXPECT_EQ(run.sounding->getSeries(name)->time(0), time) << name;
+    }
+    const Series& tdry = *run.sounding->getSeries("QCTdry");
+    EXPECT_EQ(tdry.time(0), -1.0) << "the launch value stays";
+    EXPECT_EQ(tdry.time(1), 3.0) << "both bounds are strict";
+    const Series& raw = *run.sounding->getSeries("RawTdry");
+    EXPECT_TRUE(raw.testAttribute(0, Value::QcAmbientEquilibration));
+    EXPECT_TRUE(raw.testAttribute(5, Value::QcAmbientEquilibration));
+    EXPECT_FALSE(raw.testAttribute(6, Value::QcAmbientEquilibration));
+    const auto attributes = run.sounding->attributes();
+    EXPECT_EQ(attributes.at("TdryEquilTime"), "3.00");
+    EXPECT_EQ(attributes.at("RHEquilTime"), "2.00");
+}
