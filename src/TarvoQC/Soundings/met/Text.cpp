@@ -1,14 +1,16 @@
 #include "Text.h"
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
 
 namespace {
 
-template <typename Number>
-std::string formatNumber(const char* format, Number value) {
-    const int length = std::snprintf(nullptr, 0, format, value);
-    if (length <= 0) {
-        return {};
+template <typename Number> std::string formatNumber(const char* format, Number value) {
+    std::array<char, 64> buffer; // enough for nearly every number
+    const int length = std::snprintf(buffer.data(), buffer.size(), format, value);
+    if (length < static_cast<int>(buffer.size())) {
+        return {buffer.data(), static_cast<std::size_t>(std::max(length, 0))};
     }
     std::string text(static_cast<std::size_t>(length) + 1, '\0');
     std::snprintf(text.data(), text.size(), format, value);

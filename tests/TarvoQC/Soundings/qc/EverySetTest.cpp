@@ -1,0 +1,89 @@
+// Every shipped configuration set runs on every example, again and again with the same result.
+
+#include "EditorControl.h"
+#include "RegistryXML.h"
+#include "SeriesText.h"
+#include "ShippedConfiguration.h"
+#include "TarvoConfigSet.h"
+
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string qcSet(const EditorControl& editor) {
+    std::string text;
+    for (const char* name : {"QCPres", "QCTdry", "QCRH", "QCWspd", "QCWdir", "QCU", "QCV", "QCAltUp", "QCLat", "QCDz"}) {
+        text += std::string(name) + " " + textOf(*editor.getSeries(name)) + "\n";
+    }
+    return text;
+}
+
+} // namespace
+
+TEST(EverySet, RunsOnEveryExample) {
+    int runs = 0;
+    for (const ShippedSet& set : shippedSets()) {
+        for (const auto& entry : fs::directory_iterator(fs::path(TARVO_SOURCE_DIR) / "examples/data")) {
+            const std::string what = std::string(set.name) + " on " + entry.path().filename().string();
+            const auto registry = RegistryXML::fromText(shippedConfiguration(), std::string(set.name));
+            TarvoConfigSet config(registry.get());
+            EditorControl editor(config, "V3.4.8");
+            std::ifstream stream(entry.path());
+            editor.getSounding(entry.path().string(), &stream);
+            if (!editor.isValid()) { // a full-size sonde with the set of minisondes
+                EXPECT_EQ(set.name, "mini-dropsonde") << what;
+                EXPECT_EQ(editor.getSndfileErrorMsg().substr(0, 26), "This is not a minisonde, b") << what;
+                continue;
+            }
+            editor.qcProcess();
+            const std::string first = qcSet(editor);
+            EXPECT_GT(editor.getSeries("QCPres")->lastIndex(), 300) << what;
+            EXPECT_FALSE(editor.getAltitudeSeries()->empty()) << what;
+            const int winds = editor.getSeries("QCWspd")->lastIndex();
+            for (const char* wind : {"QCWdir", "QCU", "QCV"}) {
+                EXPECT_EQ(editor.getSeries(wind)->lastIndex(), winds) << what << " " << wind;
+            }
+            editor.qcProcess();
+            EXPECT_EQ(qcSet(editor), first) << what;
+            ++runs;
+        }
+    }
+    EXPECT_GT(runs, 60);
+}
+
+TEST(EverySet, KeepAndIgnoreOrdersHoldInTheNextRun) {
+    const auto registry = RegistryXML::fromText(shippedConfiguration(), "editsonde");
+    TarvoConfigSet config(registry.get());
+    EditorControl editor(config, "V3.4.8");
+    const fs::path path = fs::path(TARVO_SOURCE_DIR) / "examples/data/D20210914_043120.2";
+    std::ifstream stream(path);
+    editor.getSounding(path.string(), &stream);
+    editor.qcProcess();
+    const Series& raw = *editor.getSeries("RawPres");
+    int condemned = -1;
+    for (int i = 100; i < raw.lastIndex() && condemned < 0; ++i) {
+        condemned = raw.testAttribute(i, Value::QcBuddyCheck) ? i : -1;
+    }
+    ASSERT_GE(condemned, 0);
+    const double spikeTime = raw.time(condemned);
+    const double goodTime = raw.time(50);
+    EXPECT_EQ(editor.getSeries("QCPres")->indexFromTime(spikeTime), -1);
+    ASSERT_GE(editor.getSeries("QCPres")->indexFromTime(goodTime), 0);
+
+    ASSERT_TRUE(editor.setDataAtt("RawPres", spikeTime, Value::QcKeep, true));
+    ASSERT_TRUE(editor.setDataAtt("RawPres", goodTime, Value::QcIgnore, true));
+    editor.qcProcess();
+    EXPECT_GE(editor.getSeries("QCPres")->indexFromTime(spikeTime), 0);
+    EXPECT_EQ(editor.getSeries("QCPres")->indexFromTime(goodTime), -1);
+    EXPECT_FALSE(raw.testAttribute(condemned, Value::QcBuddyCheck)) << "it wasn't removed this time";
+
+    ASSERT_TRUE(editor.setDataAtt("RawPres", spikeTime, Value::QcKeep, false));
+    ASSERT_TRUE(editor.setDataAtt("RawPres", goodTime, Value::QcIgnore, false));
+    editor.qcProcess();
+    EXPECT_EQ(editor.getSeries("QCPres")->indexFromTime(spikeTime), -1);
+    EXPECT_GE(editor.getSeries("QCPres")->indexFromTime(goodTime), 0);
+}
