@@ -1,5 +1,6 @@
 #include "BSpline.h"
 #include "EditorControl.h"
+#include "Environment.h"
 #include "RegistryXML.h"
 #include "ShippedConfiguration.h"
 #include "TarvoConfigSet.h"
@@ -52,6 +53,7 @@ std::string dropText(int n) {
 }
 
 void wholeQc(benchmark::State& state) {
+    keepFreedMemory(); // as the programs do
     const auto registry = RegistryXML::fromText(shippedConfiguration(), "research-dropsonde");
     TarvoConfigSet config(registry.get());
     EditorControl editor(config, "V3.4.8");
@@ -66,5 +68,11 @@ void wholeQc(benchmark::State& state) {
 
 } // namespace
 
-BENCHMARK(fitAndEvaluateSpline)->Arg(1000)->Arg(4000)->Arg(16000)->Arg(64000)->Unit(benchmark::kMillisecond)->Complexity();
-BENCHMARK(wholeQc)->Arg(4000)->Arg(40000)->Unit(benchmark::kMillisecond);
+BENCHMARK(fitAndEvaluateSpline)
+    ->Arg(1000)
+    ->Arg(4000)
+    ->Arg(16000)
+    ->Arg(64000)
+    ->Unit(benchmark::kMillisecond)
+    ->Complexity();
+BENCHMARK(wholeQc)->Arg(1000)->Arg(4000)->Arg(16000)->Arg(40000)->Unit(benchmark::kMillisecond);

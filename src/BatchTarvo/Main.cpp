@@ -191,6 +191,7 @@ void occupyStandardStreams() {
 int main(int argc, char** argv) {
     occupyStandardStreams();
     setTimeZone("TZ=GMT0");
+    keepFreedMemory();
     BatchOptions options;
     int status = kUsageError;
     if (!parseBatchOptions(argc, argv, options, status)) {

@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <ctime>
 #include <fstream>
+#include <malloc.h>
 
 void setTimeZone(const std::string& text) {
     // setenv keeps a copy of its own: an entry stays good for the whole process, also when this is called again.
@@ -23,4 +24,11 @@ bool checkTarvoFile(std::string& fullPath, const std::string& fileName, const st
     }
     fullPath = "./" + fileName;
     return static_cast<bool>(std::ifstream(fullPath));
+}
+
+void keepFreedMemory() {
+    constexpr int kKept = 64 * 1024 * 1024;        // B
+    constexpr int kFromTheHeap = 32 * 1024 * 1024; // B, the greatest block that the library allows for this
+    mallopt(M_TRIM_THRESHOLD, kKept);
+    mallopt(M_MMAP_THRESHOLD, kFromTheHeap);
 }

@@ -13,3 +13,7 @@ void setTimeZone(const std::string& text);
 /// TARVOCONFIG when that is empty), then in the working directory. True when it can be opened for reading there;
 /// \p fullPath is the last place looked at either way.
 bool checkTarvoFile(std::string& fullPath, const std::string& fileName, const std::string& envVar);
+
+/// Lets the process keep the memory that it frees, up to 64 MiB. The splines of a long sounding take megabytes and give
+/// them back again and again, and fetching them from the system anew each time costs more than the fits.
+void keepFreedMemory();
