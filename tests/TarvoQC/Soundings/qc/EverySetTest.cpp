@@ -16,7 +16,8 @@ namespace fs = std::filesystem;
 
 std::string qcSet(const EditorControl& editor) {
     std::string text;
-    for (const char* name : {"QCPres", "QCTdry", "QCRH", "QCWspd", "QCWdir", "QCU", "QCV", "QCAltUp", "QCLat", "QCDz"}) {
+    for (const char* name :
+         {"QCPres", "QCTdry", "QCRH", "QCWspd", "QCWdir", "QCU", "QCV", "QCAltUp", "QCLat", "QCDz"}) {
         text += std::string(name) + " " + textOf(*editor.getSeries(name)) + "\n";
     }
     return text;

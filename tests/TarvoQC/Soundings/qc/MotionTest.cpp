@@ -42,3 +42,29 @@ TEST(Motion, ValuesCorrectedAtTheSourceLoseTheirFloorButForTheFirst) {
     EXPECT_TRUE(raw.testAttribute(1, Value::DryBiasCorrection));
     EXPECT_TRUE(raw.testAttribute(3, Value::DryBiasCorrection));
 }
+
+TEST(Motion, HumidityTimeToSettle) {
+    Series rh("QCRH");
+    Series pres("QCPres");
+    for (const double t : {4.0, 5.0}) {
+        rh.appendValue(50.0, t);
+        pres.appendValue(500.0, t);
+    }
+    const auto thin = AmbientPoint(SensorType::RS41).RH(&rh, &pres, 50.0, -20.0, 25.0, 5.0);
+    EXPECT_NEAR(thin.timeConstants, 0.98177267, 1e-8);
+    EXPECT_NEAR(thin.time, 27.702679, 1e-6);
+
+    const AmbientPoint bead(SensorType::RS80);
+    const auto settled = bead.RH(&rh, &pres, 50.0, -20.0, 25.0, 5.0);
+    EXPECT_NEAR(settled.timeConstants, 3.65740998, 1e-8);
+    EXPECT_NEAR(settled.time, 37.378730, 1e-6);
+    EXPECT_EQ(bead.RH(&rh, &pres, 0.5, -20.0, 25.0, 5.0).time, bead.RH(&rh, &pres, 1.0, -20.0, 25.0, 5.0).time)
+        << "below 1 % the RH doesn't count";
+    EXPECT_EQ(bead.RH(&rh, &pres, 50.0, 25.0, 25.0, 5.0).time, 4.0) << "nothing to settle: the first sample";
+    EXPECT_EQ(bead.RH(&rh, &pres, 50.0, 25.0, 25.0, 5.0).timeConstants, 0.0);
+
+    const Series none("QCPres");
+    const auto blind = bead.RH(&rh, &none, 50.0, -20.0, 25.0, 5.0);
+    EXPECT_EQ(blind.timeConstants, 5.5);
+    EXPECT_NEAR(blind.time, 4.0 + 5.5 * 12.8475, 1e-3) << "by the time constant at 250 mb";
+}

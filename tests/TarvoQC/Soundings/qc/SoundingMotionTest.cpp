@@ -6,15 +6,16 @@ namespace {
 
 using testing::ElementsAre;
 
-/// A drop through air of 20 deg C and 50 %, two samples a second for 49.5 s, in which the pressure grows by 1 mb a second
-/// from 900 mb on. Its virtual temperature is 294.5 K, so the hydrostatic fall rate at the end is
-/// 287.04 * 294.5 / (949.5 * 9.80665) = 9.08 m/s.
-CsvText evenDrop(const std::string& ascentAt20s = "-9.1") {
+/// A drop through air of 20 deg C and 50 %, two samples a second for 49.5 s, in which the pressure grows by 1 mb a
+/// second from 900 mb on. Its virtual temperature is 294.5 K, so the hydrostatic fall rate at the end is 287.04 * 294.5
+/// / (949.5 * 9.80665) = 9.08 m/s.
+CsvText evenDrop(const std::string& ascentAt20s = "-9.1", const std::string& temperature = "20") {
     CsvText text(false);
     text.fields("Time,Pressure,Temperature,RH,Speed,Direction,Ascent");
     for (int i = 0; i < 100; ++i) {
         const std::string time = std::to_string(0.5 * i);
-        text.data(time + "," + std::to_string(900.0 + 0.5 * i) + ",20,50,10,90," + (i == 40 ? ascentAt20s : "-9.1"));
+        text.data(time + "," + std::to_string(900.0 + 0.5 * i) + "," + temperature + ",50,10,90," +
+                  (i == 40 ? ascentAt20s : "-9.1"));
     }
     return text;
 }
@@ -91,7 +92,8 @@ TEST(SoundingMotion, AWindWhoseFallRateAgreesWithNeitherOtherGoes) {
         EXPECT_EQ(run.sounding->getSeries(wind)->lastIndex(), 98) << wind;
         EXPECT_EQ(run.sounding->getSeries(wind)->indexFromTime(20.0), -1) << wind;
     }
-    EXPECT_THAT(run.summary.items("QC for Winds"), testing::Contains("Points which failed the vertical velocity check: 1"));
+    EXPECT_THAT(run.summary.items("QC for Winds"),
+                testing::Contains("Points which failed the vertical velocity check: 1"));
     EXPECT_TRUE(run.sounding->getSeries("RawWdir")->testAttribute(40, Value::QcVerticalVelCheck));
 
     // The theoretical fall speed there is 13.2 m/s: a rate near it is good, whatever the pressure says.
@@ -104,10 +106,9 @@ TEST(SoundingMotion, AWindWhoseFallRateAgreesWithNeitherOtherGoes) {
 TEST(SoundingMotion, TellsAFastFall) {
     EvenDrop run;
     run.process();
-    EXPECT_THAT(run.summary.items("Fast Fall Test"),
-                ElementsAre("Number of points with excessive fall rate: 0",
-                            "Percentage of points with excessive fall rate:  0",
-                            "Sounding diagnosed as a fast fall: No"));
+    EXPECT_THAT(run.summary.items("Fast Fall Test"), ElementsAre("Number of points with excessive fall rate: 0",
+                                                                 "Percentage of points with excessive fall rate:  0",
+                                                                 "Sounding diagnosed as a fast fall: No"));
     EXPECT_EQ(run.errors(), "");
 
     // With 100 g the theoretical speed is 6.5 m/s, less than the hydrostatic one by a factor of 1.4 all the way.
@@ -160,4 +161,91 @@ TEST(SoundingMotion, EquilibrationTakesTheHeadAndSaysWhy) {
     const auto attributes = run.sounding->attributes();
     EXPECT_EQ(attributes.at("TdryEquilTime"), "3.00");
     EXPECT_EQ(attributes.at("RHEquilTime"), "2.00");
+}
+
+namespace {
+
+/// The even drop with further lines at its end.
+CsvText drawnOut(const std::vector<std::string>& rows) {
+    CsvText text = evenDrop();
+    for (const std::string& row : rows) {
+        text.data(row);
+    }
+    return text;
+}
+
+std::vector<std::string> surfaceItems(const CsvText& text) {
+    EvenDrop run(text);
+    run.process();
+    return run.summary.items("Surface Observation");
+}
+
+} // namespace
+
+TEST(SoundingMotion, SplashIsTheLastUsableFrame) {
+    const auto splash = [](const std::string& time) {
+        return "Splash time (time of the last usable frame): " + time + "s";
+    };
+    EXPECT_EQ(surfaceItems(drawnOut({"59.5,,20,,,,"}))[0], splash("59.50")) << "10.0 s after the last pressure";
+    EXPECT_TRUE(surfaceItems(drawnOut({"59.6,,20,,,,"})).empty()) << "10.1 s after it";
+    EXPECT_EQ(surfaceItems(drawnOut({"50.4,,,,,90,"}))[0], splash("50.40")) << "a direction alone, 0.9 s later";
+    EXPECT_EQ(surfaceItems(drawnOut({"50.5,,,,,90,"}))[0], splash("49.50")) << "1.0 s later";
+}
+
+TEST(SoundingMotion, SurfaceValuesNeedRecentSamples) {
+    CsvText text = evenDrop();
+    for (const char* row :
+         {"50,950,,50,10,90,", "50.5,950.5,,50,10,90,", "51,951,,50,10,90,", "51.5,951.5,,50,10,90,"}) {
+        text.data(row);
+    }
+    EvenDrop run(text);
+    run.process();
+    EXPECT_EQ(run.sounding->getSeries("QCTdry")->time(run.sounding->getSeries("QCTdry")->lastIndex()), 49.5)
+        << "2 s before the splash";
+    EXPECT_NEAR(run.sounding->getSeries("QCPres")->time(run.sounding->getSeries("QCPres")->lastIndex()), 52.04, 1e-9);
+    EXPECT_NEAR(run.sounding->getSeries("QCRH")->time(run.sounding->getSeries("QCRH")->lastIndex()), 52.04, 1e-9);
+}
+
+TEST(SoundingMotion, WithoutTemperatureTheSondeFalls12MetresASecond) {
+    QcRun run(evenDrop("-9.1", ""));
+    run.process();
+    // 12 m/s for 0.54 s are 6.48 m, and those 6.48 / 8.7 mb.
+    EXPECT_THAT(run.summary.items("Surface Observation"),
+                ElementsAre("Splash time (time of the last usable frame): 49.50s", "Extrapolated surface time: 50.04s",
+                            "Fall distance from last frame: 6.5m", "Extrapolated surface pressure: 950.2mb",
+                            "Extrapolated surface rh: 50.0%"));
+}
+
+TEST(SoundingMotion, ARisingSondeReachesNoSurface) {
+    CsvText text(false);
+    text.fields("Time,Pressure,Temperature");
+    for (int i = 0; i < 100; ++i) {
+        text.data(std::to_string(0.5 * i) + "," + std::to_string(950.0 - 0.005 * i) + ",20");
+    }
+    EvenDrop run(text);
+    run.process();
+    EXPECT_THAT(run.summary.items("Surface Observation"),
+                ElementsAre("Splash time (time of the last usable frame): 49.50s"));
+}
+
+TEST(SoundingMotion, GpsAloneCondemnsOnlyASondeThatDoesntFall) {
+    for (const auto& [rate, kept] : {std::pair("0", 99), std::pair("-0.1", 100)}) {
+        QcRun run(evenDrop(rate, ""));
+        run.config.set.set("WindVVdelta", 2.5);
+        run.process();
+        EXPECT_EQ(run.sounding->getSeries("QCWspd")->lastIndex() + 1, kept) << rate;
+    }
+}
+
+TEST(SoundingMotion, DryBiasIsTakenOutOfTheSensorsThatHaveIt) {
+    CsvText text(false);
+    text.line("ThermoSensor,RSS904").fields("Time,Temperature,RH").data("0,0,50").data("1,0,60").data("2,0,70");
+    QcRun run(text);
+    run.config.set.set("CabinTemp", -50.0);
+    run.process();
+    EXPECT_EQ(run.sounding->attributes().at("TDDryBiasCorrApplied"), "false") << "a CSV file needs no correction";
+    EXPECT_THAT(run.summary.items("TD Dry Bias Correction"), ElementsAre());
+    EvenDrop other;
+    other.process();
+    EXPECT_EQ(other.sounding->attributes().count("TDDryBiasCorrApplied"), 0u);
 }

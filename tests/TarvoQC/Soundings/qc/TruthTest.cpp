@@ -29,14 +29,10 @@ struct Example {
     const char* configuration;
 };
 
-const Example kAll[] = {{"D20080910_235612.2", "editsonde"},
-                        {"D20100119_180708.4", "editsonde"},
-                        {"D20210801_120003.1", "editsonde"},
-                        {"D20210914_043120.2", "editsonde"},
-                        {"D20220523_091501.3", "editsonde"},
-                        {"D20230211_154208.1", "editsonde"},
-                        {"tradewind_drop_20210803.csv", "editsonde"},
-                        {"summer_up_20220705.csv", "upsonde-1s"},
+const Example kAll[] = {{"D20080910_235612.2", "editsonde"},          {"D20100119_180708.4", "editsonde"},
+                        {"D20210801_120003.1", "editsonde"},          {"D20210914_043120.2", "editsonde"},
+                        {"D20220523_091501.3", "editsonde"},          {"D20230211_154208.1", "editsonde"},
+                        {"tradewind_drop_20210803.csv", "editsonde"}, {"summer_up_20220705.csv", "upsonde-1s"},
                         {"polar_up_20230117.csv", "upsonde-10s"}};
 
 /// Where a planted fault would show, and how far a QC value may lie from the clean one: some five times the noise.
@@ -46,9 +42,15 @@ struct Place {
 };
 
 const std::map<std::string, Place> kPlaces{
-    {"pressure", {"QCPres", 0.5}},       {"temperature", {"QCTdry", 0.3}}, {"rh", {"QCRH", 2.0}},
-    {"rh1", {"QCRH", 2.0}},              {"rh2", {"QCRH", 2.0}},           {"speed", {"QCWspd", 1.0}},
-    {"direction", {"QCWdir", 5.0}},      {"latitude", {"QCGpsLat", 2e-5}}, {"longitude", {"QCGpsLon", 2e-5}},
+    {"pressure", {"QCPres", 0.5}},
+    {"temperature", {"QCTdry", 0.3}},
+    {"rh", {"QCRH", 2.0}},
+    {"rh1", {"QCRH", 2.0}},
+    {"rh2", {"QCRH", 2.0}},
+    {"speed", {"QCWspd", 1.0}},
+    {"direction", {"QCWdir", 5.0}},
+    {"latitude", {"QCGpsLat", 2e-5}},
+    {"longitude", {"QCGpsLon", 2e-5}},
     {"gps_altitude", {"QCGpsAlt", 6.0}},
 };
 
@@ -92,8 +94,8 @@ protected:
         const json& before = *(truth["profile"].end() - 2);
         const std::size_t t = column("t");
         const std::size_t z = column("z");
-        const double rate = (before[z].get<double>() - last[z].get<double>()) /
-                            (last[t].get<double>() - before[t].get<double>());
+        const double rate =
+            (before[z].get<double>() - last[z].get<double>()) / (last[t].get<double>() - before[t].get<double>());
         return 0.54 * rate - last[z].get<double>();
     }
 
@@ -114,8 +116,8 @@ protected:
             ++found.compared;
         }
         found.rms = found.compared > 0 ? std::sqrt(squares / found.compared) : 0.0;
-        std::cout << stemOf(GetParam()) << " " << quantity << ": rms " << found.rms << ", greatest "
-                  << found.greatest << ", at " << found.compared << " of " << truth["profile"].size() << "\n";
+        std::cout << stemOf(GetParam()) << " " << quantity << ": rms " << found.rms << ", greatest " << found.greatest
+                  << ", at " << found.compared << " of " << truth["profile"].size() << "\n";
         return found;
     }
 
@@ -206,8 +208,7 @@ TEST_P(TruthTest, KeepsWhatIsGood) {
         std::string lost;
         for (const Value& sample : series(rawName)) {
             const auto isIt = [&](double time) { return std::abs(time - sample.time()) < kSameTime; };
-            if (sample.isObservation() || sample.time() < 0.0 ||
-                sample.testAttribute(Value::QcAmbientEquilibration) ||
+            if (sample.isObservation() || sample.time() < 0.0 || sample.testAttribute(Value::QcAmbientEquilibration) ||
                 std::any_of(planted.begin(), planted.end(), isIt)) {
                 continue;
             }
@@ -244,8 +245,7 @@ TEST_P(TruthTest, PlantedFaultsAreGone) {
         const auto& [name, normalError] = place->second;
         for (const Value& value : series(name)) {
             if (std::abs(value.time() - fault["time"].get<double>()) < kSameTime) {
-                EXPECT_NEAR(value.data(), fault["clean"].get<double>(), normalError)
-                    << name << " at " << value.time();
+                EXPECT_NEAR(value.data(), fault["clean"].get<double>(), normalError) << name << " at " << value.time();
             }
         }
     }
@@ -261,6 +261,5 @@ TEST_P(TruthTest, PlantedFaultsAreGone) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Examples, TruthTest, testing::ValuesIn(kAll), [](const auto& example) {
-    return stemOf(example.param);
-});
+INSTANTIATE_TEST_SUITE_P(Examples, TruthTest, testing::ValuesIn(kAll),
+                         [](const auto& example) { return stemOf(example.param); });
