@@ -13,6 +13,7 @@ from .atmosphere import ZERO_CELSIUS, air_density
 
 FALL_GRAVITY = 9.8
 STEP = 0.05  # s, of the motion
+LAST_FRAME = 0.29  # s ahead of the splash; a frame begun later is lost with the sonde
 EQUATOR_RADIUS = 6378137.0
 ECCENTRICITY_SQUARED = 0.00669437999014
 
@@ -146,7 +147,7 @@ def drop(atmosphere, chute, sensor, height, position, cabin, interval, first):
         track.move(0.5 * STEP * (before[1] + state[1]), 0.5 * STEP * (before[2] + state[2]))
         sensors.feel(STEP, atmosphere.at(0.5 * (before[0] + state[0])), abs(state[3]))
         count += 1
-    return states
+    return [seen for seen in states if seen.time <= count * STEP - LAST_FRAME]
 
 
 def rise(atmosphere, sensor, position, interval, top_pressure):

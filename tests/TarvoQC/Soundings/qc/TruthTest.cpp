@@ -88,18 +88,7 @@ protected:
         double greatest = 0.0;
     };
 
-    /// How far below the sea QC's fall from the last frame ends, m.
-    double fallTooFar() const {
-        const json& last = truth["profile"].back();
-        const json& before = *(truth["profile"].end() - 2);
-        const std::size_t t = column("t");
-        const std::size_t z = column("z");
-        const double rate =
-            (before[z].get<double>() - last[z].get<double>()) / (last[t].get<double>() - before[t].get<double>());
-        return 0.54 * rate - last[z].get<double>();
-    }
-
-    Deviation deviation(const Series& qc, const std::string& quantity, double shift = 0.0) const {
+    Deviation deviation(const Series& qc, const std::string& quantity) const {
         // A gap of twice the interval of the coarsest example bridges a lost sample.
         constexpr double kGap = 20.0;
         Deviation found;
@@ -110,7 +99,7 @@ protected:
             if ((drops() && time < kUnsettled) || !qc.interpolate(time, kGap, value)) {
                 continue;
             }
-            const double off = value - shift - row[column(quantity)].get<double>();
+            const double off = value - row[column(quantity)].get<double>();
             squares += off * off;
             found.greatest = std::max(found.greatest, std::abs(off));
             ++found.compared;
@@ -175,19 +164,14 @@ TEST_P(TruthTest, EndsOnTheSurfacePressure) {
     double p = 0.0;
     ASSERT_TRUE(editor->getRawTermPres(p));
     std::cout << stemOf(GetParam()) << " surface pressure off by " << p - truth["surface"]["p"].get<double>() << "\n";
-    // The last frame comes up to half a second ahead of the sea, and QC lets every sonde fall on for the same time.
-    const json& last = truth["profile"].back();
-    const double density =
-        100.0 * last[column("p")].get<double>() / (287.04 * (last[column("T")].get<double>() + 273.15));
-    const double tooFar = fallTooFar() * density * 9.80665 / 100.0;
-    EXPECT_NEAR(p - tooFar, truth["surface"]["p"].get<double>(), 0.3);
+    EXPECT_NEAR(p, truth["surface"]["p"].get<double>(), 0.5);
 }
 
 TEST_P(TruthTest, HeightsFitTheColumn) {
     if (!drops()) {
         GTEST_SKIP() << "the 5 m are a figure of drops";
     }
-    const Deviation up = deviation(*editor->getAltitudeSeries(), "z", fallTooFar());
+    const Deviation up = deviation(*editor->getAltitudeSeries(), "z");
     EXPECT_GE(up.compared, 60);
     EXPECT_LE(up.greatest, 5.0);
 }
@@ -234,7 +218,9 @@ TEST_P(TruthTest, PlantedFaultsAreGone) {
         }
         ++judged;
         if (fault["quantity"] == "direction") {
-            // Winds are judged by their speed, so that a direction wrong by itself stays; smoothing tames it.
+            // Winds are judged by their speed, so that a direction wrong by itself stays, and smoothing tames it: in a
+            // curve of 10 s one of two samples a second weighs 0.5 s pi / (sqrt(2) 10 s) = 0.11, so that a wind turned
+            // by 130 degrees turns the curve by 6; noise and the correction for inertia add to that.
             for (const Value& value : series("QCWdir")) {
                 if (std::abs(value.time() - fault["time"].get<double>()) < kSameTime) {
                     EXPECT_NEAR(value.data(), fault["clean"].get<double>(), 10.0);
