@@ -88,3 +88,29 @@ TEST(EverySet, KeepAndIgnoreOrdersHoldInTheNextRun) {
     EXPECT_EQ(editor.getSeries("QCPres")->indexFromTime(spikeTime), -1);
     EXPECT_GE(editor.getSeries("QCPres")->indexFromTime(goodTime), 0);
 }
+
+TEST(EverySet, TheDryBiasIsTakenOutOfAFileThatNeedsIt) {
+    const auto registry = RegistryXML::fromText(shippedConfiguration(), "editsonde");
+    TarvoConfigSet config(registry.get());
+    EditorControl editor(config, "V3.4.8");
+    const fs::path path = fs::path(TARVO_SOURCE_DIR) / "examples/data/D20100119_180708.4";
+    std::ifstream stream(path);
+    editor.getSounding(path.string(), &stream);
+    config.set("DoQC", 3.0); // nothing but the correction
+    editor.qcProcess();
+    EXPECT_EQ(editor.attributesSnd().at("TDDryBiasCorrApplied"), "true");
+    const auto items = editor.summaryItems("TD Dry Bias Correction");
+    ASSERT_EQ(items.size(), 2u);
+    EXPECT_EQ(items[0], "Correction was applied");
+    const Series& raw = *editor.getSeries("RawRH");
+    const Series& qc = *editor.getSeries("QCRH");
+    EXPECT_EQ(qc.data(0), raw.data(0)) << "the launch value";
+    EXPECT_TRUE(qc.getValue(0).isObservation());
+    int changed = 0;
+    for (int i = 1; i <= qc.lastIndex(); ++i) {
+        const int k = raw.indexFromTime(qc.time(i));
+        ASSERT_GE(k, 0);
+        changed += qc.data(i) != raw.data(k) ? 1 : 0;
+    }
+    EXPECT_GT(changed, 1600);
+}
