@@ -1,9 +1,14 @@
 #include "BatchFormats.h"
 
+#include "AtomicFile.h"
 #include "EditorControl.h"
 #include "FileSaver.h"
+#include "Levels.h"
+#include "LevelsCsv.h"
 #include "ProductColumns.h"
 #include "RevisionInfo.h"
+#include "SummaryText.h"
+#include "WMO.h"
 
 #include <algorithm>
 
@@ -14,12 +19,38 @@ bool save(const EditorControl& editor, const std::string& path, const char* exte
                                editor, columns, editor.levels());
 }
 
-bool writeRawCsv(const EditorControl& editor, const ConfigSet& /*config*/, const std::string& path) {
+bool writeRawCsv(EditorControl& editor, const ConfigSet& /*config*/, const std::string& path) {
     return save(editor, path, ".csv", ProductColumns::raw(editor));
 }
 
-bool writeQcCsv(const EditorControl& editor, const ConfigSet& config, const std::string& path) {
+bool writeQcCsv(EditorControl& editor, const ConfigSet& config, const std::string& path) {
     return save(editor, path, ".csv", ProductColumns::qc(editor, config));
+}
+
+template <typename Write>
+bool writeText(const std::string& path, Write write) {
+    AtomicFile file(path);
+    if (!file.isOpen()) {
+        return false;
+    }
+    write(file.stream());
+    return file.commit();
+}
+
+bool writeWmo(EditorControl& editor, const ConfigSet& config, const std::string& path) {
+    bool appendNNNN = false;
+    config.boolValue("TempAppendNNNN", appendNNNN);
+    return editor.wmo() != nullptr &&
+           writeText(path, [&](std::ostream& stream) { editor.wmo()->saveTextFile(stream, appendNNNN); });
+}
+
+bool writeLevels(EditorControl& editor, const ConfigSet& /*config*/, const std::string& path) {
+    return editor.levels() != nullptr &&
+           writeText(path, [&](std::ostream& stream) { saveLevelsCsv(*editor.levels(), stream); });
+}
+
+bool writeSummary(EditorControl& editor, const ConfigSet& /*config*/, const std::string& path) {
+    return writeText(path, [&](std::ostream& stream) { saveSummaryText(editor, stream); });
 }
 
 } // namespace
@@ -36,9 +67,9 @@ const std::vector<BatchFormat>& batchFormats() {
         {"raw-nc", "RAW.nc", "BatchSaveRawCDF", false, nullptr},
         {"qc-nc", "QC.nc", "BatchSaveQCCDF", true, nullptr},
         {"qc-bfr", "QC.bfr", "BatchSaveQCBUFR", true, nullptr},
-        {"wmo", "WMO.txt", "BatchSaveWMO", true, nullptr},
-        {"levels", "Levels.csv", "BatchSaveLevels", true, nullptr},
-        {"summary", "Summary.txt", nullptr, false, nullptr},
+        {"wmo", "WMO.txt", "BatchSaveWMO", true, &writeWmo},
+        {"levels", "Levels.csv", "BatchSaveLevels", true, &writeLevels},
+        {"summary", "Summary.txt", nullptr, false, &writeSummary},
         {"skewt-svg", "skewt.svg", "BatchSaveSkewTSvg", false, nullptr},
         {"skewt-png", "skewt.png", "BatchSaveSkewTPng", false, nullptr},
     };

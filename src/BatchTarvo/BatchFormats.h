@@ -13,7 +13,7 @@ struct BatchFormat {
     const char* item;   ///< the configuration item that asks for it by default; null when there is none
     bool needsQc;       ///< made of the QC data, which a sounding that QC passed over doesn't have
     /// Writes the product whole or not at all; null for a format that isn't built yet.
-    bool (*write)(const EditorControl& editor, const ConfigSet& config, const std::string& path);
+    bool (*write)(EditorControl& editor, const ConfigSet& config, const std::string& path);
 
     bool isBuilt() const { return write != nullptr; }
 };

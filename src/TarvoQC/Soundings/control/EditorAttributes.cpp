@@ -1,11 +1,10 @@
 #include "EditorControl.h"
 
+#include "ProcessingTime.h"
 #include "Text.h"
 #include "UtcTime.h"
 
 #include <array>
-#include <cstdlib>
-#include <ctime>
 
 namespace {
 
@@ -24,12 +23,6 @@ constexpr std::array<DisabledLimit, 8> kDisabledLimits{{
     {"TdryDisableOutlierCheck", "TdryOutlier"},
     {"RHDisableOutlierCheck", "RHOutlier"},
 }};
-
-/// The time of processing, or the one that the environment prescribes for products that can be reproduced.
-std::int64_t processingTime() {
-    const char* prescribed = std::getenv("TARVO_OVERRIDE_PROCESSING_TIME");
-    return prescribed != nullptr ? std::strtoll(prescribed, nullptr, 10) : std::time(nullptr);
-}
 
 } // namespace
 

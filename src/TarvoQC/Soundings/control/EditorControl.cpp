@@ -1,18 +1,14 @@
 #include "EditorControl.h"
 
+#include "Levels.h"
+#include "ProcessingTime.h"
 #include "Text.h"
+#include "WMO.h"
 
 #include <array>
 #include <cmath>
-#include <ctime>
 
 namespace {
-
-/// A duration as the summary tells it, from the whole seconds of the clock.
-std::string durationText(std::time_t start) {
-    const double seconds = std::difftime(std::time(nullptr), start);
-    return seconds < 1.0 ? "less than 1.0" : stringFormat("%4.1f", seconds);
-}
 
 std::string hemisphereText(double degrees, char positive, char negative) {
     return (degrees < 0.0 ? negative : positive) + stringFormat("%.4f", std::abs(degrees));
@@ -47,6 +43,12 @@ EditorControl::EditorControl(ConfigSet& config, std::string version) : _config(c
 
 EditorControl::~EditorControl() = default;
 
+/// What the summary tells of a duration since \p start, by the whole seconds of the clock.
+std::string EditorControl::durationText(std::int64_t start) {
+    const auto seconds = static_cast<double>(processingTime() - start);
+    return " (in " + (seconds < 1.0 ? "less than 1.0" : stringFormat("%4.1f", seconds)) + "s)";
+}
+
 void EditorControl::setStatus(const std::string& text) {
     if (_agent != nullptr) {
         _agent->SetStatus(text);
@@ -60,7 +62,7 @@ void EditorControl::getSounding(const std::string& fileName, std::istream* strea
     _levels.reset();
     _wmo.reset();
     _sounding.reset();
-    const std::time_t start = std::time(nullptr);
+    const std::int64_t start = processingTime();
     _sounding = std::make_unique<Sounding>(fileName, stream, _config, _summary);
     if (!_sounding->isValid()) {
         return;
@@ -69,7 +71,7 @@ void EditorControl::getSounding(const std::string& fileName, std::istream* strea
     double surfaceAltitude = 0.0;
     getSfcAlt(surfaceAltitude);
     _config.add("SfcAltitude", surfaceAltitude, false, false, true);
-    _summary.addItem("Processing Steps", "Data loaded (in " + durationText(start) + "s)");
+    _summary.addItem("Processing Steps", "Data loaded" + durationText(start));
     setStatus("Ready");
 }
 
@@ -88,14 +90,14 @@ void EditorControl::qcProcess() {
         return;
     }
     setStatus("QC processing...");
-    const std::time_t start = std::time(nullptr);
+    const std::int64_t start = processingTime();
     StatusAgent nobody;
     _sounding->qcProcess(_agent != nullptr ? *_agent : nobody);
     _qcErrorFlag = _sounding->qcError(_qcErrorText);
     if (_qcErrorFlag) {
         splitQcErrors();
     }
-    _summary.addItem("Processing Steps", "QC processing completed (in " + durationText(start) + "s)");
+    _summary.addItem("Processing Steps", "QC processing completed" + durationText(start));
     setStatus("Ready");
     doSummaryStats();
 }
@@ -107,10 +109,6 @@ void EditorControl::splitQcErrors() {
         start = end + 1;
     }
 }
-
-void EditorControl::doLevels() {}
-
-void EditorControl::doWMO() {}
 
 void EditorControl::doSummaryStats() {
     const int n = sizeOf(getSeries("RawTime"));

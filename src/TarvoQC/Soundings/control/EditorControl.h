@@ -1,10 +1,12 @@
 #pragma once
 
 #include "ConfigSet.h"
+#include "Level.h"
 #include "Sounding.h"
 #include "StatusAgent.h"
 #include "Summary.h"
 
+#include <cstdint>
 #include <istream>
 #include <map>
 #include <memory>
@@ -13,6 +15,7 @@
 
 class Levels;
 class WMO;
+struct LevelSeries;
 
 /// The one object that tabs, product writers and the batch tool talk to: one analysis, from a file name to its levels
 /// and message. Each stage runs on the caller's thread; version numbers count the results, so that a view can tell
@@ -34,12 +37,16 @@ public:
     void getSounding(const std::string& fileName, std::istream* stream);
     /// Runs QC as the item DoQC says: 0 stops before it.
     void qcProcess();
-    /// Makes the levels, when the configuration asks for them. Nothing makes them yet.
+    /// Makes the levels of the QC data, or takes them from a WMO message, unless the item DoLevels is 0. The message of
+    /// the old levels goes with them.
     void doLevels();
-    /// Makes the WMO message, when the configuration asks for it. Nothing makes it yet.
+    /// Codes the WMO message of the levels, unless the item DoWMO is 0. A sounding that is a message itself gets none.
     void doWMO();
     /// Fills the topic "QC Data Recovery Statistics".
     void doSummaryStats();
+    /// Sets the field of a level, or of two, when there is a value to set.
+    static void addField(Level& level, LevelFieldId id, bool have, double value);
+    static void addField(Level& first, Level& second, LevelFieldId id, bool have, double value);
 
     /// Who hears of the progress; null for nobody.
     void setStatusAgent(StatusAgent* agent) { _agent = agent; }
@@ -105,12 +112,19 @@ public:
 
 private:
     void splitQcErrors();
+    void addWMOLevels();
+    LevelSeries levelSeries() const;
+    double levelSurfaceAltitude() const;
+    double number(const std::string& key) const;
+    bool isOn(const std::string& key) const;
+    std::string text(const std::string& key) const;
+    static std::string durationText(std::int64_t start);
 
     std::unique_ptr<Sounding> _sounding;
     ConfigSet& _config;
-    std::shared_ptr<Levels> _levels;
+    std::unique_ptr<Levels> _levels;
     int _levelsVersion = 0;
-    std::shared_ptr<WMO> _wmo;
+    std::unique_ptr<WMO> _wmo;
     int _wmoVersion = 0;
     StatusAgent* _agent = nullptr;
     bool _qcErrorFlag = false;

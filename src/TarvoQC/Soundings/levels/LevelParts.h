@@ -7,9 +7,8 @@
 
 // What the files of the level set share with one another, and with nobody else.
 
-constexpr double kLevelGap = 60.0;               ///< s, across which a level may interpolate
-constexpr double kUnknownFallRate = -12.0;       ///< m/s, of a dropsonde where none can be read
-constexpr double kKnotsPerMetrePerSecond = 1.94; ///< throughout levels and message, not 1.9438
+constexpr double kLevelGap = 60.0;         ///< s, across which a level may interpolate
+constexpr double kUnknownFallRate = -12.0; ///< m/s, of a dropsonde where none can be read
 
 /// The mandatory surfaces, mb.
 constexpr std::array<double, 21> kStandardPressures{1000.0, 925.0, 850.0, 700.0, 500.0, 400.0, 300.0,

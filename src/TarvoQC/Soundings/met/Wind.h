@@ -1,5 +1,8 @@
 #pragma once
 
+/// From m/s to knots, in levels and messages; the exact factor is 1.9438.
+constexpr double kKnotsPerMetrePerSecond = 1.94;
+
 // Wind in its two forms. The angles of a direction count from north through east, and tell where the wind comes from.
 // All of these take pi as 3.14159, so that a wind from due north may come out as 359.99992 and not 0.
 

@@ -1,0 +1,39 @@
+#include "LevelsCsv.h"
+
+#include "Humidity.h"
+#include "Levels.h"
+#include "Missing.h"
+#include "Text.h"
+#include "Wind.h"
+
+#include <string>
+
+namespace {
+
+std::string cell(const Level& level, LevelFieldId id, const char* format = "%.1f", double factor = 1.0) {
+    const LevelField* field = level.getField(id);
+    return field == nullptr ? std::string() : stringFormat(format, field->value() * factor);
+}
+
+std::string depressionCell(const Level& level) {
+    const LevelField* tdry = level.getField(LFtdry);
+    const LevelField* rh = level.getField(LFrh);
+    if (tdry == nullptr || rh == nullptr || dewPt(tdry->value(), rh->value()) == kMissing) {
+        return {};
+    }
+    return stringFormat("%.1f", dewPtDepression(tdry->value(), rh->value()));
+}
+
+} // namespace
+
+void saveLevelsCsv(const Levels& levels, std::ostream& stream) {
+    stream << "Fields,Index,Type,Time,Pres,Tdry,DPdep,RH,Wdir,Wspd,Wspd(kt),Alt\n"
+           << "Units,n,text,sec,mb,deg C,deg C,%,deg,m/s,kt,m\n";
+    int index = 0;
+    for (const Level& level : levels.levels()) {
+        stream << "Data," << index++ << ',' << level.LTname() << ',' << cell(level, LFtime) << ','
+               << cell(level, LFpres) << ',' << cell(level, LFtdry) << ',' << depressionCell(level) << ','
+               << cell(level, LFrh) << ',' << cell(level, LFwdir) << ',' << cell(level, LFwspd) << ','
+               << cell(level, LFwspd, "%.1f", kKnotsPerMetrePerSecond) << ',' << cell(level, LFalt, "%.0f") << '\n';
+    }
+}
