@@ -43,9 +43,9 @@ void process(const BatchJob& job, ConfigSet& config, FileReport& report) {
     }
     report.failed = false;
     for (const BatchJob::Product& product : job.products) {
-        if (product.format->needsQc && !editor.QCready()) {
-            addLine(report.error,
-                    "Without QC data (DoQC is 0) there is no product " + std::string(product.format->name));
+        const std::string hindrance = product.format->hindrance(editor);
+        if (!hindrance.empty()) {
+            addLine(report.error, hindrance);
             report.failed = true;
         } else if (product.format->write(editor, config, product.path)) {
             report.products.push_back(product.path);
