@@ -161,7 +161,7 @@ TEST(EditorLevels, TheMessageOfAnUpsondeIsAsConfigured) {
     Analysis analysis(column(true));
     analysis.config.set.add("CallSign", "SHIP7", false, false, false);
     analysis.run();
-    EXPECT_THAT(analysis.message(), HasSubstr("\nTTAA  51128 72469 99010 "));
+    EXPECT_THAT(analysis.message(), HasSubstr("\nTTAA  51128 72469 99"));
     EXPECT_THAT(analysis.message(), testing::StartsWith("72469 72469 ")) << "override and station of the header";
     analysis.config.override("ExcludeAbrHdr", 1.0);
     analysis.config.override("TempMsgType", 1.0);
