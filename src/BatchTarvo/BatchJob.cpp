@@ -37,9 +37,9 @@ void process(const BatchJob& job, ConfigSet& config, FileReport& report) {
     editor.qcProcess();
     editor.qcError(report.qcError);
     if (editor.QCready()) {
-        report.qcResult = qcResultLines(editor);
         editor.doLevels();
         editor.doWMO();
+        report.qcResult = qcResultLines(editor);
     }
     report.failed = false;
     for (const BatchJob::Product& product : job.products) {
