@@ -1,0 +1,233 @@
+// How the main window opens and closes files.
+
+#include "QtText.h"
+#include "TarvoMainWindow.h"
+#include "TarvoViewController.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMdiSubWindow>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QProgressBar>
+#include <QStatusBar>
+#include <QUrl>
+#include <algorithm>
+
+namespace {
+
+constexpr int kLoadedMessage = 2500;  // ms
+constexpr int kProgressPlace = 1;     // among the permanent widgets of the status bar
+constexpr int kProgressWidth = 160;   // pixels
+const char* const kOpenFilters = "OMBRA D files (D*.?);;OMBRA P files (D*_P.?);;OMBRA P1 files (D*_P1.?);;"
+                                 "All D files (D*);;X files (X*.*);;All files (*)";
+
+/// Counts a run for as long as it lives.
+class Busy {
+public:
+    explicit Busy(int& count) : _count(count) { ++_count; }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+    ~Busy() { --_count; }
+
+private:
+    int& _count;
+};
+
+} // namespace
+
+void TarvoMainWindow::open() {
+    if (_busy > 0) {
+        return;
+    }
+    initConfigSet();
+    QString directory = isOn("FixedSrcEnabled") ? configText("FixedSrcDir") : configText("DataDir");
+    if (directory.isEmpty() || !QDir(directory).exists()) {
+        directory = QDir::homePath();
+    }
+    _recentFiles.read();
+    QString filter = configText("OpenFileSeleFilter");
+    const QString path =
+        QFileDialog::getOpenFileName(this, "Tarvo - Open Sounding File", directory, kOpenFilters, &filter);
+    _configSet->set("OpenFileSeleFilter", filter.toStdString());
+    _configSet->save(false);
+    QCoreApplication::processEvents(); // the dialog goes ahead of a long run
+    if (path.isEmpty()) {
+        return;
+    }
+    _configSet->set("DataDir", path.left(path.lastIndexOf('/') + 1).toStdString());
+    _configSet->save(false);
+    processFile(path);
+}
+
+void TarvoMainWindow::openRecentFile() {
+    if (const auto* sender = qobject_cast<QAction*>(this->sender())) {
+        processFile(sender->data().toString());
+    }
+}
+
+int TarvoMainWindow::soundingCount() const {
+    const auto windows = _mdiArea->subWindowList();
+    return static_cast<int>(std::count_if(windows.begin(), windows.end(),
+                                          [this](const QMdiSubWindow* window) { return viewOf(window) != nullptr; }));
+}
+
+bool TarvoMainWindow::isFull(const QString& path) {
+    if (soundingCount() < kMostSoundings) {
+        return false;
+    }
+    QMessageBox::critical(this, "ERROR",
+                          "Cannot open file \"" + path + "\". Maximum of " + QString::number(kMostSoundings) +
+                              " soundings can be open at a time.\nYou must close one before opening another.");
+    return true;
+}
+
+TarvoViewController* TarvoMainWindow::findView(const QString& path) const {
+    const QString canonical = QFileInfo(path).canonicalFilePath();
+    for (const QMdiSubWindow* window : _mdiArea->subWindowList()) {
+        TarvoViewController* view = viewOf(window);
+        if (view != nullptr && !canonical.isEmpty() && view->currentFile() == canonical) {
+            return view;
+        }
+    }
+    return nullptr;
+}
+
+void TarvoMainWindow::processFile(const QString& path) {
+    initConfigSet();
+    if (isFull(path)) {
+        return;
+    }
+    _recentFiles.read();
+    if (_recentFiles.contains(path)) {
+        _recentFiles.add(path);
+        _recentFiles.write();
+    }
+    if (const TarvoViewController* view = findView(path)) {
+        _mdiArea->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(view->parentWidget()));
+        return;
+    }
+    createViewsAndProcessFile(path);
+    if (isOn("descendingPELO")) {
+        processDerivedFile();
+    }
+}
+
+/// A reader may have made a second sounding out of its file. It is processed with the second active set.
+void TarvoMainWindow::processDerivedFile() {
+    const TarvoViewController* view = activeView();
+    const QString derived = view == nullptr ? QString() : toQString(view->editor()->derivedSndFile());
+    if (derived.isEmpty()) {
+        return;
+    }
+    const std::string first = _registry->getActive1SetName();
+    const std::string second = _registry->getActive2SetName();
+    _registry->setActive1SetName(second);
+    _registry->save(false);
+    QMessageBox::information(
+        this, "Descending PELO Sounding Processing",
+        QString("Tarvo will now process the descending PELO sounding '%1' using configuration set '%2'.")
+            .arg(derived, toQString(second)));
+    createViewsAndProcessFile(derived);
+    initConfigSet();
+    _registry->setActive1SetName(first);
+    _registry->save(false);
+}
+
+void TarvoMainWindow::createViewsAndProcessFile(const QString& path) {
+    const Busy busy(_busy);
+    if (_printer == nullptr) {
+        _printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    }
+    auto* view = new TarvoViewController(_printer.get(), _soundingDB, *_statusAgent, this);
+    QString message;
+    if (!view->openFile(path, message)) {
+        QMessageBox::critical(this, "File Open Error", message);
+        delete view;
+        return;
+    }
+    if (!message.isEmpty()) {
+        QMessageBox::warning(this, "File Open Warning", message);
+    }
+    connect(view->tabs(), &QTabWidget::currentChanged, this, &TarvoMainWindow::updateMenus);
+    connect(view, &TarvoViewController::processRequested, this, &TarvoMainWindow::processRequested);
+    connect(view, &TarvoViewController::processDone, this, &TarvoMainWindow::updateSounding);
+    _mdiArea->addSubWindow(view);
+    _recentFiles.read();
+    if (!_recentFiles.contains(path)) {
+        _recentFiles.add(path);
+    }
+    showView(view);
+    updateStatusBar(QString("File '%1' loaded.").arg(QFileInfo(path).fileName()), kLoadedMessage);
+    view->process();
+    updateMenus();
+    _recentFiles.write();
+}
+
+void TarvoMainWindow::showView(TarvoViewController* view) {
+    view->show();
+    arrangeIcons();
+    auto* window = qobject_cast<QMdiSubWindow*>(view->parentWidget());
+    _mdiArea->setActiveSubWindow(window);
+    window->showMaximized();
+}
+
+void TarvoMainWindow::closeFile() {
+    if (_busy == 0) {
+        _mdiArea->closeActiveSubWindow();
+    }
+}
+
+void TarvoMainWindow::closeAll() {
+    if (_busy == 0) {
+        _mdiArea->closeAllSubWindows();
+    }
+}
+
+void TarvoMainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (_busy == 0 && event->mimeData()->hasFormat("text/uri-list")) {
+        event->acceptProposedAction();
+    }
+}
+
+void TarvoMainWindow::dragMoveEvent(QDragMoveEvent* /*event*/) {}
+
+QStringList TarvoMainWindow::droppedFiles(const QMimeData* data) const {
+    QStringList files;
+    for (const QUrl& url : data->urls()) {
+        const QFileInfo info(url.toLocalFile());
+        if (info.isFile()) {
+            files << info.filePath();
+        } else if (!url.toLocalFile().isEmpty() && info.isDir()) {
+            for (const QFileInfo& entry : QDir(info.filePath()).entryInfoList(QDir::Files, QDir::Name)) {
+                files << entry.absoluteFilePath();
+            }
+        }
+    }
+    return files;
+}
+
+void TarvoMainWindow::dropEvent(QDropEvent* event) {
+    const QStringList files = droppedFiles(event->mimeData());
+    event->acceptProposedAction();
+    if (files.isEmpty() || _busy > 0) {
+        return;
+    }
+    auto* progress = new QProgressBar(this);
+    progress->setObjectName("_progressBar");
+    progress->setRange(0, files.size());
+    progress->setValue(0);
+    progress->setTextVisible(true);
+    progress->setFixedSize(kProgressWidth, _statusAgent->sizeHint().height());
+    statusBar()->insertPermanentWidget(kProgressPlace, progress);
+    for (int i = 0; i < files.size() && !isFull(files[i]); ++i) {
+        progress->setFormat(QString("Opening %1 of %2").arg(i + 1).arg(files.size()));
+        progress->setValue(i);
+        processFile(files[i]);
+    }
+    statusBar()->removeWidget(progress);
+    delete progress;
+}

@@ -1,0 +1,198 @@
+#include "SeriesGrid.h"
+
+#include "Missing.h"
+#include "QtText.h"
+#include "Series.h"
+#include "Text.h"
+
+namespace {
+
+constexpr int kAttributeWidth = 12; // characters, that the text of a listing is padded to
+
+const char* const kIgnoredTip = "Ignored in QC";
+const char* const kKeptTip = "Kept in QC";
+constexpr std::uint32_t kOrders = Value::QcIgnore | Value::QcKeep;
+
+} // namespace
+
+const std::vector<AttributeMark>& attributeMarks() {
+    static const std::vector<AttributeMark> marks{
+        {Value::ObsFlight, "F ", ":/Images/FlagF.png", "F: Obs-Flight\n"},
+        {Value::ObsSurface, "S ", ":/Images/FlagS.png", "S: Obs-Surface\n"},
+        {Value::CrcPtu, "P ", ":/Images/FlagP.png", "P: CRC-PTU\n"},
+        {Value::CrcGps, "G ", ":/Images/FlagG.png", "G: CRC-GPS\n"},
+        {Value::QcIgnore, "Ig ", ":/Images/FlagIg.png", "Ig: QC-Ignore\n"},
+        {Value::QcKeep, "Kp ", ":/Images/FlagKp.png", "Kp: QC-Keep\n"},
+        {Value::QcAmbientEquilibration, "Ae ", ":/Images/FlagAe.png", "Ae: QC-AmbientEquilibration\n"},
+        {Value::QcLimitCheck, "Lc ", ":/Images/FlagLc.png", "Lc: QC-LimitCheck\n"},
+        {Value::QcSatsCheck, "Sc ", ":/Images/FlagSc.png", "Sc: QC-SatsCheck\n"},
+        {Value::QcBuddyCheck, "Bc ", ":/Images/FlagBc.png", "Bc: QC-BuddyCheck\n"},
+        {Value::QcOutlierCheck, "Oc ", ":/Images/FlagOc.png", "Oc: QC-OutlierCheck\n"},
+        {Value::QcFilterCheck, "Fc ", ":/Images/FlagFc.png", "Fc: QC-FilterCheck\n"},
+        {Value::QcMonotonicPresCheck, "Pc ", ":/Images/FlagPc.png", "Pc: QC-MonotonicPresCheck\n"},
+        {Value::QcVerticalVelCheck, "Vc ", ":/Images/FlagVc.png", "Vc: QC-VerticalVelCheck\n"},
+        {Value::QcRHThreshold, "Rh ", ":/Images/FlagRh.png", "Rh: QC-RHThreshold\n"},
+        {Value::DryBiasCorrection, "Bias ", ":/Images/FlagDb.png", "Bias: Dry bias correction\n"},
+        {Value::QcWindErrorCheck, "We ", ":/Images/FlagWe.png", "We: QC-WindErrorCheck\n"},
+        {Value::AfterEndOfDrop, "EoD ", ":/Images/FlagNone.png", "EoD: After end-of-drop time\n"},
+    };
+    return marks;
+}
+
+SeriesGrid::SeriesGrid(std::vector<GridColumn> columns, bool withAttributes, QObject* parent)
+    : QAbstractTableModel(parent), _columns(std::move(columns)), _withAttributes(withAttributes) {
+    if (withAttributes) {
+        for (const AttributeMark& mark : attributeMarks()) {
+            _icons.emplace_back(mark.icon);
+        }
+    }
+}
+
+void SeriesGrid::setRows(int n, const std::vector<const double*>& values) {
+    beginResetModel();
+    _rows = n;
+    _values.assign(static_cast<std::size_t>(n) * _columns.size(), kMissing);
+    _attributes.assign(_withAttributes ? _values.size() : 0, 0);
+    for (std::size_t column = 0; column < values.size() && column < _columns.size(); ++column) {
+        for (int row = 0; row < n && values[column] != nullptr; ++row) {
+            _values[at(row, static_cast<int>(column))] = values[column][row];
+        }
+    }
+    endResetModel();
+}
+
+void SeriesGrid::setAttributes(int column, const Series& series) {
+    int row = 0;
+    for (const Value& sample : series) {
+        while (row < _rows && value(row, 0) < sample.time()) {
+            ++row;
+        }
+        if (row < _rows && value(row, 0) == sample.time()) {
+            _attributes[at(row, column)] |= sample.attributes();
+        }
+    }
+}
+
+void SeriesGrid::markCell(int row, int column, std::uint32_t bit, bool on) {
+    std::uint32_t& word = _attributes[at(row, column)];
+    word = on ? word | bit : word & ~bit;
+    emit dataChanged(index(row, 0), index(row, columnCount() - 1));
+}
+
+QString SeriesGrid::attributeText(int row) const {
+    QString text;
+    std::uint32_t told = 0;
+    for (int column = 0; column < static_cast<int>(_columns.size()); ++column) {
+        const std::uint32_t news = attributes(row, column) & ~told;
+        for (const AttributeMark& mark : attributeMarks()) {
+            if ((news & mark.bit) != 0) {
+                text += mark.text;
+            }
+        }
+        told |= news;
+    }
+    return text;
+}
+
+QString SeriesGrid::listingLine(int row) const {
+    std::string line;
+    for (std::size_t column = 0; column < _columns.size(); ++column) {
+        const GridColumn& c = _columns[column];
+        const double v = value(row, static_cast<int>(column));
+        line += v == kMissing ? std::string(static_cast<std::size_t>(c.width) + 1, ' ') : stringFormat(c.format, v) + " ";
+    }
+    return toQString(line) + (_withAttributes ? attributeText(row).leftJustified(kAttributeWidth) : QString());
+}
+
+int SeriesGrid::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : _rows;
+}
+
+int SeriesGrid::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(_columns.size()) + (_withAttributes ? 1 : 0);
+}
+
+std::uint32_t SeriesGrid::attributesOfRow(int row) const {
+    std::uint32_t all = 0;
+    for (int column = 0; column < static_cast<int>(_columns.size()); ++column) {
+        all |= attributes(row, column);
+    }
+    return all;
+}
+
+QVariant SeriesGrid::tip(int row, int column) const {
+    if (isAttributeColumn(column)) {
+        QString text;
+        const std::uint32_t all = attributesOfRow(row);
+        for (const AttributeMark& mark : attributeMarks()) {
+            if ((all & mark.bit) != 0) {
+                text += mark.tip;
+            }
+        }
+        text.chop(1);
+        return text;
+    }
+    const std::uint32_t word = attributes(row, column);
+    if ((word & Value::QcIgnore) != 0) {
+        return kIgnoredTip;
+    }
+    return (word & Value::QcKeep) != 0 ? QVariant(kKeptTip) : QVariant();
+}
+
+/// Of several attributes the highest one shows.
+QVariant SeriesGrid::icon(int row, int column) const {
+    const std::uint32_t word = attributes(row, column);
+    for (std::size_t i = _icons.size(); i-- > 0;) {
+        if ((word & attributeMarks()[i].bit) != 0) {
+            return _icons[i];
+        }
+    }
+    return {};
+}
+
+QVariant SeriesGrid::data(const QModelIndex& index, int role) const {
+    const int row = index.row();
+    const int column = index.column();
+    if (!index.isValid() || row >= _rows || column >= columnCount()) {
+        return {};
+    }
+    if (role == Qt::TextAlignmentRole) {
+        return int(Qt::AlignLeft | Qt::AlignVCenter);
+    }
+    if (role == Qt::DisplayRole) {
+        return isAttributeColumn(column)
+                   ? attributeText(row)
+                   : numberText(value(row, column), _columns[static_cast<std::size_t>(column)].decimals);
+    }
+    if (!_withAttributes) {
+        return {};
+    }
+    if (role == Qt::ToolTipRole) {
+        return tip(row, column);
+    }
+    if (isAttributeColumn(column)) {
+        return {};
+    }
+    const bool ordered = (attributes(row, column) & kOrders) != 0;
+    switch (role) {
+    case Qt::DecorationRole:
+        return icon(row, column);
+    case Qt::BackgroundRole:
+        return ordered ? QColor("aqua") : QVariant();
+    case Qt::ForegroundRole:
+        return ordered ? QColor(Qt::black) : QVariant(); // readable on a dark theme too
+    default:
+        return {};
+    }
+}
+
+QVariant SeriesGrid::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (role != Qt::DisplayRole) {
+        return {};
+    }
+    if (orientation == Qt::Vertical) {
+        return section + 1;
+    }
+    return isAttributeColumn(section) ? QString("Attributes")
+                                      : QString(_columns[static_cast<std::size_t>(section)].heading);
+}

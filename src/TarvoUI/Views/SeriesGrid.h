@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QColor>
+#include <QIcon>
+#include <array>
+#include <cstdint>
+#include <vector>
+
+class Series;
+
+/// One column of a grid of series: heading, decimals, and how a listing prints it.
+struct GridColumn {
+    const char* heading;
+    int decimals;
+    const char* format; ///< of a listing
+    int width;          ///< of a listing, characters
+};
+
+/// The text, icon and explanation of one attribute of a value.
+struct AttributeMark {
+    std::uint32_t bit;
+    const char* text;
+    const char* icon;
+    const char* tip;
+};
+
+/// From the lowest bit to the highest.
+const std::vector<AttributeMark>& attributeMarks();
+
+/// The rows of a sounding as a view wants them. It holds the numbers and makes each text when it is looked at: a
+/// sounding may have tens of thousands of rows.
+class SeriesGrid : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    /// With \p withAttributes a last column tells the attributes of the row, and cells carry icons and tips.
+    SeriesGrid(std::vector<GridColumn> columns, bool withAttributes, QObject* parent);
+
+    /// New rows, one pointer to n values for each column; the values are copied.
+    void setRows(int n, const std::vector<const double*>& values);
+    /// Takes the attributes of a series for a column, sample by sample at the time of its row (column 0).
+    void setAttributes(int column, const Series& series);
+    /// Sets or clears one attribute of a cell.
+    void markCell(int row, int column, std::uint32_t bit, bool on);
+
+    double value(int row, int column) const { return _values[at(row, column)]; }
+    std::uint32_t attributes(int row, int column) const { return _attributes[at(row, column)]; }
+    /// "Ig We " of all columns of a row.
+    QString attributeText(int row) const;
+    /// One line of a listing, and the head of all.
+    QString listingLine(int row) const;
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    std::size_t at(int row, int column) const {
+        return static_cast<std::size_t>(row) * _columns.size() + static_cast<std::size_t>(column);
+    }
+    bool isAttributeColumn(int column) const { return column == static_cast<int>(_columns.size()); }
+    std::uint32_t attributesOfRow(int row) const;
+    QVariant tip(int row, int column) const;
+    QVariant icon(int row, int column) const;
+
+    std::vector<GridColumn> _columns;
+    bool _withAttributes;
+    int _rows = 0;
+    std::vector<double> _values;
+    std::vector<std::uint32_t> _attributes;
+    std::vector<QIcon> _icons; // of attributeMarks()
+};

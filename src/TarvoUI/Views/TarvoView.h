@@ -1,0 +1,89 @@
+#pragma once
+
+#include "DocumentController.h"
+
+#include <QLineEdit>
+#include <QPrinter>
+#include <QString>
+#include <QTableWidget>
+#include <QTextDocument>
+#include <QWidget>
+#include <memory>
+
+/// The base of all tabs of a sounding window: what each may be asked to do, and the services that they share. A tab
+/// borrows its document and the printer, which outlive it.
+class TarvoView : public QWidget {
+    Q_OBJECT
+
+public:
+    TarvoView(DocumentController* doc, QPrinter* printer, QWidget* parent);
+
+    /// Whether saving, printing and recomputing make sense on this tab.
+    bool canSave() const { return _canSave; }
+    bool canPrint() const { return _canPrint; }
+    bool canRecompute() const { return _canRecompute; }
+
+    /// Shows the state of the analysis. It is called after every run: a tab that shows much looks whether its data
+    /// have changed.
+    virtual void update() {}
+    virtual int printPreview() { return 0; }
+    virtual int print() { return 0; }
+    virtual int save() { return 0; }
+    virtual int autoSave() { return 0; }
+    /// The user goes to another tab.
+    virtual void leavingView() {}
+
+signals:
+    /// Data or parameters have changed: recompute at once, or only show that it is needed.
+    void processRequest(bool onlySignal);
+
+protected:
+    void saveConfig();
+    bool isOn(const char* key) const;
+    QString configText(const char* key) const;
+
+    /// A value of a listing: \p format, then a blank; blanks only for the missing value.
+    static std::string convertData(double value, int width, const char* format);
+    static void setCellValue(QTableWidget* table, int row, int column, double value, int precision);
+    static void setCellValue(QTableWidget* table, int row, int column, const QString& text);
+    static void setCellBackground(QTableWidget* table, int row, int column, const QColor& color);
+    static void setEditValue(QLineEdit* edit, double value, int precision, bool missing);
+    static QTableWidgetItem* createCell(QTableWidget* table, int row, int column, bool editable);
+    static void resetGrid(QTableWidget* table);
+    static QString straightLine(int n);
+
+    /// The first word of the description, cut at its last ".": what the names of products begin with.
+    QString getRootFilename() const;
+    /// Asks for the name of a product: directory, root and suffix are proposed. Empty when the user gives it up.
+    QString getSaveFilename(const QString& title, const QString& filter, const QString& directory,
+                            const QString& suffix, QString* selectedFilter);
+
+    /// A document to be filled with the lines of a listing.
+    static std::unique_ptr<QTextDocument> makeListing();
+    static void addListingLine(QTextDocument& listing, const QString& line, int row);
+
+    // Printing of texts, page by page with head and foot.
+    QRectF textRect() const;
+    void printPages(QTextDocument* doc, const QString& title, const QString& subTitle);
+    int printDoc(QTextDocument* doc, const QString& title, const QString& subTitle);
+    void previewDoc(QTextDocument* doc, const QString& title, const QString& subTitle);
+    int previewText(QTextDocument* doc, const QString& title, const QString& subTitle, const QString& dialogTitle);
+    int saveDoc(QTextDocument* doc, const QString& title, const QString& subTitle);
+
+    // Printing of the tab as it looks.
+    int printGrab(const QString& dialogTitle);
+    int previewGrab(const QString& dialogTitle);
+    void paintGrab(QPrinter* printer);
+
+    TarvoConfigSet* _configSet;
+    DocumentController* _doc;
+    EditorControl* _editor;
+    QString _description;
+    bool _canSave = true;
+    bool _canPrint = true;
+    bool _canRecompute = true;
+    QPrinter* _printer;
+
+private:
+    void paintPage(QPainter& painter, QTextDocument* doc, const QString& title, const QString& subTitle, int page);
+};

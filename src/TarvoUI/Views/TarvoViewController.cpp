@@ -1,0 +1,263 @@
+#include "TarvoViewController.h"
+
+#include "Boxes.h"
+#include "MainView.h"
+#include "QCView.h"
+#include "QtText.h"
+#include "RawView.h"
+#include "TarvoSettings.h"
+#include "WaitCursor.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace {
+
+const char* const kSteps = "Processing Steps";
+const char* const kConfigurationTitle = "Configuration Management";
+
+QString elapsedText(const QElapsedTimer& timer) {
+    constexpr double kMillisecondsPerSecond = 1000.0;
+    return durationText(static_cast<double>(timer.elapsed()) / kMillisecondsPerSecond);
+}
+
+template <typename View>
+TarvoView* make(DocumentController* doc, QPrinter* printer, QWidget* parent) {
+    return new View(doc, printer, parent);
+}
+
+} // namespace
+
+struct TarvoViewController::Tab {
+    const char* text;
+    const char* status;         ///< while it is updated
+    const char* autoSaveStatus; ///< null for a tab that saves nothing by itself
+    bool needsQC;
+    TarvoView* (*make)(DocumentController* doc, QPrinter* printer, QWidget* parent);
+};
+
+/// In the order in which they stand.
+const std::vector<TarvoViewController::Tab>& TarvoViewController::tabTable() {
+    static const std::vector<Tab> tabs{
+        {"&Main", "Main ", nullptr, false, &make<MainView>},
+        {"&Raw", "Raw ", nullptr, false, &make<RawView>},
+        {"&QC", "QC ", "QC autosaving", true, &make<QCView>},
+    };
+    return tabs;
+}
+
+TarvoViewController::TarvoViewController(QPrinter* printer, SoundingDB* soundingDB, StatusAgent& statusAgent,
+                                         QWidget* parent)
+    : QWidget(parent), _soundingDB(soundingDB), _statusAgent(&statusAgent), _viewWidget(new TabWidget(this)),
+      _registry(std::make_unique<RegistryXML>(TarvoSettings::configFile().toStdString(), "")),
+      _configSet(std::make_unique<TarvoConfigSet>(_registry.get())), _printer(printer) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    _viewWidget->setObjectName("_viewWidget");
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(_viewWidget);
+}
+
+TarvoViewController::~TarvoViewController() {
+    // The tabs go ahead of the document and the configuration that they borrow.
+    delete _viewWidget;
+}
+
+bool TarvoViewController::isOn(const char* key) const {
+    bool on = false;
+    _configSet->boolValue(key, on);
+    return on;
+}
+
+bool TarvoViewController::openFile(const QString& path, QString& message) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        message = "Unable to open sounding file!";
+        return false;
+    }
+    if (file.atEnd()) {
+        message = "Sounding file is empty!";
+        return false;
+    }
+    file.close();
+    setCurrentFile(path);
+    std::string error;
+    {
+        const WaitCursor wait;
+        _doc = std::make_unique<DocumentController>(_curFile.toStdString(), _configSet.get());
+        const bool valid = _doc->initializeDocument(*_statusAgent, error);
+        message = toQString(error);
+        if (!valid) {
+            return false;
+        }
+    }
+    createTabs();
+    addTabs();
+    connectSignals();
+    return true;
+}
+
+void TarvoViewController::setCurrentFile(const QString& path) {
+    _curFile = QFileInfo(path).canonicalFilePath();
+    setWindowTitle(QFileInfo(_curFile).fileName());
+    setWindowModified(false);
+}
+
+void TarvoViewController::createTabs() {
+    QElapsedTimer timer;
+    timer.start();
+    _viewWidget->setUpdatesEnabled(false);
+    int doQC = 0;
+    _configSet->intValue("DoQC", doQC);
+    for (const Tab& tab : tabTable()) {
+        if (!tab.needsQC || doQC != 0) {
+            TarvoView* view = tab.make(_doc.get(), _printer, _viewWidget);
+            connect(view, &TarvoView::processRequest, this, &TarvoViewController::processRequest);
+            _tabs.emplace_back(&tab, view);
+        }
+    }
+    _viewWidget->setUpdatesEnabled(true);
+    _doc->summaryAddItem(kSteps, "Tabs created (in " + elapsedText(timer).toStdString() + "s)");
+}
+
+void TarvoViewController::addTabs() {
+    for (const auto& [tab, view] : _tabs) {
+        _viewWidget->addTab(view, tab->text);
+    }
+    _activeTab = _tabs.front().second;
+    _viewWidget->setCurrentIndex(0);
+}
+
+void TarvoViewController::connectSignals() {
+    connect(_viewWidget, &QTabWidget::currentChanged, this, &TarvoViewController::tabChanged);
+    connect(_viewWidget, &QTabWidget::tabBarClicked, this, &TarvoViewController::tabClicked);
+}
+
+void TarvoViewController::process() {
+    const WaitCursor wait;
+    const std::string problems = _doc->process();
+    if (!problems.empty()) {
+        Boxes::displayErrorMessage(toQString(problems), false, "Processing Alert");
+    }
+    _statusAgent->SetStatus("Updating tabs...");
+    updateTabs();
+    emit processDone(_curFile);
+    if (isOn("QCAutoSaveEnable")) {
+        _statusAgent->SetStatus("Autosaving...");
+        autoSave();
+    }
+    _statusAgent->SetStatus("Ready");
+}
+
+void TarvoViewController::updateTabs() {
+    QElapsedTimer timer;
+    timer.start();
+    if (_rawChanged) {
+        _doc->editor()->changeRawVer();
+        _rawChanged = false;
+    }
+    for (const auto& [tab, view] : _tabs) {
+        _statusAgent->AppendStatus(tab->status);
+        view->update();
+    }
+    _doc->summaryAddItem(kSteps, "Tabs updated (in " + elapsedText(timer).toStdString() + "s)");
+}
+
+void TarvoViewController::autoSave() {
+    for (const auto& [tab, view] : _tabs) {
+        if (tab->autoSaveStatus != nullptr) {
+            _statusAgent->AppendStatus(tab->autoSaveStatus);
+            view->autoSave();
+        }
+    }
+}
+
+int TarvoViewController::save() {
+    return _activeTab == nullptr ? 0 : _activeTab->save();
+}
+
+int TarvoViewController::print() {
+    return _activeTab == nullptr ? 0 : _activeTab->print();
+}
+
+int TarvoViewController::printPreview() {
+    return _activeTab == nullptr ? 0 : _activeTab->printPreview();
+}
+
+QString TarvoViewController::activeConfigSet() const {
+    return toQString(_configSet->getSetName());
+}
+
+void TarvoViewController::processRequest(bool onlySignal) {
+    // The mark comes first: a request that recomputes at once has run to its end when the signal returns.
+    _rawChanged = true;
+    emit processRequested(onlySignal);
+}
+
+void TarvoViewController::saveConfiguration(bool immediateOnly) {
+    if (_configSet->changed()) {
+        _configSet->save(immediateOnly);
+        emit processRequested(true);
+    }
+}
+
+void TarvoViewController::tabChanged(int index) {
+    auto* view = qobject_cast<TarvoView*>(_viewWidget->widget(index));
+    if (view == nullptr) {
+        return;
+    }
+    if (_activeTab != nullptr) {
+        _activeTab->leavingView();
+    }
+    _activeTab = view;
+    _activeTab->update();
+}
+
+void TarvoViewController::tabClicked(int index) {
+    if (QWidget* view = _viewWidget->widget(index)) {
+        _viewWidget->setCurrentIndex(index);
+        view->show();
+    }
+}
+
+void TarvoViewController::restoreConfigDefaults() {
+    const auto answer = QMessageBox::warning(
+        this, kConfigurationTitle,
+        QString("Are you sure that you want to restore the defaults for the configuration '%1'?").arg(activeConfigSet()),
+        QMessageBox::Ok | QMessageBox::Cancel);
+    if (answer == QMessageBox::Ok) {
+        _configSet->restoreDefault();
+        QMessageBox::information(this, "Tarvo",
+                                 "QC Processing options have been set to default values."
+                                 "You can save them when you close this sounding.");
+    }
+}
+
+void TarvoViewController::closeEvent(QCloseEvent* event) {
+    promptAndSaveConfig();
+    event->accept();
+}
+
+void TarvoViewController::promptAndSaveConfig() {
+    if (!_configSet->changed()) {
+        return;
+    }
+    const auto answer = QMessageBox::warning(
+        nullptr, kConfigurationTitle,
+        "QC processing options were changed.\nDo you want to save them as the current processing\noptions for the '" +
+            activeConfigSet() + "' configuration set?",
+        QMessageBox::Yes | QMessageBox::No | QMessageBox::NoToAll);
+    if (answer == QMessageBox::NoToAll) {
+        QCoreApplication::quit();
+    } else if (answer == QMessageBox::Yes) {
+        QMessageBox::information(nullptr, kConfigurationTitle,
+                                 "The configuration '" + activeConfigSet() + "' is being saved...");
+        _configSet->save(false);
+    }
+}
