@@ -65,14 +65,9 @@ TEST(LayerWinds, WeighByTheirOwnThickness) {
 }
 
 TEST(LayerWinds, NeedEnoughWinds) {
-    struct Case {
-        double last; ///< s, the last wind; the first in the boundary layer is that of 51 s
-        int rate;    ///< 41 are needed at 2 a second, and a fifth of all that are to be expected in the deep layer
-        bool boundary;
-        bool deep;
-    };
+    // 41 winds are needed at 2 a second, from that of 51 s on, and a fifth of all to be expected in the deep layer.
     for (const auto& [last, rate, boundary, deep] :
-         {Case{92, 2, true, true}, {91, 2, false, true}, {92, 5, false, true}, {92, 6, false, false}}) {
+         {std::tuple{92.0, 2, true, true}, {91, 2, false, true}, {92, 5, false, true}, {92, 6, false, false}}) {
         LayerDrop drop;
         drop.setting.windRate = rate;
         drop.winds(everySecond({{0, 0}, {last, last}}));
@@ -85,6 +80,12 @@ TEST(LayerWinds, NeedEnoughWinds) {
     drop.alt = everySecond({{0, 1500}, {100, 500.5}});
     drop.run();
     EXPECT_EQ(drop.of(LevelType::MeanBLWind), "");
+    for (const auto& [highest, count] : {std::pair{85.0, 0}, {85.5, 1}}) { // at 150 m, where the layer ends
+        LayerDrop few;
+        few.winds(samples({{80, 1}, {highest, 1}, {90, 1}, {95, 1}, {100, 1}}));
+        few.run();
+        EXPECT_EQ(few.count(LevelType::Layer150m), count) << highest;
+    }
     drop.setting.windRate = 0;
     drop.winds(samples({{97, 1}, {98, 2}, {99, 3}})); // fewer than four make nothing at all
     drop.run();
@@ -118,13 +119,8 @@ TEST(LayerWinds, ASurfaceWindClosesTheLayers) {
 
 // u is 0 at the launch and 60 from the next sample on, which follows 50 mb or more below.
 TEST(LayerWinds, AFarLaunchWindStaysOutOfTheDeepLayer) {
-    struct Case {
-        double second;
-        bool flag;
-        const char* expected;
-    };
     for (const auto& [second, flag, expected] :
-         {Case{900.0, true, "850 45"}, {900.5, true, "900.5 60"}, {900.5, false, "850 44.85"}}) {
+         {std::tuple{900.0, true, "850 45"}, {900.5, true, "900.5 60"}, {900.5, false, "850 44.85"}}) {
         LayerDrop drop;
         drop.pres = samples({{0, 850}, {10, second}, {50, 940}, {100, 950}});
         drop.winds(samples({{0, 0}, {10, 60}, {50, 60}, {100, 60}}));

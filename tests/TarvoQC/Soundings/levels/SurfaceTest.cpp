@@ -94,43 +94,36 @@ struct WindCase {
     const char* surfaceWind; ///< time, altitude, speed
 };
 
-class SurfaceWind : public testing::TestWithParam<WindCase> {};
-
-TEST_P(SurfaceWind, IsLookedForInOrder) {
-    const WindCase& c = GetParam();
-    MadeDrop drop;
-    drop.landed();
-    drop.west(samples(c.samples));
-    drop.setting.windOffset = c.windOffset;
-    drop.setting.sfcAlt = c.sfcAlt;
-    drop.run();
-    EXPECT_EQ(drop.of(LevelType::SurfaceWind, {LFtime, LFalt, LFwspd}), c.surfaceWind);
-    EXPECT_EQ(drop.of(LevelType::SurfaceWind, {LFpres}), "1000");
-    EXPECT_EQ(drop.count(LevelType::LowestWind), std::string(c.surfaceWind).find('-') != std::string::npos ? 1 : 0);
-}
-
 // The altitude is 1000 m - 10 m/s t, and the wind offset moves it by -10 m/s times the offset.
-INSTANTIATE_TEST_SUITE_P(
-    Levels, SurfaceWind,
-    testing::Values(WindCase{"At10m", {{90, 9}, {100, 19}}, 0.0, -999.0, "99 10 18"},
-                    WindCase{"At10mAboveGround", {{60, 0}, {80, 20}}, 0.0, 250.0, "74 260 14"},
-                    WindCase{"WindsLater", {{90, 9}, {100, 19}}, 2.0, -999.0, "97 10 16"},
-                    WindCase{"WindsEarlier", {{90, 9}, {100, 19}}, -0.5, -999.0, "99.5 10 18.5"},
-                    WindCase{"GapOf25s", {{75, 0}, {100, 25}}, 0.0, -999.0, "99 10 24"},
-                    // The last wind itself lies at 0 m.
-                    WindCase{"GapOf26s", {{74, 0}, {100, 26}}, 0.0, -999.0, "100 0 26"},
-                    WindCase{"At12m", {{90, 9}, {98.85, 17.85}}, 0.0, -999.0, "98.8 12 17.8"},
-                    WindCase{
-                        "LastWindBelow12.5m", {{90, 9}, {98.78125, 17.78125}}, 0.0, -999.0, "98.7812 12.1875 17.7812"},
-                    WindCase{"LastWindAt12.5m", {{90, 9}, {98.75, 17.75}}, 0.0, -999.0, "100 - -"},
-                    WindCase{"NoTimeAtMovedAltitude", {{90, 9}, {100, 19}}, -2.0, -999.0, "100 - -"}),
-    [](const auto& made) {
-        std::string name = made.param.name;
-        name.erase(std::remove(name.begin(), name.end(), '.'), name.end());
-        return name;
-    });
+const std::vector<WindCase> kWindCases{
+    {"At10m", {{90, 9}, {100, 19}}, 0.0, -999.0, "99 10 18"},
+    {"At10mAboveGround", {{60, 0}, {80, 20}}, 0.0, 250.0, "74 260 14"},
+    {"WindsLater", {{90, 9}, {100, 19}}, 2.0, -999.0, "97 10 16"},
+    {"WindsEarlier", {{90, 9}, {100, 19}}, -0.5, -999.0, "99.5 10 18.5"},
+    {"GapOf25s", {{75, 0}, {100, 25}}, 0.0, -999.0, "99 10 24"},
+    // The last wind itself lies at 0 m.
+    {"GapOf26s", {{74, 0}, {100, 26}}, 0.0, -999.0, "100 0 26"},
+    {"At12m", {{90, 9}, {98.85, 17.85}}, 0.0, -999.0, "98.8 12 17.8"},
+    {"LastWindBelow12.5m", {{90, 9}, {98.78125, 17.78125}}, 0.0, -999.0, "98.7812 12.1875 17.7812"},
+    {"LastWindAt12.5m", {{90, 9}, {98.75, 17.75}}, 0.0, -999.0, "100 - -"},
+    {"NoTimeAtMovedAltitude", {{90, 9}, {100, 19}}, -2.0, -999.0, "100 - -"}};
 
 } // namespace
+
+TEST(Surface, WindIsLookedForInOrder) {
+    for (const WindCase& c : kWindCases) {
+        MadeDrop drop;
+        drop.landed();
+        drop.west(samples(c.samples));
+        drop.setting.windOffset = c.windOffset;
+        drop.setting.sfcAlt = c.sfcAlt;
+        drop.run();
+        EXPECT_EQ(drop.of(LevelType::SurfaceWind, {LFtime, LFalt, LFwspd}), c.surfaceWind) << c.name;
+        EXPECT_EQ(drop.of(LevelType::SurfaceWind, {LFpres}), "1000") << c.name;
+        EXPECT_EQ(drop.count(LevelType::LowestWind), std::string(c.surfaceWind).find('-') != std::string::npos ? 1 : 0)
+            << c.name;
+    }
+}
 
 TEST(Surface, AnUpsondeStartsFromItsObservation) {
     MadeLevels up;

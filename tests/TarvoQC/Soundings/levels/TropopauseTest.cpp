@@ -26,70 +26,59 @@ struct TropCase {
     std::vector<double> heights; ///< m, from the top downward
 };
 
-class Tropopauses : public testing::TestWithParam<TropCase> {};
+constexpr double kFoot = -56.5; // deg C at 11 km, 6.5 K/km above 15 deg C
 
-/// The spline turns a corner within 100 m.
-TEST_P(Tropopauses, StandAtTheFootOfStableLayers) {
-    for (const bool ascending : {true, false}) {
-        for (const double wavelength : {0.0, 10.0}) {
-            Profile profile(GetParam().tdry, ascending);
-            profile.criteria.tropSmoothWL = wavelength;
+const std::vector<TropCase> kTropCases{
+    {"One", {{0, 15}, {11000, kFoot}, {20000, kFoot}}, {11000}},
+    {"BelowTheTropopause200mbAreNotReached", {{0, 15}, {8000, -37}, {11200, -37}}, {}},
+    {"JustReached", {{0, 15}, {8000, -37}, {11300, -37}}, {8000}},
+    {"Below500mbOnlyByFallback", {{0, 15}, {3000, 3}, {14000, 3}}, {3000}},
+    {"FallbackUnderSlopes", {{0, 15}, {3000, 3}, {9000, 3}, {14000, -9.5}}, {3000}},
+    {"NoFallbackUnderSteepSlopes", {{0, 15}, {3000, 3}, {9000, 3}, {14000, -14.5}}, {}},
+    {"NoFallbackUnderAThinLayer", {{0, 15}, {3000, 3}, {3200, 3}, {14000, -26.16}}, {}},
+    {"NoStableLayer", {{0, 15}, {14000, -76}}, {}},
+    {"Slope1.9", {{0, 15}, {11000, kFoot}, {14000, kFoot - 5.7}, {16000, kFoot - 17}}, {11000}},
+    {"Slope2.1", {{0, 15}, {11000, kFoot}, {14000, kFoot - 6.3}, {16000, kFoot - 17}}, {}},
+    // Isothermal at first, then 5 K/km: 2 km above the foot the mean is 1.75 or 2.25.
+    {"MeanBelow2", {{0, 15}, {11000, kFoot}, {12300, kFoot}, {16000, kFoot - 18.5}}, {11000}},
+    {"MeanAbove2", {{0, 15}, {11000, kFoot}, {12100, kFoot}, {16000, kFoot - 19.5}}, {}},
+    {"LayerReachesTheTop", {{0, 15}, {11000, kFoot}, {13150, kFoot}}, {11000}},
+    {"LayerCutOffByTheTop", {{0, 15}, {11000, kFoot}, {12900, kFoot}}, {}},
+    {"TwoAfterOneTooThin",
+     {{0, 15}, {6000, -24}, {6500, -24}, {11000, -53}, {14000, -53}, {16000, -65}, {20000, -65}},
+     {16000, 11000}},
+    {"Three",
+     {{0, 15}, {9000, -43}, {12000, -43}, {14000, -55}, {17000, -55}, {19000, -67}, {22000, -67}},
+     {19000, 14000, 9000}},
+    {"NeverFour",
+     {{0, 15},
+      {9000, -43},
+      {12000, -43},
+      {14000, -55},
+      {17000, -55},
+      {19000, -67},
+      {22000, -67},
+      {24000, -79},
+      {27000, -79}},
+     {19000, 14000, 9000}}};
+
+} // namespace
+
+// The spline turns a corner within 100 m.
+TEST(Tropopause, StandsAtTheFootOfAStableLayer) {
+    for (const TropCase& c : kTropCases) {
+        for (const bool ascending : {true, false}) {
+            Profile profile(c.tdry, ascending);
+            profile.criteria.tropSmoothWL = ascending ? 10.0 : 0.0;
             profile.run();
             const std::vector<Level> found = profile.levels->subsetByType(LevelType::TropopauseLevel);
-            ASSERT_EQ(found.size(), GetParam().heights.size()) << ascending << wavelength;
+            ASSERT_EQ(found.size(), c.heights.size()) << c.name << ascending;
             for (std::size_t i = 0; i < found.size(); ++i) {
-                double height = 0.0;
-                ASSERT_TRUE(found[i].getFieldData(LFalt, height));
-                EXPECT_NEAR(height, GetParam().heights[i], 100.0) << ascending << wavelength;
+                EXPECT_NEAR(found[i].getField(LFalt)->value(), c.heights[i], 100.0) << c.name << ascending;
             }
         }
     }
 }
-
-constexpr double kFoot = -56.5; // deg C at 11 km, 6.5 K/km above 15 deg C
-
-INSTANTIATE_TEST_SUITE_P(
-    Levels, Tropopauses,
-    testing::Values(
-        TropCase{"One", {{0, 15}, {11000, kFoot}, {20000, kFoot}}, {11000}},
-        TropCase{"BelowTheTropopause200mbAreNotReached", {{0, 15}, {8000, -37}, {11200, -37}}, {}},
-        TropCase{"JustReached", {{0, 15}, {8000, -37}, {11300, -37}}, {8000}},
-        TropCase{"Below500mbOnlyByFallback", {{0, 15}, {3000, 3}, {14000, 3}}, {3000}},
-        TropCase{"FallbackUnderSlopes", {{0, 15}, {3000, 3}, {9000, 3}, {14000, -9.5}}, {3000}},
-        TropCase{"NoFallbackUnderSteepSlopes", {{0, 15}, {3000, 3}, {9000, 3}, {14000, -14.5}}, {}},
-        TropCase{"NoFallbackUnderAThinLayer", {{0, 15}, {3000, 3}, {3200, 3}, {14000, -26.16}}, {}},
-        TropCase{"NoStableLayer", {{0, 15}, {14000, -76}}, {}},
-        TropCase{"Slope1.9", {{0, 15}, {11000, kFoot}, {14000, kFoot - 5.7}, {16000, kFoot - 17}}, {11000}},
-        TropCase{"Slope2.1", {{0, 15}, {11000, kFoot}, {14000, kFoot - 6.3}, {16000, kFoot - 17}}, {}},
-        // Isothermal at first, then 5 K/km: 2 km above the foot the mean is 1.75 or 2.25.
-        TropCase{"MeanBelow2", {{0, 15}, {11000, kFoot}, {12300, kFoot}, {16000, kFoot - 18.5}}, {11000}},
-        TropCase{"MeanAbove2", {{0, 15}, {11000, kFoot}, {12100, kFoot}, {16000, kFoot - 19.5}}, {}},
-        TropCase{"LayerReachesTheTop", {{0, 15}, {11000, kFoot}, {13150, kFoot}}, {11000}},
-        TropCase{"LayerCutOffByTheTop", {{0, 15}, {11000, kFoot}, {12900, kFoot}}, {}},
-        TropCase{"TwoAfterOneTooThin",
-                 {{0, 15}, {6000, -24}, {6500, -24}, {11000, -53}, {14000, -53}, {16000, -65}, {20000, -65}},
-                 {16000, 11000}},
-        TropCase{"Three",
-                 {{0, 15}, {9000, -43}, {12000, -43}, {14000, -55}, {17000, -55}, {19000, -67}, {22000, -67}},
-                 {19000, 14000, 9000}},
-        TropCase{"NeverFour",
-                 {{0, 15},
-                  {9000, -43},
-                  {12000, -43},
-                  {14000, -55},
-                  {17000, -55},
-                  {19000, -67},
-                  {22000, -67},
-                  {24000, -79},
-                  {27000, -79}},
-                 {19000, 14000, 9000}}),
-    [](const auto& made) {
-        std::string name = made.param.name;
-        name.erase(std::remove(name.begin(), name.end(), '.'), name.end());
-        return name;
-    });
-
-} // namespace
 
 TEST(Tropopause, CarriesWhatCanBeReadThere) {
     Profile profile({{0, 15}, {11000, kFoot}, {20000, kFoot}});
@@ -104,14 +93,13 @@ TEST(Tropopause, CarriesWhatCanBeReadThere) {
 
 // 9 and 10 samples, a kilometre apart from 4 km on, are too coarse for the splines but tell whether a search runs at
 // all.
+// At 1000 m 1 mb is 8.07 m: the steps are of 4.7 and 5.4 mb.
 TEST(Tropopause, FallbackNeedsFineSamples) {
-    const Knots stable{{0, 15}, {3000, 3}, {14000, 3}};
-    Profile fine(stable, true, 45.0); // 4.2 mb apart at 3 km
-    fine.run();
-    Profile coarse(stable, true, 55.0); // 5.1 mb
-    coarse.run();
-    EXPECT_EQ(fine.count(LevelType::TropopauseLevel), 1);
-    EXPECT_EQ(coarse.count(LevelType::TropopauseLevel), 0);
+    for (const auto& [spacing, count] : {std::pair{38.0, 1}, {44.0, 0}}) {
+        Profile profile({{0, 15}, {1000, 11}, {14000, 11}}, true, spacing);
+        profile.run();
+        EXPECT_EQ(profile.count(LevelType::TropopauseLevel), count) << spacing;
+    }
 }
 
 namespace {
@@ -132,14 +120,8 @@ const std::vector<LevelFieldId> kFields{LFtime, LFpres, LFalt, LFwspd, LFwdir};
 } // namespace
 
 TEST(MaxWind, CountsFrom60AndAHalfKnotsAnd500mb) {
-    struct Case {
-        double time;
-        double peak;
-        double firstPressure;
-        const char* expected;
-    };
     for (const auto& [time, peak, firstPressure, expected] :
-         {Case{60, 31.185567010309278, 1000, "60 400 12000 31.1856 270"},
+         {std::tuple{60.0, 31.185567010309278, 1000.0, "60 400 12000 31.1856 270"},
           {60, 31.1855, 1000, ""},
           {50, 50, 1000, "50 500 10000 50 270"},
           {50, 50, 1000.1, ""}}) { // 500.1 mb
