@@ -1,3 +1,4 @@
+#include "Environment.h"
 #include "Levels.h"
 
 #include <benchmark/benchmark.h>
@@ -47,6 +48,7 @@ struct MadeSounding {
 };
 
 void levelsOf(benchmark::State& state, bool ascending, double topPressure) {
+    keepFreedMemory(); // as the programs do
     const MadeSounding made(static_cast<int>(state.range(0)), ascending, topPressure);
     const LevelSeries series{made.pres, made.tdry, made.rh,  made.wspd, made.wdir, made.u,
                              made.v,    made.alt,  made.lat, made.lon,  made.dz};
