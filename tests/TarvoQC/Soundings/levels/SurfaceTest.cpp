@@ -1,5 +1,5 @@
 #include "Hydrostatics.h"
-#include "MadeLevels.h"
+#include "LevelProfiles.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

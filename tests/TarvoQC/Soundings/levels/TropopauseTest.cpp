@@ -1,4 +1,4 @@
-#include "MadeLevels.h"
+#include "LevelProfiles.h"
 
 #include <gtest/gtest.h>
 
