@@ -40,13 +40,11 @@ bool writeText(const std::string& path, Write write) {
 bool writeWmo(EditorControl& editor, const ConfigSet& config, const std::string& path) {
     bool appendNNNN = false;
     config.boolValue("TempAppendNNNN", appendNNNN);
-    return editor.wmo() != nullptr &&
-           writeText(path, [&](std::ostream& stream) { editor.wmo()->saveTextFile(stream, appendNNNN); });
+    return writeText(path, [&](std::ostream& stream) { editor.wmo()->saveTextFile(stream, appendNNNN); });
 }
 
 bool writeLevels(EditorControl& editor, const ConfigSet& /*config*/, const std::string& path) {
-    return editor.levels() != nullptr &&
-           writeText(path, [&](std::ostream& stream) { saveLevelsCsv(*editor.levels(), stream); });
+    return writeText(path, [&](std::ostream& stream) { saveLevelsCsv(*editor.levels(), stream); });
 }
 
 bool writeSummary(EditorControl& editor, const ConfigSet& /*config*/, const std::string& path) {
@@ -55,23 +53,38 @@ bool writeSummary(EditorControl& editor, const ConfigSet& /*config*/, const std:
 
 } // namespace
 
+std::string BatchFormat::hindrance(const EditorControl& editor) const {
+    if (needs != Nothing && !editor.QCready()) {
+        return std::string("Without QC data (DoQC is 0) there is no product ") + name;
+    }
+    if (needs == LevelSet && editor.levels() == nullptr) {
+        return std::string("Without levels (DoLevels is 0) there is no product ") + name;
+    }
+    if (needs == Message && editor.wmo() == nullptr) {
+        return std::string(
+                   "Without a coded message (the file is one itself, or DoLevels or DoWMO is 0) there is no product ") +
+               name;
+    }
+    return {};
+}
+
 const std::vector<BatchFormat>& batchFormats() {
     static const std::vector<BatchFormat> formats{
-        {"raw-csv", "RAW.csv", "BatchSaveRawCSV", false, &writeRawCsv},
-        {"qc-csv", "QC.csv", "BatchSaveQCCSV", true, &writeQcCsv},
-        {"raw-trv", "RAW.trv", "BatchSaveRawTRV", false, nullptr},
-        {"qc-trv", "QC.trv", "BatchSaveQCTRV", true, nullptr},
-        {"raw-zor", "RAW.zor", "BatchSaveRawZOR", false, nullptr},
-        {"qc-zor", "QC.zor", "BatchSaveQCZOR", true, nullptr},
-        {"qc-frd", "QC.frd", "BatchSaveQCFRD", true, nullptr},
-        {"raw-nc", "RAW.nc", "BatchSaveRawCDF", false, nullptr},
-        {"qc-nc", "QC.nc", "BatchSaveQCCDF", true, nullptr},
-        {"qc-bfr", "QC.bfr", "BatchSaveQCBUFR", true, nullptr},
-        {"wmo", "WMO.txt", "BatchSaveWMO", true, &writeWmo},
-        {"levels", "Levels.csv", "BatchSaveLevels", true, &writeLevels},
-        {"summary", "Summary.txt", nullptr, false, &writeSummary},
-        {"skewt-svg", "skewt.svg", "BatchSaveSkewTSvg", false, nullptr},
-        {"skewt-png", "skewt.png", "BatchSaveSkewTPng", false, nullptr},
+        {"raw-csv", "RAW.csv", "BatchSaveRawCSV", BatchFormat::Nothing, &writeRawCsv},
+        {"qc-csv", "QC.csv", "BatchSaveQCCSV", BatchFormat::QcData, &writeQcCsv},
+        {"raw-trv", "RAW.trv", "BatchSaveRawTRV", BatchFormat::Nothing, nullptr},
+        {"qc-trv", "QC.trv", "BatchSaveQCTRV", BatchFormat::QcData, nullptr},
+        {"raw-zor", "RAW.zor", "BatchSaveRawZOR", BatchFormat::Nothing, nullptr},
+        {"qc-zor", "QC.zor", "BatchSaveQCZOR", BatchFormat::QcData, nullptr},
+        {"qc-frd", "QC.frd", "BatchSaveQCFRD", BatchFormat::QcData, nullptr},
+        {"raw-nc", "RAW.nc", "BatchSaveRawCDF", BatchFormat::Nothing, nullptr},
+        {"qc-nc", "QC.nc", "BatchSaveQCCDF", BatchFormat::QcData, nullptr},
+        {"qc-bfr", "QC.bfr", "BatchSaveQCBUFR", BatchFormat::QcData, nullptr},
+        {"wmo", "WMO.txt", "BatchSaveWMO", BatchFormat::Message, &writeWmo},
+        {"levels", "Levels.csv", "BatchSaveLevels", BatchFormat::LevelSet, &writeLevels},
+        {"summary", "Summary.txt", nullptr, BatchFormat::Nothing, &writeSummary},
+        {"skewt-svg", "skewt.svg", "BatchSaveSkewTSvg", BatchFormat::Nothing, nullptr},
+        {"skewt-png", "skewt.png", "BatchSaveSkewTPng", BatchFormat::Nothing, nullptr},
     };
     return formats;
 }

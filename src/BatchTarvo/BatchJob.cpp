@@ -37,15 +37,15 @@ void process(const BatchJob& job, ConfigSet& config, FileReport& report) {
     editor.qcProcess();
     editor.qcError(report.qcError);
     if (editor.QCready()) {
-        report.qcResult = qcResultLines(editor);
         editor.doLevels();
         editor.doWMO();
+        report.qcResult = qcResultLines(editor);
     }
     report.failed = false;
     for (const BatchJob::Product& product : job.products) {
-        if (product.format->needsQc && !editor.QCready()) {
-            addLine(report.error,
-                    "Without QC data (DoQC is 0) there is no product " + std::string(product.format->name));
+        const std::string hindrance = product.format->hindrance(editor);
+        if (!hindrance.empty()) {
+            addLine(report.error, hindrance);
             report.failed = true;
         } else if (product.format->write(editor, config, product.path)) {
             report.products.push_back(product.path);

@@ -1,6 +1,7 @@
 #include "QcResult.h"
 
 #include "EditorControl.h"
+#include "Levels.h"
 #include "Text.h"
 
 #include <array>
@@ -76,6 +77,11 @@ std::string removedLine(EditorControl& editor) {
 } // namespace
 
 std::vector<std::string> qcResultLines(EditorControl& editor) {
+    std::string type;
+    if (editor.soundingType(type) == SoundingType::Wmo) {
+        const std::size_t count = editor.levels() == nullptr ? 0 : editor.levels()->levels().size();
+        return {std::to_string(count) + " levels in the message"};
+    }
     std::vector<std::string> lines{keptLine(editor)};
     const std::string removed = removedLine(editor);
     if (!removed.empty()) {

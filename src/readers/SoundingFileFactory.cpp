@@ -5,6 +5,7 @@
 #include "OmbraFile.h"
 #include "SoundingLines.h"
 #include "Text.h"
+#include "WMOFile.h"
 
 #include <algorithm>
 #include <array>
@@ -21,6 +22,10 @@ std::unique_ptr<SoundingFile> makeCsv(ConfigSet& /*config*/, std::string fileNam
 
 std::unique_ptr<SoundingFile> makeOmbra(ConfigSet& config, std::string fileName, Lines lines) {
     return std::make_unique<OmbraFile>(std::move(fileName), std::move(lines), config.getSetName());
+}
+
+std::unique_ptr<SoundingFile> makeWmo(ConfigSet& /*config*/, std::string fileName, Lines lines) {
+    return std::make_unique<WMOFile>(std::move(fileName), std::move(lines));
 }
 
 enum class Needs { Any, All };
@@ -41,7 +46,7 @@ constexpr std::array<Format, 10> kFormats{{
      {"uuaa", "uubb", "uucc", "uudd", "ttaa", "ttbb", "ttcc", "ttdd", "iiaa", "iibb", "iicc", "iidd", "xxaa", "xxbb",
       "xxcc", "xxdd"},
      LinesAs::Text,
-     nullptr}, // WMO message
+     makeWmo},
     {Needs::All, {"fileformat", "csv"}, LinesAs::Text, makeCsv},
     {Needs::All, {"data type:", "mirra"}, LinesAs::Text, nullptr},
     {Needs::Any, {"ombra-t", "acs-t"}, LinesAs::Text, makeOmbra},

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <map>
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <sys/wait.h>
@@ -130,8 +131,8 @@ TEST(BatchTool, MakesTheSameBytesWhateverTheNumberOfJobs) {
     const TemporaryFolder folder;
     for (const char* run : {"1", "4"}) {
         tool(folder,
-             std::string("--quiet --out out") + run + " --jobs " + run + " --formats raw-csv,qc-csv '" +
-                 kExamples.string() + "'",
+             std::string("--quiet --out out") + run + " --jobs " + run +
+                 " --formats raw-csv,qc-csv,wmo,levels,summary '" + kExamples.string() + "'",
              "TARVO_OVERRIDE_PROCESSING_TIME=1627819203");
     }
     int compared = 0;
@@ -139,7 +140,41 @@ TEST(BatchTool, MakesTheSameBytesWhateverTheNumberOfJobs) {
         EXPECT_EQ(readFile(entry.path()), readFile(folder / "out4" / entry.path().filename()));
         ++compared;
     }
-    EXPECT_EQ(compared, 2 * static_cast<int>(exampleNames().size()));
+    EXPECT_EQ(compared, 5 * static_cast<int>(exampleNames().size()));
+}
+
+TEST(BatchTool, AMessageOpensAgainWithTheSameLevels) {
+    const TemporaryFolder folder;
+    const std::string drop = (kExamples / "D20210801_120003.1").string();
+    EXPECT_EQ(tool(folder, "--quiet --out out --formats wmo,levels '" + drop + "'").status, 0);
+    const Outcome outcome = tool(folder, "--out out --formats levels,summary --report - out/D20210801_120003WMO.txt");
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(reportLines(outcome.out).at(0)["type"], "Wmo");
+    EXPECT_THAT(outcome.err, HasSubstr(" levels in the message\n"));
+    const auto heights = [&](const char* name) { // by pressure
+        std::map<double, double> standard;
+        std::istringstream lines(readFile(folder / "out" / name));
+        for (std::string line; std::getline(lines, line);) {
+            if (line.find(",Standard,") != std::string::npos) {
+                const auto pressure = line.find(',', line.find(",Standard,") + 10) + 1;
+                standard[std::stod(line.substr(pressure))] = std::stod(line.substr(line.rfind(',') + 1));
+            }
+        }
+        return standard;
+    };
+    const auto levels = heights("D20210801_120003Levels.csv");
+    const auto read = heights("D20210801_120003WMOLevels.csv");
+    ASSERT_EQ(levels.size(), 6u) << "from 1000 to 400 mb";
+    ASSERT_EQ(read.size(), 6u);
+    for (const auto& [pressure, height] : levels) {
+        ASSERT_EQ(read.count(pressure), 1u) << pressure;
+        EXPECT_NEAR(read.at(pressure), height, pressure > 500.0 ? 1.0 : 5.5) << pressure;
+    }
+
+    const Outcome message = tool(folder, "--out out --formats wmo out/D20210801_120003WMO.txt");
+    EXPECT_EQ(message.status, 1);
+    EXPECT_THAT(message.err, HasSubstr("Without a coded message"));
+    EXPECT_FALSE(fs::exists(folder / "out/D20210801_120003WMOWMO.txt"));
 }
 
 TEST(BatchTool, BadInputCostsOnlyItself) {

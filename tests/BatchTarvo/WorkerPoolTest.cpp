@@ -20,13 +20,13 @@ using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-bool writeNote(const EditorControl&, const ConfigSet&, const std::string& path) {
+bool writeNote(EditorControl&, const ConfigSet&, const std::string& path) {
     AtomicFile file(path);
     file.stream() << "written";
     return file.commit();
 }
 
-bool crash(const EditorControl&, const ConfigSet&, const std::string& path) {
+bool crash(EditorControl&, const ConfigSet&, const std::string& path) {
     AtomicFile file(path);
     file.stream() << "half" << std::flush;
     std::signal(SIGABRT, SIG_DFL);
@@ -34,21 +34,21 @@ bool crash(const EditorControl&, const ConfigSet&, const std::string& path) {
     return true;
 }
 
-bool hang(const EditorControl&, const ConfigSet&, const std::string& path) {
+bool hang(EditorControl&, const ConfigSet&, const std::string& path) {
     AtomicFile file(path);
     file.stream() << "half" << std::flush;
     std::this_thread::sleep_for(1h);
     return true;
 }
 
-bool fail(const EditorControl&, const ConfigSet&, const std::string&) {
+bool fail(EditorControl&, const ConfigSet&, const std::string&) {
     return false;
 }
 
-const BatchFormat kWrites{"note", "Note.txt", nullptr, false, &writeNote};
-const BatchFormat kCrashes{"crash", "Crash.txt", nullptr, false, &crash};
-const BatchFormat kHangs{"hang", "Hang.txt", nullptr, false, &hang};
-const BatchFormat kFails{"fail", "Fail.txt", nullptr, false, &fail};
+const BatchFormat kWrites{"note", "Note.txt", nullptr, BatchFormat::Nothing, &writeNote};
+const BatchFormat kCrashes{"crash", "Crash.txt", nullptr, BatchFormat::Nothing, &crash};
+const BatchFormat kHangs{"hang", "Hang.txt", nullptr, BatchFormat::Nothing, &hang};
+const BatchFormat kFails{"fail", "Fail.txt", nullptr, BatchFormat::Nothing, &fail};
 
 struct Batch {
     Batch() {

@@ -6,7 +6,10 @@ namespace {
 
 std::string nameOfReader(const std::string& text) {
     const auto file = readText(text);
-    return !file ? "none" : file->WMOsondeType() == "96" ? "Ombra" : "Csv";
+    return !file                                       ? "none"
+           : file->soundingType() == SoundingType::Wmo ? "Wmo"
+           : file->WMOsondeType() == "96"              ? "Ombra"
+                                                       : "Csv";
 }
 
 } // namespace
@@ -20,8 +23,9 @@ TEST(SoundingFileFactory, TellsTheFormatFromTheFirstTwoLines) {
         {"Project\nFileFormat, CSV", "Csv"},
         {"File\nFormat,CSV", "none"},
         {"FileFormat\nCSV", "Csv"},
-        {"FileFormat,CSV\nComments,ttaa", "none"},
+        {"FileFormat,CSV\nComments,ttaa", "Wmo"},
         {"FileFormat,CSV\nYear,2021\nTTAA", "Csv"},
+        {"UZNT13 KNHC 251930\nXXAA  75198 99254", "Wmo"},
         {"xxOMBRA-T01 COM", "Ombra"},
         {"acs-t01", "Ombra"},
         {"OMBRA-D01\nACS-D01", "none"},

@@ -118,8 +118,6 @@ void EditorControl::doWMO() {
     setStatus("Ready");
 }
 
-void EditorControl::addWMOLevels() {}
-
 void EditorControl::addField(Level& level, LevelFieldId id, bool have, double value) {
     if (have) {
         level.setField(id, value);

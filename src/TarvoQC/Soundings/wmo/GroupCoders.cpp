@@ -78,8 +78,8 @@ std::string WMOgroup::TTT(double t) {
 }
 
 std::string WMOgroup::DD(double t, double rh) {
-    const double depression = dewPtDepression(t, rh);
-    if (!(depression >= 0.0)) {
+    const double depression = dewPtDepression(t, rh); // beyond all measure in air without a dew point: 99
+    if (!std::isfinite(t) || !std::isfinite(rh) || depression < 0.0) {
         return "//";
     }
     if (depression <= 5.0) {
