@@ -4,8 +4,7 @@
 
 namespace {
 
-constexpr double kTopPressure = 300.0;                ///< mb, up to which inversions are looked for
-constexpr double kLogTopPressure = 5.703782474656201; ///< ln 300
+constexpr double kLogTopPressure = 5.703782474656201; ///< ln 300 mb, up to which inversions are looked for
 constexpr double kSamePressure = 1e-10;               ///< in ln p
 constexpr double kLeastDepth = 20.0;                  ///< mb
 constexpr double kLeastRise = 2.5;                    ///< deg C
@@ -20,11 +19,11 @@ void Levels::inversion() {
     }
     const int bottom = _ascending ? 0 : lnPres.lastIndex();
     const int top = _ascending ? lnPres.lastIndex() : 0;
-    if (std::exp(lnPres.data(bottom)) < kTopPressure) {
+    if (lnPres.data(bottom) < kLogTopPressure) {
         return;
     }
     double timeAtTop = 0.0;
-    if (std::exp(lnPres.data(top)) < kTopPressure && lnPres.interpTime(kLogTopPressure, timeAtTop)) {
+    if (lnPres.data(top) < kLogTopPressure && lnPres.interpTime(kLogTopPressure, timeAtTop)) {
         for (Series* series : {&lnPres, &tdry}) {
             if (_ascending) {
                 series->timeTrimRight(timeAtTop);

@@ -12,6 +12,7 @@ constexpr double kLayerTop = 500.0;                   ///< m, of the boundary la
 constexpr double kSecondsOfFall = 41.666666666666664; ///< s, for 500 m at 12 m/s
 constexpr double kShareOfBoundaryLayer = 0.5;         ///< of the winds to be expected
 constexpr double kShareOfDeepLayer = 0.2;
+constexpr double kMostWinds = 1e9;          ///< more than any sounding has
 constexpr double kLaunchIsFar = 50.0;       ///< mb, from the launch observation to the next wind
 constexpr double kThinnestAltLayer = 1.0;   ///< m
 constexpr double kThinnestPresLayer = -1.0; ///< mb, downward counts negative
@@ -128,7 +129,7 @@ void Levels::deepLayer(const LayerWinds& winds) {
     }
     const double topTime = winds.wspd.time(first);
     const double bottomTime = winds.wspd.time(last);
-    const int minCount = static_cast<int>((bottomTime - topTime) * _windRate * kShareOfDeepLayer);
+    const int minCount = static_cast<int>(std::min(kMostWinds, (bottomTime - topTime) * _windRate * kShareOfDeepLayer));
     double u = 0.0;
     double v = 0.0;
     if (layerAveragedWindByPres(winds, first, last, minCount, u, v)) {

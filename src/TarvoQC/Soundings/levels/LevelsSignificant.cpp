@@ -149,7 +149,7 @@ void Levels::GDLWinds() {
 }
 
 /// Below 850 mb a drop is searched with a finer threshold than above. The levels of the other layer step aside for each
-/// of the two searches; those at exactly 850 mb take part in both and join them.
+/// of the two searches and come back last to first; those at exactly 850 mb take part in both and join them.
 void Levels::GDLWindSpeedsOfDrop() {
     gdlWspd850mb();
     const auto search = [this](double threshold, auto stepsAside) {
@@ -160,7 +160,7 @@ void Levels::GDLWindSpeedsOfDrop() {
         const std::vector<Level> held(aside, _levels.end());
         _levels.erase(aside, _levels.end());
         GDLoneSeries(_series.wspd, LevelType::GDLWspd, LFwspd, threshold / kKnotsPerMetrePerSecond);
-        _levels.insert(_levels.end(), held.begin(), held.end());
+        _levels.insert(_levels.end(), held.rbegin(), held.rend());
     };
     search(_criteria.wspd850Delta, [](double pressure) { return pressure < kLayerPressure; });
     search(_criteria.wspdDelta, [](double pressure) { return pressure > kLayerPressure; });

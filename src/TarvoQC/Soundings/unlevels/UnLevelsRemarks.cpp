@@ -151,8 +151,10 @@ void UnLevels::decodeRelSpgSplLatLon(std::string_view text, Level& level) const 
 /// Version 10 of the program or a later one takes more than the five characters.
 void UnLevels::decodeAEV() {
     constexpr std::size_t kLength = 5;
+    const auto isVersion = [](std::string_view digits) { return isAllDigits(digits) && digits.size() >= kLength; };
     _queue.drop();
-    if (!isAllDigits(_queue.token()) || _queue.token().size() < kLength) {
+    _queue.joinCutWord(isVersion);
+    if (!isVersion(_queue.token())) {
         _queue.NEED_TOKEN_OF_LENGTH(kLength);
     }
     _queue.drop();

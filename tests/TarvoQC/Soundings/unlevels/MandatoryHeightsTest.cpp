@@ -37,6 +37,8 @@ TEST(MandatoryHeights, GiveWayToHydrostaticsOnly) {
         EXPECT_EQ(column(UnLevels(message(test.levels)), UnLevels::MANDATORY, UnLevels::HEIGHT), test.heights)
             << test.what;
     }
+    // Used on the way, and still not told.
+    EXPECT_FALSE(UnLevels(message(cases[3].levels)).levels({UnLevels::MANDATORY})[2].has(UnLevels::HEIGHT));
 }
 
 // From 100 mb on 2434 m to 70 and 2296 m to 50 mb at -40 deg C: 18430 and 20730 m over 16000 m.

@@ -58,13 +58,13 @@ void expectAllRemarks(const UnLevels& read, double height) {
 
 // A word in front, longer by one letter each time, moves the cuts over every place of the remarks.
 TEST(UnLevelsRemarks, MayBeCutAnywhere) {
-    for (const auto& [coded, height] : {std::pair("085", 85), std::pair("1085", 1085), std::pair("-12", -12)}) {
-        const std::string remarks = std::string(" SPL 2540N08040W 1918 LST WND ") + coded +
+    for (const auto& [coded, height] : {std::pair("085", 85), std::pair("1085", 1085), std::pair("-123", -123)}) {
+        const std::string remarks = std::string(" RELEASED SPL 2540N08040W 1918 LST WND ") + coded +
                                     " MBL WND 12525 AEV 30408 LAST REPORT DLM WND 13030 010250 WL150 12528 " + coded +
                                     " REL 2562N08051W 190530 SPG 2540S08040E 091845";
         for (std::size_t length = 0; length <= 130; ++length) {
             const std::string text =
-                withRemarks("\n" + written("62626 RELEASED EYEWALL 045 " + std::string(length, 'Z') + remarks)) +
+                withRemarks("\n" + written("62626 EYEWALL 045 " + std::string(length, 'Z') + remarks)) +
                 "XXCC 75191 99254 70804 08145 88999 77999";
             ASSERT_EQ(errorOf(text), "read") << text;
             const UnLevels read(text);
