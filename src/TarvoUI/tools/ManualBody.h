@@ -3,7 +3,9 @@
 #include "ManualSource.h"
 
 #include <QMap>
+#include <QSet>
 #include <QString>
+#include <QTextBlock>
 #include <QTextDocument>
 #include <QVector>
 
@@ -35,12 +37,16 @@ public:
 private:
     void layOut(const ManualSource& source, QPaintDevice& paper, int frontPages);
     void turnReferencesIntoPages(const ManualSource& source, int frontPages);
-    void keepHeadingsWithText();
+    void breakPages();
+    bool addPageBreaks();
     void findHeadings();
-    int pageOf(int position) const;
+    bool standsApart(const QTextBlock& block) const;
+    int pageOf(const QTextBlock& block, int line = 0) const;
 
     std::unique_ptr<QTextDocument> _document;
     QVector<ManualHeading> _headings;
     /// Pages by file name of the chapter, as of the last layout.
     QMap<QString, int> _chapterPages;
+    /// Numbers of the blocks that begin a page because they would stand badly otherwise.
+    QSet<int> _pageBreaks;
 };

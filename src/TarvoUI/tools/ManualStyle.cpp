@@ -158,8 +158,8 @@ void setSpace(QTextBlockFormat& format, double abovePt, double belowPt, double l
 
 /// Long lines of code go on behind an indent.
 void shapeCode(QTextBlockFormat& format, const QTextBlock& block) {
-    const bool first = !block.previous().isValid() || !isCode(block.previous());
-    const bool last = !block.next().isValid() || !isCode(block.next());
+    const bool first = !isLineOfCode(block.previous());
+    const bool last = !isLineOfCode(block.next());
     setSpace(format, first ? 3.0 : 0.0, last ? 9.0 : 0.0, 120.0);
     format.setBackground(QColor(kShade));
     format.setNonBreakableLines(false);
@@ -177,6 +177,13 @@ bool endsList(const QTextBlock& block) {
 
 void styleBlock(const QTextBlock& block, Kind kind) {
     QTextBlockFormat format = block.blockFormat();
+    if (block.text().isEmpty() && kind != Kind::Cell) {
+        // Between code or a table and a table something has to stand.
+        format.clearBackground();
+        format.setLineHeight(1.0, QTextBlockFormat::FixedHeight);
+        QTextCursor(block).setBlockFormat(format);
+        return;
+    }
     switch (kind) {
     case Kind::Heading: {
         const HeadingStyle& style = headingStyle(format.headingLevel());
@@ -203,17 +210,41 @@ void styleBlock(const QTextBlock& block, Kind kind) {
     QTextCursor(block).setBlockFormat(format);
 }
 
-/// The import ends every piece of code with an empty line.
-void removeEmptyCodeLines(QTextDocument& document) {
-    for (QTextBlock block = document.begin(); block.isValid();) {
-        const QTextBlock next = block.next();
-        if (kindOf(block) == Kind::Code && block.text().isEmpty() && next.isValid() && kindOf(next) != Kind::Code &&
-            QTextCursor(next).currentTable() == nullptr) {
-            QTextCursor cursor(block);
-            cursor.movePosition(QTextCursor::PreviousCharacter);
-            cursor.deleteChar();
+/// Takes an empty block out; the one that follows keeps its format.
+void removeEmptyBlock(const QTextBlock& empty) {
+    QTextCursor cursor(empty);
+    const QTextBlockFormat followingFormat = empty.next().blockFormat();
+    cursor.deleteChar();
+    cursor.setBlockFormat(followingFormat);
+}
+
+/// The import leaves an empty line behind every piece of code and every table, and in the first cell of a table behind
+/// code.
+bool isLeftOver(const QTextBlock& block) {
+    const QTextBlock next = block.next();
+    if (!block.text().isEmpty() || !next.isValid()) {
+        return false;
+    }
+    const QTextTable* table = QTextCursor(block).currentTable();
+    if (table != nullptr) {
+        return table->cellAt(block.position()) == table->cellAt(next.position());
+    }
+    const bool endsCode = isCode(block) && !isCode(next);
+    return (endsCode || !isCode(block)) && QTextCursor(next).currentTable() == nullptr;
+}
+
+void removeLeftOvers(QTextDocument& document) {
+    int position = 0;
+    while (true) {
+        const QTextBlock block = document.findBlock(position);
+        if (!block.isValid()) {
+            return;
         }
-        block = next;
+        if (isLeftOver(block)) {
+            removeEmptyBlock(block);
+        } else {
+            position = block.position() + block.length();
+        }
     }
 }
 
@@ -291,8 +322,12 @@ QFont headingFont(double points) {
     return font;
 }
 
+bool isLineOfCode(const QTextBlock& block) {
+    return block.isValid() && kindOf(block) == Kind::Code;
+}
+
 void apply(QTextDocument& document) {
-    removeEmptyCodeLines(document);
+    removeLeftOvers(document);
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         const Kind kind = kindOf(block);
         styleText(document, block, kind);

@@ -2,6 +2,7 @@
 
 #include <QFont>
 #include <QSizeF>
+#include <QTextBlock>
 #include <QTextDocument>
 
 /// What the manual looks like.
@@ -25,5 +26,8 @@ QFont headingFont(double points);
 /// Gives a document that was made from Markdown its type, margins, tables and images. Throws std::runtime_error for an
 /// image that can't be read.
 void apply(QTextDocument& document);
+
+/// Whether \p block is a line of code that stands for itself.
+bool isLineOfCode(const QTextBlock& block);
 
 } // namespace manual_style
