@@ -38,6 +38,8 @@ double partCovered(const QImage& image) {
 QImage shownAt(const QImage& image, int size, QColor ground = Qt::white) {
     QImage shown(size, size, QImage::Format_ARGB32);
     shown.fill(ground);
+    if (image.isNull())
+        return shown;
     QPainter painter(&shown);
     painter.drawImage(0, 0, image.scaled(size, size, Qt::KeepAspectRatio, Qt::SmoothTransformation));
     return shown;
