@@ -19,9 +19,9 @@
 
 namespace {
 
-constexpr int kLoadedMessage = 2500;  // ms
-constexpr int kProgressPlace = 1;     // among the permanent widgets of the status bar
-constexpr int kProgressWidth = 160;   // pixels
+constexpr int kLoadedMessage = 2500; // ms
+constexpr int kProgressPlace = 1;    // among the permanent widgets of the status bar
+constexpr int kProgressWidth = 160;  // pixels
 const char* const kOpenFilters = "OMBRA D files (D*.?);;OMBRA P files (D*_P.?);;OMBRA P1 files (D*_P1.?);;"
                                  "All D files (D*);;X files (X*.*);;All files (*)";
 
@@ -195,9 +195,9 @@ void TarvoMainWindow::dragEnterEvent(QDragEnterEvent* event) {
 
 void TarvoMainWindow::dragMoveEvent(QDragMoveEvent* /*event*/) {}
 
-QStringList TarvoMainWindow::droppedFiles(const QMimeData* data) const {
+QStringList TarvoMainWindow::droppedFiles(const QMimeData* dropped) const {
     QStringList files;
-    for (const QUrl& url : data->urls()) {
+    for (const QUrl& url : dropped->urls()) {
         const QFileInfo info(url.toLocalFile());
         if (info.isFile()) {
             files << info.filePath();

@@ -25,11 +25,11 @@
 
 namespace {
 
-constexpr int kLetterSize = 20;         // pixels
-constexpr int kAutoOpenDelay = 1000;    // ms
-constexpr int kFlashPeriod = 700;       // ms
-constexpr int kTextSizeMessage = 1000;  // ms
-constexpr int kSmallestText = 4;        // points
+constexpr int kLetterSize = 20;        // pixels
+constexpr int kAutoOpenDelay = 1000;   // ms
+constexpr int kFlashPeriod = 700;      // ms
+constexpr int kTextSizeMessage = 1000; // ms
+constexpr int kSmallestText = 4;       // points
 constexpr int kLargestText = 60;
 const char* const kBoxTitle = "TARVO";
 const char* const kRecomputeNeeded = "Data or QC parameter(s) modified, recompute is needed.";
@@ -40,8 +40,10 @@ const char* const kRecompute = "Recompute";
 TarvoMainWindow::TarvoMainWindow(QWidget* parent)
     : QMainWindow(parent), _mdiArea(new QMdiArea(this)), _recomputeIconA(":/tarvo_icons/recompute1.png"),
       _recomputeIconB(":/tarvo_icons/recompute2.png"),
-      _letterV(QPixmap(":/Images/LetterV.png").scaled(kLetterSize, kLetterSize, Qt::KeepAspectRatio, Qt::SmoothTransformation)),
-      _letterQ(QPixmap(":/Images/LetterQ.png").scaled(kLetterSize, kLetterSize, Qt::KeepAspectRatio, Qt::SmoothTransformation)) {
+      _letterV(QPixmap(":/Images/LetterV.png")
+                   .scaled(kLetterSize, kLetterSize, Qt::KeepAspectRatio, Qt::SmoothTransformation)),
+      _letterQ(QPixmap(":/Images/LetterQ.png")
+                   .scaled(kLetterSize, kLetterSize, Qt::KeepAspectRatio, Qt::SmoothTransformation)) {
     setObjectName("TarvoMainWindow");
     setWindowIcon(QIcon(":/tarvo_icons/tarvo.png"));
     setWindowTitle("Tarvo " + toQString(RevisionInfo().text("REPO_REVISION")));

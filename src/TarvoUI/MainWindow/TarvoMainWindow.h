@@ -13,6 +13,7 @@
 #include <array>
 #include <memory>
 
+class QMimeData;
 class SoundingDB;
 class TarvoViewController;
 
@@ -103,7 +104,7 @@ private:
     void createViewsAndProcessFile(const QString& path);
     void showView(TarvoViewController* view);
     void processDerivedFile();
-    QStringList droppedFiles(const QMimeData* data) const;
+    QStringList droppedFiles(const QMimeData* dropped) const;
     void updateRecentFileActions();
     void stopFlash();
     void openDocument(const QString& path, const QString& failure);

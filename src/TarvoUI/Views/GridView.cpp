@@ -57,8 +57,8 @@ int GridView::print() {
 int GridView::save() {
     const Words w = words();
     QString filter = "netCDF (*.nc)";
-    const QString name =
-        getSaveFilename(QString("Tarvo - Save ") + w.title, w.saveFilters, configText(w.saveDirItem), w.suffix, &filter);
+    const QString name = getSaveFilename(QString("Tarvo - Save ") + w.title, w.saveFilters, configText(w.saveDirItem),
+                                         w.suffix, &filter);
     if (name.isEmpty()) {
         return 0;
     }

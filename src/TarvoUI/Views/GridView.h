@@ -22,10 +22,10 @@ public:
 protected:
     /// What a tab is called and how it saves.
     struct Words {
-        const char* title;       ///< "Raw" or "QC", in dialogs
+        const char* title; ///< "Raw" or "QC", in dialogs
         const char* saveFilters;
         const char* saveDirItem;
-        const char* suffix;      ///< of the proposed file name
+        const char* suffix; ///< of the proposed file name
         QString listingTitle;
         QString listingHead;
     };

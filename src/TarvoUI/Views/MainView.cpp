@@ -65,8 +65,7 @@ void MainView::showReported() {
     showParameter(row("LaunchLatOverride").reported, meta.launchLat, kPositionDecimals);
     showParameter(row("LaunchLonOverride").reported, meta.launchLon, kPositionDecimals);
     showParameter(row("LaunchAltOverride").reported, meta.launchAlt, kDecimals);
-    row("LastDataTimeOverride").reported->setText(
-        QString::number(_editor->MaxLastDataTime(), 'f', kTimeDecimals));
+    row("LastDataTimeOverride").reported->setText(QString::number(_editor->MaxLastDataTime(), 'f', kTimeDecimals));
 }
 
 void MainView::update() {
@@ -177,10 +176,8 @@ void MainView::updateLaunchTime() {
     const SndMetaData meta = _editor->getSndMetaData(true);
     const QChar zero('0');
     _date->setText(QString("%1-%2-%3").arg(meta.year, 4).arg(meta.month, 2, 10, zero).arg(meta.day, 2, 10, zero));
-    _time->setText(QString("%1:%2:%3")
-                       .arg(meta.hour, 2, 10, zero)
-                       .arg(meta.min, 2, 10, zero)
-                       .arg(meta.sec, 2, 10, zero));
+    _time->setText(
+        QString("%1:%2:%3").arg(meta.hour, 2, 10, zero).arg(meta.min, 2, 10, zero).arg(meta.sec, 2, 10, zero));
 }
 
 void MainView::updateRHSelection() {

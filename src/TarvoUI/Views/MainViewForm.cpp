@@ -4,6 +4,7 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 namespace {
@@ -25,23 +26,29 @@ MainView::MainView(DocumentController* doc, QPrinter* printer, QWidget* parent) 
 
     auto* left = new QVBoxLayout;
     left->addWidget(makeLaunchParameters());
+    left->addWidget(makeHeightResults());
+    left->addWidget(makeRhChannels());
     left->addStretch();
     auto* right = new QVBoxLayout;
     right->addWidget(makeComputations());
     right->addWidget(makeLaunchTime());
     right->addWidget(makeHeightOverrides());
     right->addWidget(makeDropSurface());
-    right->addWidget(makeHeightResults());
-    right->addWidget(makeRhChannels());
     right->addStretch();
-    auto* columns = new QHBoxLayout;
+    auto* form = new QWidget(this);
+    auto* columns = new QHBoxLayout(form);
     columns->addLayout(left);
     columns->addLayout(right);
     columns->addStretch();
+    auto* scroll = new QScrollArea(this); // large type on a small screen
+    scroll->setWidget(form);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->viewport()->setAutoFillBackground(false);
+    form->setAutoFillBackground(false);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(_topLabel);
-    layout->addLayout(columns);
-    layout->addStretch();
+    layout->addWidget(scroll);
 
     for (std::size_t index = 0; index < _rows.size(); ++index) {
         connectRow(index);

@@ -17,8 +17,8 @@ constexpr int kRowMargin = 4; // pixels
 
 std::vector<GridColumn> columnsOf(bool ascending) {
     std::vector<GridColumn> columns{
-        {"Time (s)", 2, "%10.2f", 10}, {"Pres (mb)", 1, "%7.1f", 7}, {"Tdry (C)", 1, "%7.1f", 7},
-        {"RH (%)", 1, "%7.1f", 7},     {"Spd (m/s)", 1, "%7.1f", 7}, {"Dir (deg)", 1, "%7.1f", 7},
+        {"Time (s)", 2, "%10.2f", 10}, {"Pres (mb)", 1, "%7.1f", 7},   {"Tdry (C)", 1, "%7.1f", 7},
+        {"RH (%)", 1, "%7.1f", 7},     {"Spd (m/s)", 1, "%7.1f", 7},   {"Dir (deg)", 1, "%7.1f", 7},
         {"Alt (m)", 1, "%7.1f", 7},    {"Dz/dt (m/s)", 1, "%7.1f", 7},
     };
     if (!ascending) {

@@ -16,10 +16,10 @@ namespace {
 constexpr int kColumns = 13;
 
 const std::vector<GridColumn> kGridColumns{
-    {"Time (s)", 2, "%7.2f", 7},   {"Pres (mb)", 1, "%6.1f", 6},    {"Tdry (C)", 1, "%6.1f", 6},
-    {"RH (%)", 1, "%6.1f", 6},     {"Spd (m/s)", 1, "%6.1f", 6},    {"Dir (deg)", 1, "%6.1f", 6},
-    {"Alt (m)", 1, "%7.1f", 7},    {"GPS Alt (m)", 1, "%7.1f", 7},  {"Dz/Dt (m/s)", 1, "%6.1f", 6},
-    {"Lat (deg)", 4, "%9.4f", 9},  {"Lon (deg)", 4, "%9.4f", 9},    {"Sats (n)", 0, "%5.0f", 5},
+    {"Time (s)", 2, "%7.2f", 7},       {"Pres (mb)", 1, "%6.1f", 6},   {"Tdry (C)", 1, "%6.1f", 6},
+    {"RH (%)", 1, "%6.1f", 6},         {"Spd (m/s)", 1, "%6.1f", 6},   {"Dir (deg)", 1, "%6.1f", 6},
+    {"Alt (m)", 1, "%7.1f", 7},        {"GPS Alt (m)", 1, "%7.1f", 7}, {"Dz/Dt (m/s)", 1, "%6.1f", 6},
+    {"Lat (deg)", 4, "%9.4f", 9},      {"Lon (deg)", 4, "%9.4f", 9},   {"Sats (n)", 0, "%5.0f", 5},
     {"Wind err (m/s)", 1, "%6.1f", 6},
 };
 

@@ -99,7 +99,8 @@ QString SeriesGrid::listingLine(int row) const {
     for (std::size_t column = 0; column < _columns.size(); ++column) {
         const GridColumn& c = _columns[column];
         const double v = value(row, static_cast<int>(column));
-        line += v == kMissing ? std::string(static_cast<std::size_t>(c.width) + 1, ' ') : stringFormat(c.format, v) + " ";
+        line +=
+            v == kMissing ? std::string(static_cast<std::size_t>(c.width) + 1, ' ') : stringFormat(c.format, v) + " ";
     }
     return toQString(line) + (_withAttributes ? attributeText(row).leftJustified(kAttributeWidth) : QString());
 }

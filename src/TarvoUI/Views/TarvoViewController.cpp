@@ -227,10 +227,11 @@ void TarvoViewController::tabClicked(int index) {
 }
 
 void TarvoViewController::restoreConfigDefaults() {
-    const auto answer = QMessageBox::warning(
-        this, kConfigurationTitle,
-        QString("Are you sure that you want to restore the defaults for the configuration '%1'?").arg(activeConfigSet()),
-        QMessageBox::Ok | QMessageBox::Cancel);
+    const auto answer =
+        QMessageBox::warning(this, kConfigurationTitle,
+                             QString("Are you sure that you want to restore the defaults for the configuration '%1'?")
+                                 .arg(activeConfigSet()),
+                             QMessageBox::Ok | QMessageBox::Cancel);
     if (answer == QMessageBox::Ok) {
         _configSet->restoreDefault();
         QMessageBox::information(this, "Tarvo",

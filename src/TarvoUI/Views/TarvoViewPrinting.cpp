@@ -66,9 +66,9 @@ void drawAt(QPainter& painter, QTextDocument& work, const QPointF& topLeft) {
 
 QRectF TarvoView::textRect() const {
     const Dots dots(*_printer);
-    return dots.band(dots.paper.y() + dots.y * k07Cm + dots.y * k2Cm,
-                     dots.paper.height() - dots.y * k25Cm - dots.y * k07Cm - dots.y * k2Cm - dots.y * kCm -
-                         dots.y * k03Cm);
+    return dots.band(dots.paper.y() + dots.y * k07Cm + dots.y * k2Cm, dots.paper.height() - dots.y * k25Cm -
+                                                                          dots.y * k07Cm - dots.y * k2Cm -
+                                                                          dots.y * kCm - dots.y * k03Cm);
 }
 
 void TarvoView::printPages(QTextDocument* doc, const QString& title, const QString& subTitle) {
@@ -126,8 +126,7 @@ void TarvoView::paintPage(QPainter& painter, QTextDocument* doc, const QString& 
     const QRectF foot = dots.foot();
     QTextDocument footWork;
     startWork(footWork, painter, foot.width());
-    footWork.setHtml(
-        QString(kFoot).arg(toQString(_doc->credit()).toHtmlEscaped()).arg(page).arg(doc->pageCount()));
+    footWork.setHtml(QString(kFoot).arg(toQString(_doc->credit()).toHtmlEscaped()).arg(page).arg(doc->pageCount()));
     drawAt(painter, footWork, foot.topLeft());
     const double above = foot.top() - kRuleAboveFoot * point;
     painter.drawLine(QPointF(foot.left(), above), QPointF(foot.right(), above));
