@@ -34,12 +34,30 @@ function(tarvo_library name)
   target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE tarvo_options ${ARG_PRIVATE_LINKS})
 endfunction()
 
+# tarvo_qt_library(NAME ...): the same for a folder with Qt classes, whose meta-objects are made on the way.
+function(tarvo_qt_library name)
+  tarvo_library(${name} ${ARGN})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  target_link_libraries(${name} PUBLIC Qt5::Widgets)
+endfunction()
+
 # tarvo_test(NAME SOURCES... [LINKS libraries...]): one GoogleTest program, its cases known to ctest one by one.
 function(tarvo_test name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE tarvo_options tarvo_test_support ${ARG_LINKS} GTest::gmock GTest::gtest_main)
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120)
+endfunction()
+
+# tarvo_qt_test(NAME SOURCES... [LINKS libraries...]): the same with a QApplication, without a screen and in an empty home
+# of its own. LeakSanitizer is off, since what Qt and its font libraries keep to the end isn't ours.
+function(tarvo_qt_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES} "${CMAKE_SOURCE_DIR}/tests/support/QtTestMain.cpp")
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  target_link_libraries(${name} PRIVATE tarvo_options tarvo_test_support ${ARG_LINKS} Qt5::Widgets GTest::gmock GTest::gtest)
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
+    PROPERTIES TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;ASAN_OPTIONS=detect_leaks=0")
 endfunction()
 
 # tarvo_benchmark(NAME SOURCES... [LINKS libraries...]): one Google Benchmark program, where that library is installed.
