@@ -1,0 +1,17 @@
+#include "TemporaryFolder.h"
+
+#include <QApplication>
+
+#include <gtest/gtest.h>
+
+// A QApplication for GoogleTest, without a screen. Whatever a test does, it can't reach the home of who runs it.
+int main(int argc, char** argv) {
+    const TemporaryFolder home;
+    const QByteArray path = QByteArray::fromStdString(home.path().string());
+    qputenv("HOME", path);
+    qputenv("XDG_CONFIG_HOME", path + "/.config");
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
