@@ -87,11 +87,15 @@ QTextFrame* frameCode(const QTextBlock& first) {
         text.chop(1);
     }
     const int begin = first.position();
+    const QTextBlockFormat format = first.blockFormat();
     QTextCursor cursor(first);
     cursor.setPosition(last.position() + last.length() - 1, QTextCursor::KeepAnchor);
     cursor.insertText(text);
     cursor.setPosition(begin, QTextCursor::KeepAnchor);
-    return cursor.insertFrame(codeFrame());
+    // The block in the frame is a new one that knows nothing of code.
+    QTextFrame* frame = cursor.insertFrame(codeFrame());
+    frame->firstCursorPosition().setBlockFormat(format);
+    return frame;
 }
 
 void frameAllCode(QTextDocument& document) {

@@ -102,7 +102,7 @@ QTextCharFormat textFormat(const QTextBlock& block, Kind kind, const QTextCharFo
     return format;
 }
 
-/// An image is shown in its own size, or as large as the page has room for.
+/// An image is shown in its own size, or as large as the page has room for; an icon about as high as a line.
 QTextImageFormat imageFormat(const QTextDocument& document, QTextImageFormat format) {
     const QString path = document.baseUrl().resolved(QUrl(format.name())).toLocalFile();
     const QImage image(path);
@@ -112,7 +112,11 @@ QTextImageFormat imageFormat(const QTextDocument& document, QTextImageFormat for
     const double pxPerMm = kScreenDpi / kMmPerInch;
     const QSizeF room(kTextWidthMm * pxPerMm, kTextHeightMm * 0.6 * pxPerMm);
     const QSizeF size = image.size();
-    const double scale = std::min({1.0, room.width() / size.width(), room.height() / size.height()});
+    constexpr double kIconPx = 64.0;
+    constexpr double kIconHeightPt = 15.0;
+    const bool isIcon = size.width() <= kIconPx && size.height() <= kIconPx;
+    const double scale = isIcon ? kIconHeightPt * kPxPerPt / size.height()
+                                : std::min({1.0, room.width() / size.width(), room.height() / size.height()});
     format.setWidth(size.width() * scale);
     format.setHeight(size.height() * scale);
     return format;
@@ -152,6 +156,10 @@ bool endsList(const QTextBlock& block) {
     return !block.next().isValid() || block.next().textList() != block.textList();
 }
 
+bool hasImage(const QTextBlock& block) {
+    return block.text().contains(QChar::ObjectReplacementCharacter);
+}
+
 void styleBlock(const QTextBlock& block, Kind kind) {
     QTextBlockFormat format = block.blockFormat();
     if (block.text().isEmpty() && kind != Kind::Cell) {
@@ -185,6 +193,9 @@ void styleBlock(const QTextBlock& block, Kind kind) {
     case Kind::Paragraph:
         setSpace(format, 0.0, 7.0, 125.0);
         break;
+    }
+    if (hasImage(block)) {
+        format.setLineHeight(0.0, QTextBlockFormat::SingleHeight);
     }
     QTextCursor(block).setBlockFormat(format);
 }
