@@ -50,14 +50,14 @@ function(tarvo_test name)
 endfunction()
 
 # tarvo_qt_test(NAME SOURCES... [LINKS libraries...]): the same with a QApplication, without a screen and in an empty home
-# of its own. LeakSanitizer is off, since what Qt and its font libraries keep to the end isn't ours.
+# of its own.
 function(tarvo_qt_test name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES} "${CMAKE_SOURCE_DIR}/tests/support/QtTestMain.cpp")
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
   target_link_libraries(${name} PRIVATE tarvo_options tarvo_test_support ${ARG_LINKS} Qt5::Widgets GTest::gmock GTest::gtest)
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
-    PROPERTIES TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;ASAN_OPTIONS=detect_leaks=0")
+    PROPERTIES TIMEOUT 120 ENVIRONMENT QT_QPA_PLATFORM=offscreen)
 endfunction()
 
 # tarvo_benchmark(NAME SOURCES... [LINKS libraries...]): one Google Benchmark program, where that library is installed.

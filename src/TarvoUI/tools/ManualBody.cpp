@@ -7,10 +7,8 @@
 #include <QStringList>
 #include <QTextBlock>
 #include <QTextCursor>
-#include <QTextTable>
 #include <QUrl>
 
-#include <algorithm>
 #include <stdexcept>
 
 namespace {
@@ -18,8 +16,6 @@ namespace {
 constexpr double kMmPerInch = 25.4;
 /// Page breaks and the pages in references change what comes after them; the document is laid out until it stays.
 constexpr int kMostRounds = 60;
-/// A table or piece of code up to this part of a page isn't split.
-constexpr double kWholeUpTo = 0.4;
 
 struct Reference {
     int position;
@@ -41,40 +37,6 @@ QVector<Reference> localReferences(const QTextDocument& document) {
     return found;
 }
 
-const QTextTable* tableOf(const QTextBlock& block) {
-    return block.isValid() ? QTextCursor(block).currentTable() : nullptr;
-}
-
-/// The last block of the table or piece of code that \p block begins; the block itself when it begins neither.
-QTextBlock lastOfWhole(const QTextBlock& block) {
-    const QTextTable* table = tableOf(block);
-    if (table != nullptr) {
-        return table->firstPosition() == block.position() ? block.document()->findBlock(table->lastPosition()) : block;
-    }
-    QTextBlock last = block;
-    if (manual_style::isLineOfCode(block) && !manual_style::isLineOfCode(block.previous())) {
-        while (manual_style::isLineOfCode(last.next())) {
-            last = last.next();
-        }
-    }
-    return last;
-}
-
-/// Where the page breaks so that \p block isn't torn from what introduces it: the line of text before it, and a
-/// heading.
-QTextBlock leadOf(const QTextBlock& block) {
-    QTextBlock lead = block;
-    const bool isHeading = block.blockFormat().headingLevel() > 0;
-    const QTextBlock before = block.previous();
-    if (!isHeading && before.isValid() && tableOf(before) == nullptr && before.blockFormat().headingLevel() != 1) {
-        lead = before;
-    }
-    while (lead.previous().blockFormat().headingLevel() > 1) {
-        lead = lead.previous();
-    }
-    return lead;
-}
-
 QString wholeText(const ManualSource& source) {
     QStringList texts;
     for (const ManualChapter& chapter : source.chapters) {
@@ -89,7 +51,7 @@ ManualBody::ManualBody(const ManualSource& source, QPaintDevice& paper, int fron
     for (int round = 0; round < kMostRounds; ++round) {
         const QMap<QString, int> before = _chapterPages;
         layOut(source, paper, frontPages);
-        const bool moreBreaks = addPageBreaks();
+        const bool moreBreaks = _breaks.add(*_document, paper);
         if (!moreBreaks && _chapterPages == before) {
             return;
         }
@@ -123,7 +85,7 @@ void ManualBody::layOut(const ManualSource& source, QPaintDevice& paper, int fro
     _document->setMarkdown(wholeText(source), QTextDocument::MarkdownDialectGitHub);
     turnReferencesIntoPages(source, frontPages);
     manual_style::apply(*_document);
-    breakPages();
+    _breaks.apply(*_document);
 
     _document->documentLayout()->setPaintDevice(&paper);
     _document->setDocumentMargin(0.0);
@@ -169,71 +131,12 @@ void ManualBody::turnReferencesIntoPages(const ManualSource& source, int frontPa
     }
 }
 
-/// Done before the layout: one that is changed afterwards loses paragraphs behind tables.
-void ManualBody::breakPages() {
-    for (const int number : _pageBreaks) {
-        const QTextBlock block = _document->findBlockByNumber(number);
-        QTextBlockFormat format = block.blockFormat();
-        format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
-        QTextCursor(block).setBlockFormat(format);
-    }
-}
-
-/// At most one for each chapter, since what comes after it moves.
-bool ManualBody::addPageBreaks() {
-    bool added = false;
-    bool settled = false;
-    for (QTextBlock block = _document->begin(); block.isValid(); block = block.next()) {
-        if (block.blockFormat().headingLevel() == 1) {
-            settled = false;
-        }
-        if (settled || !standsApart(block)) {
-            continue;
-        }
-        settled = true;
-        const QTextBlock lead = leadOf(block);
-        if (!_pageBreaks.contains(lead.blockNumber())) {
-            _pageBreaks.insert(lead.blockNumber());
-            added = true;
-        }
-    }
-    return added;
-}
-
-/// Whether \p block begins something that a page should hold as a whole and doesn't: a heading with the text below it,
-/// a short table, a short piece of code.
-bool ManualBody::standsApart(const QTextBlock& block) const {
-    const QTextBlock next = block.next();
-    if (!next.isValid() || block.blockFormat().headingLevel() == 1) {
-        return false;
-    }
-    if (block.blockFormat().headingLevel() > 1) {
-        // Two lines of text at least, where there are two.
-        return pageOf(block) != pageOf(next, 1);
-    }
-    const QTextBlock last = lastOfWhole(block);
-    if (last == block || pageOf(block) == pageOf(last)) {
-        return false;
-    }
-    const QAbstractTextDocumentLayout* layout = _document->documentLayout();
-    const double height = layout->blockBoundingRect(last).bottom() - layout->blockBoundingRect(block).top();
-    return height < kWholeUpTo * _document->pageSize().height();
-}
-
 void ManualBody::findHeadings() {
     _headings.clear();
     for (QTextBlock block = _document->begin(); block.isValid(); block = block.next()) {
         const int level = block.blockFormat().headingLevel();
         if (level == 1 || level == 2) {
-            _headings.append({block.text(), level, pageOf(block)});
+            _headings.append({block.text(), level, PageBreaks::pageOf(block)});
         }
     }
-}
-
-int ManualBody::pageOf(const QTextBlock& block, int line) const {
-    // Where the block begins is no answer: even its first line may have gone on to the next page.
-    const double top = _document->documentLayout()->blockBoundingRect(block).top();
-    const int lines = block.layout()->lineCount();
-    const double lineTop = lines > 0 ? block.layout()->lineAt(std::min(line, lines - 1)).y() : 0.0;
-    return static_cast<int>((top + lineTop + 1.0) / _document->pageSize().height());
 }

@@ -1,11 +1,10 @@
 #pragma once
 
 #include "ManualSource.h"
+#include "PageBreaks.h"
 
 #include <QMap>
-#include <QSet>
 #include <QString>
-#include <QTextBlock>
 #include <QTextDocument>
 #include <QVector>
 
@@ -37,16 +36,11 @@ public:
 private:
     void layOut(const ManualSource& source, QPaintDevice& paper, int frontPages);
     void turnReferencesIntoPages(const ManualSource& source, int frontPages);
-    void breakPages();
-    bool addPageBreaks();
     void findHeadings();
-    bool standsApart(const QTextBlock& block) const;
-    int pageOf(const QTextBlock& block, int line = 0) const;
 
     std::unique_ptr<QTextDocument> _document;
     QVector<ManualHeading> _headings;
     /// Pages by file name of the chapter, as of the last layout.
     QMap<QString, int> _chapterPages;
-    /// Numbers of the blocks that begin a page because they would stand badly otherwise.
-    QSet<int> _pageBreaks;
+    PageBreaks _breaks;
 };

@@ -1,5 +1,7 @@
 #include "ManualStyle.h"
 
+#include "ManualImport.h"
+
 #include <QFontDatabase>
 #include <QImage>
 #include <QTextBlock>
@@ -19,17 +21,13 @@ constexpr QRgb kInk = 0xff1a1a1a;
 constexpr QRgb kHeadingInk = 0xff17375e;
 constexpr QRgb kLinkInk = 0xff0b57a4;
 constexpr QRgb kCodeInk = 0xff263238;
-constexpr QRgb kShade = 0xfff1f4f7;
 constexpr QRgb kRule = 0xffb4bec8;
 
 constexpr double kCodePt = 9.0;
 constexpr double kTablePt = 9.5;
 constexpr double kTableCodePt = 8.5;
 
-/// Lengths of a document are those of a screen; the layout takes them to the resolution of the paper.
-constexpr double kScreenDpi = 96.0;
 constexpr double kMmPerInch = 25.4;
-constexpr double kPxPerPt = kScreenDpi / 72.0;
 
 struct HeadingStyle {
     double points;
@@ -42,20 +40,14 @@ constexpr HeadingStyle kHeadings[] = {{20.0, 0.0, 12.0}, {14.0, 16.0, 5.0}, {11.
 
 enum class Kind { Heading, Code, Cell, Item, Paragraph };
 
-bool isCode(const QTextBlock& block) {
-    return block.blockFormat().hasProperty(QTextFormat::BlockCodeLanguage) ||
-           block.blockFormat().hasProperty(QTextFormat::BlockCodeFence);
-}
-
 Kind kindOf(const QTextBlock& block) {
     if (block.blockFormat().headingLevel() > 0) {
         return Kind::Heading;
     }
-    // The import takes the marks of code before a table over to its first cell.
     if (QTextCursor(block).currentTable() != nullptr) {
         return Kind::Cell;
     }
-    if (isCode(block)) {
+    if (manual_import::isCode(block)) {
         return Kind::Code;
     }
     return block.textList() != nullptr ? Kind::Item : Kind::Paragraph;
@@ -110,7 +102,7 @@ QTextCharFormat textFormat(const QTextBlock& block, Kind kind, const QTextCharFo
     return format;
 }
 
-/// An image is shown in its own size, or as large as the page has room for.
+/// An image is shown in its own size, or as large as the page has room for; an icon about as high as a line.
 QTextImageFormat imageFormat(const QTextDocument& document, QTextImageFormat format) {
     const QString path = document.baseUrl().resolved(QUrl(format.name())).toLocalFile();
     const QImage image(path);
@@ -120,7 +112,11 @@ QTextImageFormat imageFormat(const QTextDocument& document, QTextImageFormat for
     const double pxPerMm = kScreenDpi / kMmPerInch;
     const QSizeF room(kTextWidthMm * pxPerMm, kTextHeightMm * 0.6 * pxPerMm);
     const QSizeF size = image.size();
-    const double scale = std::min({1.0, room.width() / size.width(), room.height() / size.height()});
+    constexpr double kIconPx = 64.0;
+    constexpr double kIconHeightPt = 15.0;
+    const bool isIcon = size.width() <= kIconPx && size.height() <= kIconPx;
+    const double scale = isIcon ? kIconHeightPt * kPxPerPt / size.height()
+                                : std::min({1.0, room.width() / size.width(), room.height() / size.height()});
     format.setWidth(size.width() * scale);
     format.setHeight(size.height() * scale);
     return format;
@@ -156,29 +152,18 @@ void setSpace(QTextBlockFormat& format, double abovePt, double belowPt, double l
     format.setLineHeight(lineHeightPercent, QTextBlockFormat::ProportionalHeight);
 }
 
-/// Long lines of code go on behind an indent.
-void shapeCode(QTextBlockFormat& format, const QTextBlock& block) {
-    const bool first = !isLineOfCode(block.previous());
-    const bool last = !isLineOfCode(block.next());
-    setSpace(format, first ? 3.0 : 0.0, last ? 9.0 : 0.0, 120.0);
-    format.setBackground(QColor(kShade));
-    format.setNonBreakableLines(false);
-    format.setIndent(0);
-    constexpr double kLeftPt = 8.0;
-    constexpr double kGoOnPt = 22.0;
-    format.setLeftMargin((kLeftPt + kGoOnPt) * kPxPerPt);
-    format.setTextIndent(-kGoOnPt * kPxPerPt);
-    format.setRightMargin(kLeftPt * kPxPerPt);
-}
-
 bool endsList(const QTextBlock& block) {
     return !block.next().isValid() || block.next().textList() != block.textList();
+}
+
+bool hasImage(const QTextBlock& block) {
+    return block.text().contains(QChar::ObjectReplacementCharacter);
 }
 
 void styleBlock(const QTextBlock& block, Kind kind) {
     QTextBlockFormat format = block.blockFormat();
     if (block.text().isEmpty() && kind != Kind::Cell) {
-        // Between code or a table and a table something has to stand.
+        // Around code, and between two tables, something has to stand.
         format.clearBackground();
         format.setLineHeight(1.0, QTextBlockFormat::FixedHeight);
         QTextCursor(block).setBlockFormat(format);
@@ -194,7 +179,9 @@ void styleBlock(const QTextBlock& block, Kind kind) {
         break;
     }
     case Kind::Code:
-        shapeCode(format, block);
+        setSpace(format, 0.0, 0.0, 120.0);
+        format.setNonBreakableLines(false);
+        format.setIndent(0);
         break;
     case Kind::Cell:
         setSpace(format, 0.0, 0.0, 115.0);
@@ -207,45 +194,10 @@ void styleBlock(const QTextBlock& block, Kind kind) {
         setSpace(format, 0.0, 7.0, 125.0);
         break;
     }
+    if (hasImage(block)) {
+        format.setLineHeight(0.0, QTextBlockFormat::SingleHeight);
+    }
     QTextCursor(block).setBlockFormat(format);
-}
-
-/// Takes an empty block out; the one that follows keeps its format.
-void removeEmptyBlock(const QTextBlock& empty) {
-    QTextCursor cursor(empty);
-    const QTextBlockFormat followingFormat = empty.next().blockFormat();
-    cursor.deleteChar();
-    cursor.setBlockFormat(followingFormat);
-}
-
-/// The import leaves an empty line behind every piece of code and every table, and in the first cell of a table behind
-/// code.
-bool isLeftOver(const QTextBlock& block) {
-    const QTextBlock next = block.next();
-    if (!block.text().isEmpty() || !next.isValid()) {
-        return false;
-    }
-    const QTextTable* table = QTextCursor(block).currentTable();
-    if (table != nullptr) {
-        return table->cellAt(block.position()) == table->cellAt(next.position());
-    }
-    const bool endsCode = isCode(block) && !isCode(next);
-    return (endsCode || !isCode(block)) && QTextCursor(next).currentTable() == nullptr;
-}
-
-void removeLeftOvers(QTextDocument& document) {
-    int position = 0;
-    while (true) {
-        const QTextBlock block = document.findBlock(position);
-        if (!block.isValid()) {
-            return;
-        }
-        if (isLeftOver(block)) {
-            removeEmptyBlock(block);
-        } else {
-            position = block.position() + block.length();
-        }
-    }
 }
 
 /// Columns share the width by their longest text, but none gets less than its longest word or a twelfth.
@@ -322,12 +274,8 @@ QFont headingFont(double points) {
     return font;
 }
 
-bool isLineOfCode(const QTextBlock& block) {
-    return block.isValid() && kindOf(block) == Kind::Code;
-}
-
 void apply(QTextDocument& document) {
-    removeLeftOvers(document);
+    manual_import::repair(document);
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         const Kind kind = kindOf(block);
         styleText(document, block, kind);

@@ -1,0 +1,213 @@
+#include "InitTarvoFiles.h"
+
+#include "QtText.h"
+#include "StartedProgram.h"
+#include "TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const QString kNoConfiguration = "Unable to open file: \"tarvo.xml\"\nTarvo will create a copy for you.";
+const QString kOldManual = "Your TarvoManual.pdf appears to be out of date. Tarvo will update it.";
+const QString kOldLog = "Your TarvoConfigLog.txt appears to be out of date. Tarvo will update it.";
+
+std::string shippedConfiguration() {
+    return readFile(TARVO_SOURCE_DIR "/resources/tarvo.xml");
+}
+
+std::string configurationOf(const std::string& versionLine) {
+    return "<?xml version=\"1.0\"?>\n<!-- " + versionLine + "\n-->\n<mine/>\n";
+}
+
+bool ownerMayWrite(const fs::path& path) {
+    return (fs::status(path).permissions() & fs::perms::owner_write) != fs::perms::none;
+}
+
+/// A home with the files of a first run in it.
+class UsedHome {
+public:
+    UsedHome() { EXPECT_EQ(StartedProgram(path()).exitStatus(), 0); }
+
+    const fs::path& path() const { return _home.path(); }
+    fs::path files() const { return path() / ".config" / "Tarvo"; }
+    fs::path configuration() const { return files() / "tarvo.xml"; }
+    fs::path settings() const { return files() / "TarvoQt.ini"; }
+
+private:
+    TemporaryFolder _home;
+};
+
+double versionOf(const std::string& text) {
+    const TemporaryFolder folder;
+    writeFile(folder / "any.xml", text);
+    QFile file(QString::fromStdString((folder / "any.xml").string()));
+    const double version = InitTarvoFiles::configVersion(&file);
+    EXPECT_FALSE(file.isOpen());
+    return version;
+}
+
+TEST(ConfigVersion, IsTheNumberBehindTheFirstMarker) {
+    EXPECT_DOUBLE_EQ(versionOf("<!--\n  @version: 2.09\n-->\n@version: 3\n"), 2.09);
+    EXPECT_DOUBLE_EQ(versionOf("x @version:10.5"), 10.5);
+    EXPECT_DOUBLE_EQ(versionOf(shippedConfiguration()), 2.09);
+}
+
+TEST(ConfigVersion, IsMinusOneWithoutMarker) {
+    EXPECT_DOUBLE_EQ(versionOf(""), -1.0);
+    EXPECT_DOUBLE_EQ(versionOf("@Version: 2.09\nversion: 3\n"), -1.0);
+    QFile missing("/nonexistent/tarvo.xml");
+    EXPECT_DOUBLE_EQ(InitTarvoFiles::configVersion(&missing), -1.0);
+}
+
+TEST(ConfigVersion, IsZeroWhenNoNumberFollows) {
+    EXPECT_DOUBLE_EQ(versionOf("@version: new"), 0.0);
+}
+
+TEST(InitTarvoFiles, FirstRunInAnEmptyHomeMakesEverything) {
+    const TemporaryFolder home;
+    const StartedProgram run(home.path());
+
+    EXPECT_EQ(run.exitStatus(), 0);
+    EXPECT_EQ(run.boxTexts(), QStringList({kNoConfiguration, kOldManual, kOldLog}));
+    EXPECT_EQ(run.boxes()[0].title, "Tarvo File Open");
+    EXPECT_EQ(run.boxes()[1].title, "Tarvo File Update");
+    EXPECT_EQ(run.boxes()[1].icon, QMessageBox::Warning);
+    const fs::path files = home / ".config" / "Tarvo";
+    EXPECT_EQ(readFile(files / "tarvo.xml"), shippedConfiguration());
+    EXPECT_EQ(readFile(files / "TarvoConfigLog.txt"), readFile(TARVO_SOURCE_DIR "/resources/TarvoConfigLog.txt"));
+    EXPECT_THAT(readFile(files / "TarvoManual.pdf"), StartsWith("%PDF-"));
+    for (const char* name : {"tarvo.xml", "TarvoConfigLog.txt", "TarvoManual.pdf"}) {
+        EXPECT_TRUE(ownerMayWrite(files / name)) << name;
+    }
+    // Nothing but the three files and the settings: no unfinished copy stays.
+    EXPECT_EQ(std::distance(fs::directory_iterator(files), fs::directory_iterator()), 4);
+}
+
+TEST(InitTarvoFiles, FirstRunWritesThePlacesIntoTheSettings) {
+    const UsedHome home;
+    const std::string files = home.files().string();
+    const std::string settings = readFile(home.settings());
+    EXPECT_THAT(settings, HasSubstr("\nXMLdir=" + files + "/\n"));
+    EXPECT_THAT(settings, HasSubstr("\nTarvoManual=" + files + "/TarvoManual.pdf\n"));
+    EXPECT_THAT(settings, HasSubstr("\nConfigLog=" + files + "/TarvoConfigLog.txt\n"));
+    EXPECT_THAT(settings, HasSubstr("\nBufrDir=" + files + "/\n"));
+}
+
+TEST(InitTarvoFiles, FirstRunWorksWhereTheDesktopKeepsSettingsElsewhere) {
+    const TemporaryFolder home;
+    const TemporaryFolder elsewhere;
+    const StartedProgram run(home.path(), {}, QString::fromStdString((elsewhere / "conf").string()));
+    EXPECT_EQ(run.exitStatus(), 0);
+    EXPECT_EQ(readFile(home / ".config/Tarvo/tarvo.xml"), shippedConfiguration());
+    EXPECT_TRUE(fs::exists(elsewhere / "conf/Tarvo/TarvoQt.ini"));
+}
+
+TEST(InitTarvoFiles, SecondRunIsSilent) {
+    const UsedHome home;
+    const StartedProgram run(home.path());
+    EXPECT_EQ(run.exitStatus(), 0);
+    EXPECT_EQ(run.boxTexts(), QStringList());
+}
+
+TEST(InitTarvoFiles, OlderConfigurationIsKeptUnderItsVersion) {
+    const UsedHome home;
+    const std::string mine = configurationOf("@version: 2.5e-1");
+    writeFile(home.configuration(), mine);
+    writeFile(home.files() / "tarvo_0.25.xml", "an older backup");
+
+    const StartedProgram run(home.path());
+    EXPECT_EQ(
+        run.boxTexts(),
+        QStringList({"Your configuration file \"tarvo.xml\" has an older version of 0.25. Tarvo will upgrade it to "
+                     "the latest version of 2.09. Your original file will be renamed as \"tarvo_0.25.xml\"."}));
+    EXPECT_EQ(readFile(home.configuration()), shippedConfiguration());
+    EXPECT_EQ(readFile(home.files() / "tarvo_0.25.xml"), mine);
+}
+
+TEST(InitTarvoFiles, BackupNameHasTheShortNumberAndTheBoxTwoDecimals) {
+    const UsedHome home;
+    writeFile(home.configuration(), configurationOf("@version: 2.0"));
+    const StartedProgram run(home.path());
+    EXPECT_TRUE(fs::exists(home.files() / "tarvo_2.xml"));
+    ASSERT_EQ(run.boxes().size(), 1U);
+    EXPECT_THAT(run.boxes()[0].text.toStdString(), HasSubstr("renamed as \"tarvo_2.00.xml\"."));
+}
+
+TEST(InitTarvoFiles, ConfigurationWithoutVersionCountsAsMinusOne) {
+    const UsedHome home;
+    writeFile(home.configuration(), "<mine/>\n");
+    const StartedProgram run(home.path());
+    ASSERT_EQ(run.boxes().size(), 1U);
+    EXPECT_THAT(run.boxes()[0].text.toStdString(), HasSubstr("an older version of -1.00. "));
+    EXPECT_EQ(readFile(home.files() / "tarvo_-1.xml"), "<mine/>\n");
+    EXPECT_EQ(readFile(home.configuration()), shippedConfiguration());
+}
+
+TEST(InitTarvoFiles, EqualOrNewerConfigurationStays) {
+    const UsedHome home;
+    for (const char* version : {"@version: 2.09", "@version: 2.1", "@version: 10"}) {
+        const std::string mine = configurationOf(version);
+        writeFile(home.configuration(), mine);
+        EXPECT_EQ(StartedProgram(home.path()).boxTexts(), QStringList()) << version;
+        EXPECT_EQ(readFile(home.configuration()), mine) << version;
+    }
+}
+
+TEST(InitTarvoFiles, PlacesOfTheUserCountAndStay) {
+    const TemporaryFolder home;
+    const TemporaryFolder mine;
+    const std::string folder = mine.path().string() + "/Höhe/";
+    const std::string manual = mine.path().string() + "/read me.pdf";
+    fs::create_directories(home / ".config/Tarvo");
+    writeFile(home / ".config/Tarvo/TarvoQt.ini", "[General]\nXMLdir=" + folder + "\nTarvoManual=" + manual + "\n");
+
+    const StartedProgram run(home.path());
+    EXPECT_EQ(run.exitStatus(), 0);
+    EXPECT_EQ(readFile(folder + "tarvo.xml"), shippedConfiguration());
+    EXPECT_TRUE(fs::exists(manual));
+    EXPECT_TRUE(fs::exists(folder + "TarvoConfigLog.txt"));
+    EXPECT_FALSE(fs::exists(home / ".config/Tarvo/tarvo.xml"));
+    EXPECT_EQ(StartedProgram(home.path()).boxTexts(), QStringList());
+}
+
+TEST(InitTarvoFiles, EmptyFolderInTheSettingsCountsAsNotSet) {
+    const TemporaryFolder home;
+    fs::create_directories(home / ".config/Tarvo");
+    writeFile(home / ".config/Tarvo/TarvoQt.ini", "[General]\nXMLdir=\n");
+    EXPECT_EQ(StartedProgram(home.path()).exitStatus(), 0);
+    EXPECT_EQ(readFile(home / ".config/Tarvo/tarvo.xml"), shippedConfiguration());
+}
+
+TEST(InitTarvoFiles, FolderBelowAMissingOneEndsTheProgram) {
+    const TemporaryFolder home;
+    const std::string folder = (home / "a/b").string();
+    fs::create_directories(home / ".config/Tarvo");
+    writeFile(home / ".config/Tarvo/TarvoQt.ini", "[General]\nXMLdir=" + folder + "/\n");
+
+    const StartedProgram run(home.path());
+    EXPECT_EQ(run.exitStatus(), 1);
+    const QString fatal = "Fatal: Tarvo is unable to create the directory " + QString::fromStdString(folder) +
+                          " for :tarvo.xml. \nHint: check your directory permissions.";
+    EXPECT_EQ(run.boxTexts(), QStringList({kNoConfiguration, fatal}));
+    EXPECT_EQ(run.boxes()[1].title, "Tarvo Fatal Error");
+    EXPECT_EQ(run.boxes()[1].icon, QMessageBox::Critical);
+}
+
+TEST(InitTarvoFiles, HomeThatTakesNoFilesEndsTheProgramWithTheText) {
+    const TemporaryFolder home;
+    writeFile(home / ".config", "in the way");
+    const StartedProgram run(home.path());
+    EXPECT_EQ(run.exitStatus(), 1);
+    ASSERT_EQ(run.boxes().size(), 2U);
+    EXPECT_THAT(run.boxes()[1].text.toStdString(),
+                HasSubstr("unable to create the directory " + home.path().string() + "/.config/Tarvo for :tarvo.xml."));
+    EXPECT_EQ(readFile(home / ".config"), "in the way");
+}
+
+} // namespace

@@ -1,0 +1,38 @@
+#include "StartedProgram.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+
+StartedProgram::StartedProgram(const std::filesystem::path& home, const QStringList& arguments,
+                               const QString& configHome) {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("HOME", QString::fromStdString(home.string()));
+    environment.remove("XDG_CONFIG_HOME");
+    if (!configHome.isEmpty()) {
+        environment.insert("XDG_CONFIG_HOME", configHome);
+    }
+    environment.insert("ASAN_OPTIONS", "detect_leaks=0");
+    QProcess program;
+    program.setProcessEnvironment(environment);
+    program.start(STARTUP_PROGRAM, arguments);
+    constexpr int kPatienceMs = 60000;
+    if (program.waitForFinished(kPatienceMs) && program.exitStatus() == QProcess::NormalExit) {
+        _exitStatus = program.exitCode();
+    }
+    for (const QByteArray& line : program.readAllStandardOutput().split('\n')) {
+        const QJsonObject box = QJsonDocument::fromJson(line).object();
+        if (!box.isEmpty()) {
+            _boxes.push_back(
+                {box["title"].toString(), box["text"].toString(), static_cast<QMessageBox::Icon>(box["icon"].toInt())});
+        }
+    }
+}
+
+QStringList StartedProgram::boxTexts() const {
+    QStringList texts;
+    for (const SeenBox& box : _boxes) {
+        texts.append(box.text);
+    }
+    return texts;
+}
