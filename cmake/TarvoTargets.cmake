@@ -55,7 +55,7 @@ function(tarvo_qt_test name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES} "${CMAKE_SOURCE_DIR}/tests/support/QtTestMain.cpp")
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
-  target_link_libraries(${name} PRIVATE tarvo_options tarvo_test_support ${ARG_LINKS} Qt5::Widgets GTest::gmock GTest::gtest)
+  target_link_libraries(${name} PRIVATE tarvo_options tarvo_test_support ${ARG_LINKS} Qt5::Test Qt5::Widgets GTest::gmock GTest::gtest)
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
     PROPERTIES TIMEOUT 120 ENVIRONMENT QT_QPA_PLATFORM=offscreen)
 endfunction()

@@ -3,12 +3,12 @@
 #include <QCoreApplication>
 
 void StatusAgentQLabel::SetStatus(const std::string& text) {
-    StatusAgent::SetStatus(text);
+    _status = text;
     showStatus(_status);
 }
 
 void StatusAgentQLabel::AppendStatus(const std::string& text) {
-    StatusAgent::AppendStatus(text);
+    _appended = text;
     showStatus(_status + _appended);
 }
 

@@ -3,6 +3,7 @@
 #include <QStatusBar>
 #include <QTimer>
 #include <QMessageBox>
+#include <QDialog>
 #include <QtTest>
 #include <gtest/gtest.h>
 #include <iostream>
@@ -10,7 +11,7 @@
 TEST(Probe, Status) {
     QTimer closer;
     QObject::connect(&closer, &QTimer::timeout, [] {
-        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) { std::cerr << box->text().toStdString() << "\n"; box->accept(); }
+        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) { std::cerr << box->text().toStdString() << "\n"; box->accept(); } else if (auto* d = qobject_cast<QDialog*>(QApplication::activeModalWidget())) d->reject();
     });
     closer.start(20);
     TarvoMainWindow w;
