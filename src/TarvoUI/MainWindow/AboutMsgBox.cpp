@@ -1,8 +1,8 @@
 #include "AboutMsgBox.h"
 
 #include "InitTarvoFiles.h"
-#include "QtText.h"
 #include "RevisionInfo.h"
+#include "UiText.h"
 
 #include <QFile>
 #include <QPixmap>

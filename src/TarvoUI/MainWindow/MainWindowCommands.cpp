@@ -1,8 +1,8 @@
 // The commands of the main window, their menus and the tool bar.
 
-#include "QtText.h"
 #include "TarvoMainWindow.h"
 #include "TarvoViewController.h"
+#include "UiText.h"
 
 #include <QFileInfo>
 #include <QMdiSubWindow>

@@ -1,8 +1,8 @@
 // How the main window opens and closes files.
 
-#include "QtText.h"
 #include "TarvoMainWindow.h"
 #include "TarvoViewController.h"
+#include "UiText.h"
 
 #include <QCoreApplication>
 #include <QDir>

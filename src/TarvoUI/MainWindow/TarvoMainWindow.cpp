@@ -2,10 +2,10 @@
 
 #include "AboutMsgBox.h"
 #include "InitTarvoFiles.h"
-#include "QtText.h"
 #include "RevisionInfo.h"
 #include "TarvoSettings.h"
 #include "TarvoViewController.h"
+#include "UiText.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>

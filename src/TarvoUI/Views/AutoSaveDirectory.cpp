@@ -1,7 +1,7 @@
 #include "AutoSaveDirectory.h"
 
 #include "ConfigSet.h"
-#include "QtText.h"
+#include "UiText.h"
 
 #include <QDir>
 #include <QMessageBox>

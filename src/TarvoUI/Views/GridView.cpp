@@ -1,6 +1,6 @@
 #include "GridView.h"
 
-#include "QtText.h"
+#include "UiText.h"
 
 #include <QFileInfo>
 #include <QHeaderView>

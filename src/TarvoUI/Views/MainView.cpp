@@ -1,6 +1,6 @@
 #include "MainView.h"
 
-#include "QtText.h"
+#include "UiText.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,9 +1,9 @@
 #include "SeriesGrid.h"
 
 #include "Missing.h"
-#include "QtText.h"
 #include "Series.h"
 #include "Text.h"
+#include "UiText.h"
 
 namespace {
 

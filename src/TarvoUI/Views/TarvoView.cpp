@@ -1,8 +1,8 @@
 #include "TarvoView.h"
 
 #include "Missing.h"
-#include "QtText.h"
 #include "Text.h"
+#include "UiText.h"
 
 #include <QDir>
 #include <QFileDialog>

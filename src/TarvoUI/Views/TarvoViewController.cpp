@@ -3,9 +3,9 @@
 #include "Boxes.h"
 #include "MainView.h"
 #include "QCView.h"
-#include "QtText.h"
 #include "RawView.h"
 #include "TarvoSettings.h"
+#include "UiText.h"
 #include "WaitCursor.h"
 
 #include <QCloseEvent>

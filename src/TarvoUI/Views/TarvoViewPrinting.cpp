@@ -1,7 +1,7 @@
 // How the tabs come onto paper.
 
-#include "QtText.h"
 #include "TarvoView.h"
+#include "UiText.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QFileDialog>

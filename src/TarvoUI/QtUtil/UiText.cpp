@@ -1,4 +1,4 @@
-#include "QtText.h"
+#include "UiText.h"
 
 #include "Missing.h"
 
