@@ -4,7 +4,8 @@
 
 #include <gtest/gtest.h>
 
-// What Qt and its font libraries keep to the end isn't ours to free. Read by AddressSanitizer, where a build has it.
+// What Qt and its font libraries keep to the end isn't ours to free. Read by AddressSanitizer, where a build has it;
+// the variable below is for programs that a test starts.
 extern "C" const char* __asan_default_options() {
     return "detect_leaks=0";
 }
@@ -16,6 +17,7 @@ int main(int argc, char** argv) {
     qputenv("HOME", path);
     qputenv("XDG_CONFIG_HOME", path + "/.config");
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("ASAN_OPTIONS", __asan_default_options());
     const QApplication application(argc, argv);
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();

@@ -28,8 +28,8 @@ bool isLeftOver(const QTextBlock& block) {
     if (table != nullptr) {
         return table->cellAt(block.position()) == table->cellAt(next.position());
     }
-    const bool endsCode = isCode(block) && !isCode(next);
-    return (endsCode || !isCode(block)) && QTextCursor(next).currentTable() == nullptr;
+    const bool insideCode = isCode(block) && isCode(next);
+    return !insideCode && !isRule(block) && QTextCursor(next).currentTable() == nullptr;
 }
 
 void removeLeftOvers(QTextDocument& document) {
@@ -113,6 +113,10 @@ bool isCode(const QTextBlock& block) {
     return QTextCursor(block).currentTable() == nullptr &&
            (block.blockFormat().hasProperty(QTextFormat::BlockCodeLanguage) ||
             block.blockFormat().hasProperty(QTextFormat::BlockCodeFence));
+}
+
+bool isRule(const QTextBlock& block) {
+    return block.blockFormat().hasProperty(QTextFormat::BlockTrailingHorizontalRulerWidth);
 }
 
 void repair(QTextDocument& document) {

@@ -112,7 +112,8 @@ void ManualPages::paintBodyPage(QPainter& painter, const ManualBody& body, int p
     QAbstractTextDocumentLayout::PaintContext context;
     context.clip = QRectF(0.0, page * height, px(kTextWidthMm), height);
     context.palette.setColor(QPalette::Text, QColor(kInk));
-    painter.setClipRect(context.clip);
+    // The borders of tables stand half outside.
+    painter.setClipRect(context.clip.adjusted(-px(1.0), 0.0, px(1.0), 0.0));
     body.document().documentLayout()->draw(&painter, context);
     painter.restore();
 

@@ -162,7 +162,7 @@ bool hasImage(const QTextBlock& block) {
 
 void styleBlock(const QTextBlock& block, Kind kind) {
     QTextBlockFormat format = block.blockFormat();
-    if (block.text().isEmpty() && kind != Kind::Cell) {
+    if (block.text().isEmpty() && kind != Kind::Cell && !manual_import::isRule(block)) {
         // Around code, and between two tables, something has to stand.
         format.clearBackground();
         format.setLineHeight(1.0, QTextBlockFormat::FixedHeight);

@@ -82,7 +82,7 @@ void addSpaceBelowRow(const QTextTable& table, int row, double space) {
 }
 
 /// Whether \p block begins something that a page should hold as a whole and doesn't: a heading with the text below it,
-/// a short table, a short piece of code.
+/// a short table or piece of code with the text above it.
 bool standsApart(const QTextBlock& block) {
     const int level = block.blockFormat().headingLevel();
     if (level > 0) {
@@ -92,9 +92,10 @@ bool standsApart(const QTextBlock& block) {
     if (!beginsWhole(block)) {
         return false;
     }
+    const QTextBlock lead = leadOf(block);
     const QTextBlock last = lastOfWhole(block);
-    return PageBreaks::pageOf(block) != PageBreaks::pageOf(last, last.layout()->lineCount()) &&
-           bottomOf(last) - topOf(block) < kWholeUpTo * block.document()->pageSize().height();
+    return PageBreaks::pageOf(lead) != PageBreaks::pageOf(last, last.layout()->lineCount()) &&
+           bottomOf(last) - topOf(lead) < kWholeUpTo * block.document()->pageSize().height();
 }
 
 } // namespace

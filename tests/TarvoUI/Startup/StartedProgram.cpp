@@ -12,7 +12,6 @@ StartedProgram::StartedProgram(const std::filesystem::path& home, const QStringL
     if (!configHome.isEmpty()) {
         environment.insert("XDG_CONFIG_HOME", configHome);
     }
-    environment.insert("ASAN_OPTIONS", "detect_leaks=0");
     QProcess program;
     program.setProcessEnvironment(environment);
     program.start(STARTUP_PROGRAM, arguments);
