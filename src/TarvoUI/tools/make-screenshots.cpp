@@ -1,0 +1,199 @@
+// Makes the pictures of the manual: opens the window on an example, without a screen and in a home of its own, and
+// keeps what a user would see.
+//
+//     make-screenshots EXAMPLE FOLDER
+
+#include "Environment.h"
+#include "TarvoMainWindow.h"
+#include "TarvoSettings.h"
+#include "TarvoViewController.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QDialog>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPainter>
+#include <QStatusBar>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTextStream>
+#include <QTimer>
+#include <QToolBar>
+
+namespace {
+
+constexpr int kWidth = 1280; // pixels
+constexpr int kHeight = 800;
+constexpr int kTextSize = 10; // points
+constexpr int kPeriod = 20;   // ms
+constexpr int kRowsAbove = 8; // of the one that the Raw tab shows off
+
+void wait(int milliseconds) {
+    QElapsedTimer timer;
+    timer.start();
+    while (timer.elapsed() < milliseconds) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, kPeriod);
+    }
+}
+
+class Album {
+public:
+    explicit Album(QString folder) : _folder(std::move(folder)) {}
+
+    void keep(const QPixmap& picture, const QString& name) {
+        const QString path = _folder + "/" + name + ".png";
+        if (!picture.toImage().convertToFormat(QImage::Format_RGB32).save(path)) {
+            QTextStream(stderr) << "Can't write " << path << "\n";
+            _complete = false;
+        }
+    }
+    void keep(QWidget& widget, const QString& name) {
+        wait(100);
+        keep(widget.grab(), name);
+    }
+    /// The window with one of its menus open.
+    void keepMenu(QMainWindow& window, const char* menuName, const QString& name) {
+        auto* menu = window.findChild<QMenu*>(menuName);
+        const QPoint corner =
+            window.menuBar()->mapTo(&window, window.menuBar()->actionGeometry(menu->menuAction()).bottomLeft());
+        keepPopup(window, *menu, corner, name);
+    }
+    /// The window with a menu over it.
+    void keepPopup(QWidget& window, QMenu& menu, const QPoint& corner, const QString& name) {
+        menu.popup(window.mapToGlobal(corner));
+        wait(100);
+        QPixmap picture = window.grab();
+        QPainter(&picture).drawPixmap(corner, menu.grab());
+        menu.hide();
+        keep(picture, name);
+    }
+    bool complete() const { return _complete; }
+
+private:
+    QString _folder;
+    bool _complete = true;
+};
+
+/// Answers boxes, of which it keeps the first of a kind, and gives up dialogs.
+class Answers : public QObject {
+public:
+    explicit Answers(Album& album) : _album(album) { startTimer(kPeriod); }
+
+    /// The next box goes into the album under this name.
+    void keepNext(const QString& name) { _name = name; }
+
+protected:
+    void timerEvent(QTimerEvent* /*event*/) override {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr) {
+            return;
+        }
+        if (!_name.isEmpty()) {
+            _album.keep(dialog->grab(), _name);
+            _name.clear();
+        }
+        qobject_cast<QMessageBox*>(dialog) != nullptr ? dialog->accept() : dialog->reject();
+    }
+
+private:
+    Album& _album;
+    QString _name;
+};
+
+/// Smaller type than the shipped one, so that a page shows more of a window, and no dialog of its own accord.
+void adjustConfiguration() {
+    RegistryXML registry(TarvoSettings::configFile().toStdString(), "");
+    TarvoConfigSet set(&registry);
+    set.set("TextSizePt", kTextSize);
+    set.set("FontFamily", "DejaVu Sans");
+    set.set("AutoFile", 0.0);
+    set.set("OpenMaximized", 0.0);
+    set.save(false);
+}
+
+void showTab(TarvoViewController& view, int index) {
+    view.tabs()->setCurrentIndex(index);
+    wait(100);
+}
+
+/// A row that a check took something out of, well behind the equilibration of the sensors.
+int faultyRow(const QAbstractItemModel& model) {
+    constexpr int kBehindEquilibration = 100;
+    const int last = model.columnCount() - 1;
+    int row = kBehindEquilibration;
+    while (row < model.rowCount() && model.index(row, last).data().toString().isEmpty()) {
+        ++row;
+    }
+    return row;
+}
+
+/// What would differ from one run to the next.
+void settle(QMainWindow& window) {
+    window.statusBar()->clearMessage();
+    window.findChild<QLabel*>("_configDirLabel")->setText("CONFIG DIR: /home/operator/.config/Tarvo ");
+    window.findChild<QLabel*>("_statusAgent")->setText("Ready");
+}
+
+void takePictures(const QString& example, Album& album, Answers& answers) {
+    answers.keepNext("first-start-box");
+    { const TarvoMainWindow first; } // makes the files of the user
+    adjustConfiguration();
+    TarvoMainWindow window;
+    window.resize(kWidth, kHeight);
+    window.show();
+    settle(window);
+    album.keep(window, "window-empty");
+    window.processFile(example);
+    TarvoViewController* view = window.activeView();
+    if (view == nullptr) {
+        album.keep(QPixmap(), "main-tab");
+        return;
+    }
+    settle(window);
+    album.keep(window, "main-tab");
+    album.keepMenu(window, "_menuFile", "file-menu");
+
+    showTab(*view, 1);
+    auto* grid = view->tabs()->currentWidget()->findChild<QTableView*>();
+    const int fault = faultyRow(*grid->model());
+    grid->scrollTo(grid->model()->index(fault - kRowsAbove, 0), QAbstractItemView::PositionAtTop);
+    grid->setCurrentIndex(grid->model()->index(fault, 1));
+    album.keep(window, "raw-tab");
+    QMenu context;
+    context.setStyleSheet(window.menuBar()->styleSheet());
+    context.addActions(grid->actions());
+    const QPoint cell = grid->viewport()->mapTo(&window, grid->visualRect(grid->currentIndex()).center());
+    album.keepPopup(window, context, cell, "raw-context-menu");
+    showTab(*view, 2);
+    album.keep(window, "qc-tab");
+
+    showTab(*view, 1);
+    grid->selectColumn(0);
+    answers.keepNext("selection-error-box");
+    grid->actions().front()->trigger();
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    const QTemporaryDir home;
+    qputenv("HOME", home.path().toLocal8Bit());
+    qputenv("XDG_CONFIG_HOME", (home.path() + "/.config").toLocal8Bit());
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    setTimeZone("TZ=GMT0");
+    const QApplication application(argc, argv);
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() != 3) {
+        QTextStream(stderr) << "Usage: make-screenshots EXAMPLE FOLDER\n";
+        return 2;
+    }
+    Album album(arguments[2]);
+    Answers answers(album);
+    takePictures(arguments[1], album, answers);
+    return album.complete() ? 0 : 1;
+}
