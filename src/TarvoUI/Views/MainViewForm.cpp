@@ -107,7 +107,8 @@ QCheckBox* MainView::makeFlag(const char* name, const char* text) {
 }
 
 void MainView::addRow(const MainViewRow& plan, QLineEdit* reported) {
-    Row row{plan.overrideItem, plan.ignoreItem, reported, nullptr, new NumberEdit(this), new QPushButton("Clear", this)};
+    Row row{plan.overrideItem, plan.ignoreItem,      reported,
+            nullptr,           new NumberEdit(this), new QPushButton("Clear", this)};
     const QString quoted = QString(" \"%1\"").arg(plan.quoted);
     reported->setToolTip("Reported" + quoted);
     row.overrideEdit->setObjectName(plan.overrideName);

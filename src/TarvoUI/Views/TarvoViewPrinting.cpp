@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
+#include <cmath>
 
 namespace {
 
@@ -27,6 +28,7 @@ constexpr int kRuleWidth = 10;
 constexpr double kTextMarginMm = 7.5; // the bands below stand in the middle of the paper with it
 constexpr double kTextPoints = 9.0;
 constexpr double kPointsPerInch = 72.0;
+constexpr double kEdge = 2.0;           // points; lines of other pages that touch the edge aren't drawn
 constexpr double kRuleBelowHead = 2.5;  // points
 constexpr double kRuleAboveFoot = 1.25; // points
 
@@ -79,7 +81,8 @@ bool TarvoView::printPages(QTextDocument* doc, const QString& title, const QStri
                              QPageLayout::Millimeter);
     const PageTexts texts{title, subTitle, Listing::fit(*doc, subTitle, _printer, textRect().width())};
     doc->documentLayout()->setPaintDevice(_printer);
-    doc->setPageSize(textRect().size());
+    const QSizeF body = textRect().size();
+    doc->setPageSize({std::floor(body.width()), std::floor(body.height())}); // a layout rounds: pages would drift
     // A printer that makes copies itself would make copies of the copies.
     const int copies = _printer->supportsMultipleCopies() ? 1 : std::max(_printer->copyCount(), 1);
     const int rounds = _printer->collateCopies() ? copies : 1;
@@ -142,11 +145,11 @@ void TarvoView::paintPage(QPainter& painter, QTextDocument* doc, const PageTexts
     painter.drawLine(QPointF(foot.left(), above), QPointF(foot.right(), above));
 
     const QRectF body = textRect();
-    const QRectF slice(0.0, (page - 1) * body.height(), body.width(), body.height());
+    const QRectF slice(QPointF(0.0, (page - 1) * doc->pageSize().height()), doc->pageSize());
     painter.save();
     painter.translate(body.left(), body.top() - slice.top());
     QAbstractTextDocumentLayout::PaintContext context;
-    context.clip = slice;
+    context.clip = slice.adjusted(0.0, kEdge * point, 0.0, -kEdge * point);
     context.palette.setColor(QPalette::Text, Qt::black);
     painter.setClipRect(slice);
     doc->documentLayout()->draw(&painter, context);
