@@ -57,6 +57,7 @@ public:
         return 0;
     }
 
+    ModalAnswers answers; // to whatever comes up
     std::unique_ptr<View> view;
     std::unique_ptr<QSignalSpy> requests;
 };
@@ -187,25 +188,23 @@ TEST(RawView, WhatCanBeMarked) {
     const std::string only = "Only Pres/Tdry/RH/Wspd/Wdir/GPSAlt/Lat/Lon field(s) can be selected";
     for (int column = Time; column <= Attributes; ++column) {
         const bool may = column != Time && column != Alt && column != DzDt && column < Sats;
-        ModalAnswers answers;
         RawTab tab;
         tab.select({{kRow, column}});
         tab.choose("Set Ignore Attribute");
         EXPECT_EQ(tab.marked() > 0, may) << column;
         EXPECT_EQ(tab.requests->count(), may ? 1 : 0) << column;
-        EXPECT_EQ(answers.boxes().size(), may ? 0U : 1U) << column;
+        EXPECT_EQ(tab.answers.boxes().size(), may ? 0U : 1U) << column;
     }
-    ModalAnswers answers;
     RawTab tab;
     tab.select({{0, Pres}});
     tab.choose("Set Ignore Attribute");
     tab.select({{0, RH}, {kRow, RH}});
     tab.choose("Set Keep Attribute");
-    EXPECT_THAT(answers.texts(),
+    EXPECT_THAT(tab.answers.texts(),
                 ElementsAre("No launch param(s) or time field(s) can be selected;\n" + only,
                             "No launch param(s) can be selected;\nNo time field(s) can be selected;\n" + only));
-    EXPECT_EQ(answers.boxes().front().title, "Selection Error");
-    EXPECT_EQ(answers.boxes().front().icon, QMessageBox::Warning);
+    EXPECT_EQ(tab.answers.boxes().front().title, "Selection Error");
+    EXPECT_EQ(tab.answers.boxes().front().icon, QMessageBox::Warning);
     EXPECT_EQ(tab.marked(), 1);
     EXPECT_EQ(tab.requests->count(), 1);
 }
@@ -233,22 +232,20 @@ TEST(RawView, ARefusedOrderDoesNotShow) {
 }
 
 TEST(RawView, NothingSelected) {
-    ModalAnswers answers;
     RawTab tab;
     for (const char* command : {"Set Ignore Attribute", "Clear Ignore Attribute", "Set Keep Attribute",
                                 "Clear Keep Attribute", "Set end of drop time"}) {
         tab.choose(command);
     }
-    EXPECT_THAT(answers.texts(), testing::AllOf(testing::SizeIs(5), testing::Each("No data field(s) selected")));
+    EXPECT_THAT(tab.answers.texts(), testing::AllOf(testing::SizeIs(5), testing::Each("No data field(s) selected")));
     EXPECT_EQ(tab.requests->count(), 0);
 }
 
 TEST(RawView, TheEndOfTheDropIsOneRow) {
-    ModalAnswers answers;
     RawTab tab;
     tab.select({{kRow, Pres}, {kRow + 1, Pres}});
     tab.choose("Set end of drop time");
-    EXPECT_THAT(answers.texts(), ElementsAre("A single row must be selected to set end of drop time"));
+    EXPECT_THAT(tab.answers.texts(), ElementsAre("A single row must be selected to set end of drop time"));
     EXPECT_FALSE(tab.config.exists("LastDataTimeOverride"));
 
     const int row = tab.rowOf("500.50");
@@ -290,10 +287,9 @@ TEST(RawView, LongSoundingsStayQuick) {
     ASSERT_GE(tab.view->grid()->rowCount(), kRows);
     QElapsedTimer timer;
     timer.start();
-    ModalAnswers answers;
     tab.view->table()->selectAll();
     tab.choose("Set Ignore Attribute");
-    EXPECT_EQ(answers.boxes().size(), 1U);
+    EXPECT_EQ(tab.answers.boxes().size(), 1U);
     EXPECT_GE(tab.marked(), 5 * (kRows - 1));
     EXPECT_LT(timer.elapsed(), 3000);
 }
