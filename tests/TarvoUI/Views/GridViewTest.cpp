@@ -210,13 +210,19 @@ TEST(RawView, WhatCanBeMarked) {
 }
 
 TEST(RawView, AnEmptyCellMarksNoOtherSample) {
-    RawTab tab;
-    ASSERT_EQ(tab.text(1, Wspd), "");
-    tab.select({{1, Wspd}});
+    const TemporaryFolder folder;
+    CsvText csv(true);
+    csv.fields("Time,Pressure,Temperature,RH").line("Units,sec,mb,deg C,%");
+    csv.data("0,1000,20,50").data("1,999,,50").data("2,998,19,50").data("3,997,18,50");
+    writeFile(folder / "gap.csv", csv.text());
+    RawTab tab((folder / "gap.csv").string(), 2.0);
+    const int row = tab.rowOf("1.00");
+    ASSERT_EQ(tab.text(row, Tdry), "");
+    tab.select({{row, Tdry}});
     tab.choose("Set Ignore Attribute");
     EXPECT_EQ(tab.marked(), 0);
     EXPECT_EQ(tab.requests->count(), 0);
-    for (const Value& sample : *tab.editor().getSeries("RawWspd")) {
+    for (const Value& sample : *tab.editor().getSeries("RawTdry")) {
         EXPECT_FALSE(sample.testAttribute(Value::QcIgnore)) << sample.time();
     }
 }
