@@ -1,9 +1,18 @@
 #include "UiText.h"
 
 #include "Missing.h"
+#include "Text.h"
+
+#include <algorithm>
 
 QString numberText(double value, int decimals) {
     return value == kMissing ? QString() : QString::number(value, 'f', decimals);
+}
+
+std::string convertData(double value, int width, const char* format) {
+    constexpr int kWidest = 12;
+    return value == kMissing ? std::string(static_cast<std::size_t>(std::min(width, kWidest) + 1), ' ')
+                             : stringFormat(format, value) + " ";
 }
 
 QString textStyleSheet(int size, const QString& family) {

@@ -1,16 +1,26 @@
 #include "GridView.h"
 
+#include "Listing.h"
 #include "UiText.h"
 
+#include <QEvent>
 #include <QFileInfo>
+#include <QFontMetrics>
 #include <QHeaderView>
 #include <QMessageBox>
 #include <QVBoxLayout>
+#include <algorithm>
 
-GridView::GridView(std::vector<GridColumn> columns, bool withAttributes, DocumentController* doc, QPrinter* printer,
-                   QWidget* parent)
+namespace {
+
+constexpr int kRowsToLookAt = 100; // for the width of a column
+
+} // namespace
+
+GridView::GridView(std::vector<GridColumn> columns, bool withAttributes, int rowMargin, DocumentController* doc,
+                   QPrinter* printer, QWidget* parent)
     : TarvoView(doc, printer, parent), _grid(new SeriesGrid(std::move(columns), withAttributes, this)),
-      _table(new QTableView(this)), _topLabel(new QLabel(this)) {
+      _table(new QTableView(this)), _rowMargin(rowMargin), _topLabel(new QLabel(this)) {
     _topLabel->setAlignment(Qt::AlignCenter);
     _topLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
     _table->setModel(_grid);
@@ -18,37 +28,67 @@ GridView::GridView(std::vector<GridColumn> columns, bool withAttributes, Documen
     _table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     _table->setWordWrap(false);
     _table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    _table->verticalHeader()->setMinimumSectionSize(1);
+    _table->horizontalHeader()->setResizeContentsPrecision(kRowsToLookAt);
     _table->setTabKeyNavigation(false);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(_topLabel);
     layout->addWidget(_table);
+    fitToFont();
+    for (QWidget* typed : {static_cast<QWidget*>(_table), static_cast<QWidget*>(_table->horizontalHeader())}) {
+        typed->installEventFilter(this);
+    }
+}
+
+/// The size of the text is changed while the window is open.
+bool GridView::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FontChange) {
+        fitToFont();
+    }
+    return TarvoView::eventFilter(watched, event);
+}
+
+void GridView::fitToFont() {
+    const int height = QFontMetrics(_table->font()).height();
+    _table->verticalHeader()->setDefaultSectionSize(height + _rowMargin);
+    _table->setIconSize({height, height});
+    for (int column = 0; column < _grid->columnCount(); ++column) {
+        _table->setColumnWidth(column, wantedWidth(column));
+    }
+}
+
+void GridView::setUpPage() {
+    _printer->setPageOrientation(QPageLayout::Portrait);
 }
 
 void GridView::showDescription() {
     _topLabel->setText(_description);
 }
 
-void GridView::fitColumns() {
-    constexpr int kRowsToLookAt = 100;
-    _table->horizontalHeader()->setResizeContentsPrecision(kRowsToLookAt);
-    _table->resizeColumnsToContents();
+int GridView::wantedWidth(int column) const {
+    return std::max(static_cast<const QAbstractItemView*>(_table)->sizeHintForColumn(column),
+                    _table->horizontalHeader()->sectionSizeHint(column));
+}
+
+void GridView::widenColumns() {
+    for (int column = 0; column < _grid->columnCount(); ++column) {
+        _table->setColumnWidth(column, std::max(_table->columnWidth(column), wantedWidth(column)));
+    }
 }
 
 std::unique_ptr<QTextDocument> GridView::datalist() const {
-    auto listing = makeListing();
-    for (int row = 0; row < _grid->rowCount(); ++row) {
-        addListingLine(*listing, _grid->listingLine(row), row);
-    }
-    return listing;
+    return Listing::make(_grid->rowCount(), [this](int row) { return _grid->listingLine(row); });
 }
 
 int GridView::printPreview() {
+    setUpPage();
     const Words w = words();
     const auto listing = datalist();
     return previewText(listing.get(), w.listingTitle, w.listingHead, QString("Tarvo - Print Preview ") + w.title);
 }
 
 int GridView::print() {
+    setUpPage();
     const Words w = words();
     const auto listing = datalist();
     return printDoc(listing.get(), w.listingTitle, w.listingHead);

@@ -12,6 +12,7 @@ class GridView : public TarvoView {
     Q_OBJECT
 
 public:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     int printPreview() override;
     int print() override;
     int save() override;
@@ -30,21 +31,27 @@ protected:
         QString listingHead;
     };
 
-    GridView(std::vector<GridColumn> columns, bool withAttributes, DocumentController* doc, QPrinter* printer,
-             QWidget* parent);
+    /// Rows are as high as the type and \p rowMargin more.
+    GridView(std::vector<GridColumn> columns, bool withAttributes, int rowMargin, DocumentController* doc,
+             QPrinter* printer, QWidget* parent);
 
     virtual Words words() const = 0;
     /// Writes the data of the tab to \p path, in the format whose extension \p filter holds.
     virtual bool saveTo(const QString& path, const QString& filter) const = 0;
     std::unique_ptr<QTextDocument> datalist() const;
-    /// Headings as wide as their contents want, without looking at every row.
-    void fitColumns();
+    void setUpPage();
     void showDescription();
+    /// Columns that don't show their contents any more become wider; the others stay as the user left them.
+    void widenColumns();
 
     SeriesGrid* _grid;
     QTableView* _table;
     int _version = -1;
 
 private:
+    void fitToFont();
+    int wantedWidth(int column) const;
+
+    int _rowMargin;
     QLabel* _topLabel;
 };

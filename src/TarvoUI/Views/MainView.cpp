@@ -3,6 +3,7 @@
 #include "UiText.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 
 namespace {
@@ -14,6 +15,12 @@ constexpr double kMarginMm = 20.0;
 
 void showParameter(QLineEdit* edit, const LaunchParameter& parameter, int decimals) {
     edit->setText(parameter.avail(false) ? QString::number(parameter.value(), 'f', decimals) : QString());
+}
+
+/// Zero for what is no number.
+double numberOf(const QString& text) {
+    const double number = text.toDouble();
+    return std::isfinite(number) ? number : 0.0;
 }
 
 } // namespace
@@ -68,9 +75,23 @@ void MainView::showReported() {
     row("LastDataTimeOverride").reported->setText(QString::number(_editor->MaxLastDataTime(), 'f', kTimeDecimals));
 }
 
-void MainView::update() {
+void MainView::setUpPage() {
     _printer->setPageOrientation(QPageLayout::Landscape);
     _printer->setPageMargins(QMarginsF(kMarginMm, kMarginMm, kMarginMm, kMarginMm), QPageLayout::Millimeter);
+}
+
+int MainView::printPreview() {
+    setUpPage();
+    return previewGrab("Tarvo - Print Preview Main");
+}
+
+int MainView::print() {
+    setUpPage();
+    return printGrab("Tarvo - Print Main");
+}
+
+void MainView::update() {
+    setUpPage();
     _topLabel->setText(_description);
     setFormFromConfig();
     double value = 0.0;
@@ -104,7 +125,7 @@ void MainView::setConfigFromForm() {
         if (text.isEmpty()) {
             _configSet->remove(r.overrideItem);
         } else {
-            _configSet->add(r.overrideItem, text.toDouble(), false, false, true);
+            _configSet->add(r.overrideItem, numberOf(text), false, false, true);
         }
     }
     const auto setFlag = [this](const char* item, const QCheckBox* box) {

@@ -19,8 +19,8 @@ public:
     MainView(DocumentController* doc, QPrinter* printer, QWidget* parent);
 
     void update() override;
-    int printPreview() override { return previewGrab("Tarvo - Print Preview Main"); }
-    int print() override { return printGrab("Tarvo - Print Main"); }
+    int printPreview() override;
+    int print() override;
 
 private slots:
     void misc();
@@ -53,7 +53,10 @@ private:
     void addRow(const MainViewRow& plan, QLineEdit* reported);
     void connectRow(std::size_t index);
 
+    void setTabOrder();
+
     void initForm();
+    void setUpPage();
     void showReported();
     void setFormFromConfig();
     void setConfigFromForm();
@@ -76,6 +79,7 @@ private:
     QCheckBox* _hitSurface;
     QCheckBox* _heightsMissing;
     QCheckBox* _sfcAltUnknown;
+    QPushButton* _recompute;
     QGroupBox* _rhChannels;
     QRadioButton* _rhOmbraSelected;
     QRadioButton* _rhChannel1;

@@ -11,9 +11,15 @@ namespace {
 
 constexpr int kEditCharacters = 11;
 
-void setWidth(QLineEdit* edit) {
-    edit->setMinimumWidth(edit->fontMetrics().horizontalAdvance(QString(kEditCharacters, '0')));
-}
+/// Never too narrow for a number, whatever the size of the text.
+class NumberEdit : public QLineEdit {
+public:
+    using QLineEdit::QLineEdit;
+    QSize minimumSizeHint() const override {
+        return QLineEdit::minimumSizeHint().expandedTo(
+            {fontMetrics().horizontalAdvance(QString(kEditCharacters, '0')), 0});
+    }
+};
 
 } // namespace
 
@@ -53,18 +59,43 @@ MainView::MainView(DocumentController* doc, QPrinter* printer, QWidget* parent) 
     for (std::size_t index = 0; index < _rows.size(); ++index) {
         connectRow(index);
     }
+    setTabOrder();
     initForm();
 }
 
+/// Down the overrides, which are typed one after the other, then down the boxes and the buttons beside them.
+void MainView::setTabOrder() {
+    std::vector<QWidget*> order;
+    const auto addRows = [&](std::size_t first, std::size_t last) {
+        for (std::size_t i = first; i < last; ++i) {
+            order.push_back(_rows[i].overrideEdit);
+        }
+        for (std::size_t i = first; i < last; ++i) {
+            if (_rows[i].ignoreBox != nullptr) {
+                order.push_back(_rows[i].ignoreBox);
+            }
+        }
+        for (std::size_t i = first; i < last; ++i) {
+            order.push_back(_rows[i].clearButton);
+        }
+    };
+    addRows(0, kLaunchRows.size());
+    order.insert(order.end(), {_rhOmbraSelected, _rhChannel1, _rhChannel2, _recompute, _hitSurface, _heightsMissing,
+                               _sfcAltUnknown});
+    addRows(kLaunchRows.size(), _rows.size());
+    for (std::size_t i = 1; i < order.size(); ++i) {
+        QWidget::setTabOrder(order[i - 1], order[i]);
+    }
+}
+
 QLineEdit* MainView::makeReadOnly(const char* name) {
-    auto* edit = new QLineEdit(this);
+    auto* edit = new NumberEdit(this);
     edit->setObjectName(name);
     edit->setReadOnly(true);
     edit->setFocusPolicy(Qt::ClickFocus);
     QPalette shaded = edit->palette();
     shaded.setColor(QPalette::Base, shaded.color(QPalette::Window));
     edit->setPalette(shaded);
-    setWidth(edit);
     return edit;
 }
 
@@ -76,12 +107,12 @@ QCheckBox* MainView::makeFlag(const char* name, const char* text) {
 }
 
 void MainView::addRow(const MainViewRow& plan, QLineEdit* reported) {
-    Row row{plan.overrideItem, plan.ignoreItem, reported, nullptr, new QLineEdit(this), new QPushButton("Clear", this)};
+    Row row{plan.overrideItem, plan.ignoreItem,      reported,
+            nullptr,           new NumberEdit(this), new QPushButton("Clear", this)};
     const QString quoted = QString(" \"%1\"").arg(plan.quoted);
     reported->setToolTip("Reported" + quoted);
     row.overrideEdit->setObjectName(plan.overrideName);
     row.overrideEdit->setToolTip("Override" + quoted);
-    setWidth(row.overrideEdit);
     row.clearButton->setObjectName(plan.clearName);
     row.clearButton->setToolTip("Clear" + quoted + " manual override");
     row.clearButton->setAutoDefault(false);
@@ -135,7 +166,9 @@ QGroupBox* MainView::makeDropSurface() {
         addRow(plan, makeReadOnly(plan.reportedName));
         const Row& row = _rows.back();
         grid->addWidget(new QLabel(plan.label, box), line, 0, Qt::AlignBottom);
-        grid->addWidget(new QLabel(plan.overrideLabel, box), line, 1, Qt::AlignBottom);
+        auto* overrideLabel = new QLabel(plan.overrideLabel, box);
+        overrideLabel->setBuddy(row.overrideEdit);
+        grid->addWidget(overrideLabel, line, 1, Qt::AlignBottom);
         grid->addWidget(row.reported, line + 1, 0);
         grid->addWidget(row.overrideEdit, line + 1, 1);
         grid->addWidget(row.clearButton, line + 1, 2);
@@ -146,12 +179,12 @@ QGroupBox* MainView::makeDropSurface() {
 
 QGroupBox* MainView::makeComputations() {
     auto* box = new QGroupBox("Computations", this);
-    auto* button = new QPushButton("RECOMPUTE", box);
-    button->setObjectName("_recompute");
-    button->setToolTip("Reprocess the sounding");
-    button->setAutoDefault(false);
-    connect(button, &QPushButton::clicked, this, &MainView::recompute);
-    (new QHBoxLayout(box))->addWidget(button);
+    _recompute = new QPushButton("RECOMPUTE", box);
+    _recompute->setObjectName("_recompute");
+    _recompute->setToolTip("Reprocess the sounding");
+    _recompute->setAutoDefault(false);
+    connect(_recompute, &QPushButton::clicked, this, &MainView::recompute);
+    (new QHBoxLayout(box))->addWidget(_recompute);
     return box;
 }
 

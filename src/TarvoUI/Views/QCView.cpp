@@ -6,7 +6,6 @@
 #include "ProductColumns.h"
 #include "RevisionInfo.h"
 
-#include <QFontMetrics>
 #include <QHeaderView>
 #include <QMessageBox>
 #include <array>
@@ -46,14 +45,14 @@ constexpr std::array<AutoFormat, 6> kAutoFormats{{
 } // namespace
 
 QCView::QCView(DocumentController* doc, QPrinter* printer, QWidget* parent)
-    : GridView(columnsOf(doc->editor()->ascending()), false, doc, printer, parent) {
+    : GridView(columnsOf(doc->editor()->ascending()), false, kRowMargin, doc, printer, parent) {
     setObjectName("QCView");
     _table->horizontalHeader()->setSectionsClickable(false);
     _table->verticalHeader()->setSectionsClickable(false);
 }
 
 void QCView::update() {
-    _printer->setPageOrientation(QPageLayout::Portrait);
+    setUpPage();
     showDescription();
     if (_editor->QCversion() == _version) {
         return;
@@ -71,8 +70,7 @@ void QCView::update() {
     columns.push_back(all[C::Lat]);
     columns.push_back(all[C::Lon]);
     _grid->setRows(all.nRows(), columns);
-    _table->verticalHeader()->setDefaultSectionSize(QFontMetrics(_table->font()).height() + kRowMargin);
-    fitColumns();
+    widenColumns();
 }
 
 int QCView::autoSave() {

@@ -6,10 +6,10 @@
 #include "RevisionInfo.h"
 
 #include <QAction>
-#include <QFontMetrics>
-#include <QHeaderView>
 #include <QMessageBox>
 #include <algorithm>
+#include <set>
+#include <utility>
 
 namespace {
 
@@ -67,7 +67,7 @@ bool isMarkable(int row, int column) {
 } // namespace
 
 RawView::RawView(DocumentController* doc, QPrinter* printer, QWidget* parent)
-    : GridView(kGridColumns, true, doc, printer, parent) {
+    : GridView(kGridColumns, true, 0, doc, printer, parent) {
     setObjectName("RawView");
     int doQC = 0;
     _configSet->intValue("DoQC", doQC);
@@ -98,27 +98,25 @@ void RawView::makeContextMenu() {
 }
 
 void RawView::update() {
-    _printer->setPageOrientation(QPageLayout::Portrait);
+    setUpPage();
     showDescription();
     if (_editor->rawVersion() == _version) {
         return;
     }
     _version = _editor->rawVersion();
     DataArray rows;
+    std::vector<const Series*> series;
     for (const SeriesName& name : snames) {
-        rows.addSeries(_editor->getSeries(name.series));
+        series.push_back(_editor->getSeries(name.series));
+        rows.addSeries(series.back());
     }
     rows.generate();
     std::vector<const double*> columns;
     for (int column = 0; column < kColumns; ++column) {
         columns.push_back(rows.getColumn(column));
     }
-    _grid->setRows(rows.nRows(), columns);
-    for (int column = 0; column < kColumns; ++column) {
-        _grid->setAttributes(column, *_editor->getSeries(snames[static_cast<std::size_t>(column)].series));
-    }
-    _table->verticalHeader()->setDefaultSectionSize(QFontMetrics(_table->font()).height());
-    fitColumns();
+    _grid->setRows(rows.nRows(), columns, series);
+    widenColumns();
 }
 
 bool RawView::hasSelection() {
@@ -141,21 +139,25 @@ void RawView::markSelection(std::uint32_t bit, bool on, const char* refusal) {
     if (!hasSelection()) {
         return;
     }
-    bool marked = false;
+    std::set<std::pair<int, int>> cells; // column and row: a series is walked from its start to its end
     bool refused = false;
     for (const QModelIndex& cell : _table->selectionModel()->selectedIndexes()) {
         if (!isMarkable(cell.row(), cell.column())) {
             refused = true;
             continue;
         }
-        mark(cell.row(), cell.column(), bit, on);
+        cells.emplace(cell.column(), cell.row());
         for (const Pair& pair : kPairs) {
             if (cell.column() == pair.first || cell.column() == pair.second) {
-                mark(cell.row(), cell.column() == pair.first ? pair.second : pair.first, bit, on);
+                cells.emplace(cell.column() == pair.first ? pair.second : pair.first, cell.row());
             }
         }
-        marked = true;
     }
+    bool marked = false;
+    for (const auto& [column, row] : cells) {
+        marked = mark(row, column, bit, on) || marked;
+    }
+    _grid->showMarks();
     if (refused) {
         QMessageBox::warning(this, kSelectionError, refusal);
     }
@@ -164,10 +166,15 @@ void RawView::markSelection(std::uint32_t bit, bool on, const char* refusal) {
     }
 }
 
-void RawView::mark(int row, int column, std::uint32_t bit, bool on) {
-    _editor->setDataAtt(snames[static_cast<std::size_t>(column)].name, _grid->value(row, 0),
-                        static_cast<Value::AttributeType>(bit), on);
+/// An empty cell can't be marked: the order would go to the next sample of the series.
+bool RawView::mark(int row, int column, std::uint32_t bit, bool on) {
+    if (!_grid->hasValue(row, column) || !_grid->hasValue(row, 0) ||
+        !_editor->setDataAtt(snames[static_cast<std::size_t>(column)].name, _grid->value(row, 0),
+                             static_cast<Value::AttributeType>(bit), on)) {
+        return false;
+    }
     _grid->markCell(row, column, bit, on);
+    return true;
 }
 
 void RawView::setEndOfDrop() {

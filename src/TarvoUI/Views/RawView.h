@@ -30,6 +30,6 @@ private:
     void setIgnoreAtt(bool on);
     void setKeepAtt(bool on);
     void markSelection(std::uint32_t bit, bool on, const char* refusal);
-    void mark(int row, int column, std::uint32_t bit, bool on);
+    bool mark(int row, int column, std::uint32_t bit, bool on);
     bool hasSelection();
 };

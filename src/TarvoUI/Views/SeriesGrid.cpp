@@ -2,7 +2,6 @@
 
 #include "Missing.h"
 #include "Series.h"
-#include "Text.h"
 #include "UiText.h"
 
 namespace {
@@ -48,8 +47,16 @@ SeriesGrid::SeriesGrid(std::vector<GridColumn> columns, bool withAttributes, QOb
     }
 }
 
-void SeriesGrid::setRows(int n, const std::vector<const double*>& values) {
-    beginResetModel();
+bool SeriesGrid::hasValue(int row, int column) const {
+    return value(row, column) != kMissing;
+}
+
+void SeriesGrid::setRows(int n, const std::vector<const double*>& values,
+                         const std::vector<const Series*>& attributes) {
+    const bool resize = n != _rows;
+    if (resize) {
+        beginResetModel();
+    }
     _rows = n;
     _values.assign(static_cast<std::size_t>(n) * _columns.size(), kMissing);
     _attributes.assign(_withAttributes ? _values.size() : 0, 0);
@@ -58,7 +65,14 @@ void SeriesGrid::setRows(int n, const std::vector<const double*>& values) {
             _values[at(row, static_cast<int>(column))] = values[column][row];
         }
     }
-    endResetModel();
+    for (std::size_t column = 0; column < attributes.size(); ++column) {
+        setAttributes(static_cast<int>(column), *attributes[column]);
+    }
+    if (resize) {
+        endResetModel();
+    } else {
+        showMarks();
+    }
 }
 
 void SeriesGrid::setAttributes(int column, const Series& series) {
@@ -73,10 +87,16 @@ void SeriesGrid::setAttributes(int column, const Series& series) {
     }
 }
 
-void SeriesGrid::markCell(int row, int column, std::uint32_t bit, bool on) {
+void SeriesGrid::markCell(int row, int column, std::uint32_t order, bool on) {
     std::uint32_t& word = _attributes[at(row, column)];
-    word = on ? word | bit : word & ~bit;
-    emit dataChanged(index(row, 0), index(row, columnCount() - 1));
+    word = on ? (word & ~kOrders) | order : word & ~order;
+}
+
+/// One signal for all: tens of thousands of cells may be marked at once.
+void SeriesGrid::showMarks() {
+    if (_rows > 0) {
+        emit dataChanged(index(0, 0), index(_rows - 1, columnCount() - 1));
+    }
 }
 
 QString SeriesGrid::attributeText(int row) const {
@@ -98,9 +118,7 @@ QString SeriesGrid::listingLine(int row) const {
     std::string line;
     for (std::size_t column = 0; column < _columns.size(); ++column) {
         const GridColumn& c = _columns[column];
-        const double v = value(row, static_cast<int>(column));
-        line +=
-            v == kMissing ? std::string(static_cast<std::size_t>(c.width) + 1, ' ') : stringFormat(c.format, v) + " ";
+        line += convertData(value(row, static_cast<int>(column)), c.width, c.format);
     }
     return toQString(line) + (_withAttributes ? attributeText(row).leftJustified(kAttributeWidth) : QString());
 }

@@ -37,18 +37,21 @@ public:
     /// With \p withAttributes a last column tells the attributes of the row, and cells carry icons and tips.
     SeriesGrid(std::vector<GridColumn> columns, bool withAttributes, QObject* parent);
 
-    /// New rows, one pointer to n values for each column; the values are copied.
-    void setRows(int n, const std::vector<const double*>& values);
-    /// Takes the attributes of a series for a column, sample by sample at the time of its row (column 0).
-    void setAttributes(int column, const Series& series);
-    /// Sets or clears one attribute of a cell.
-    void markCell(int row, int column, std::uint32_t bit, bool on);
+    /// New rows, one pointer to n values for each column; the values are copied. The attributes of a column come from
+    /// its series, sample by sample at the time of the row (column 0). As many rows as before leave selection and place
+    /// as they are.
+    void setRows(int n, const std::vector<const double*>& values, const std::vector<const Series*>& attributes = {});
+    /// Sets or clears an order, QcIgnore or QcKeep, of a cell; either takes the place of the other. The cells that were
+    /// marked show after showMarks().
+    void markCell(int row, int column, std::uint32_t order, bool on);
+    void showMarks();
 
+    bool hasValue(int row, int column) const;
     double value(int row, int column) const { return _values[at(row, column)]; }
     std::uint32_t attributes(int row, int column) const { return _attributes[at(row, column)]; }
     /// "Ig We " of all columns of a row.
     QString attributeText(int row) const;
-    /// One line of a listing, and the head of all.
+    /// One line of a listing.
     QString listingLine(int row) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -60,6 +63,7 @@ private:
     std::size_t at(int row, int column) const {
         return static_cast<std::size_t>(row) * _columns.size() + static_cast<std::size_t>(column);
     }
+    void setAttributes(int column, const Series& series);
     bool isAttributeColumn(int column) const { return column == static_cast<int>(_columns.size()); }
     std::uint32_t attributesOfRow(int row) const;
     QVariant tip(int row, int column) const;

@@ -1,13 +1,12 @@
 #include "TarvoView.h"
 
-#include "Missing.h"
-#include "Text.h"
 #include "UiText.h"
 
 #include <QDir>
 #include <QFileDialog>
-#include <QTextBlock>
-#include <QTextCursor>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <algorithm>
 
 TarvoView::TarvoView(DocumentController* doc, QPrinter* printer, QWidget* parent)
     : QWidget(parent), _configSet(doc->configSet()), _doc(doc), _editor(doc->editor()),
@@ -27,12 +26,6 @@ QString TarvoView::configText(const char* key) const {
     std::string text;
     _configSet->text(key, text);
     return toQString(text);
-}
-
-std::string TarvoView::convertData(double value, int width, const char* format) {
-    constexpr int kWidest = 12;
-    return value == kMissing ? std::string(static_cast<std::size_t>(std::min(width, kWidest) + 1), ' ')
-                             : stringFormat(format, value) + " ";
 }
 
 void TarvoView::setCellValue(QTableWidget* table, int row, int column, double value, int precision) {
@@ -82,6 +75,21 @@ QString TarvoView::getRootFilename() const {
     return dot < 0 ? name : name.left(dot);
 }
 
+/// The name with the extension of a filter like "netCDF (*.nc)", unless it has it. A file that isn't the one that the
+/// dialog asked about isn't replaced without a question: empty when the user keeps it.
+QString TarvoView::withExtension(const QString& name, const QString& filter, const QString& title) {
+    const QString extension = filter.section("(*", 1).section(')', 0, 0);
+    if (name.isEmpty() || extension.isEmpty() || name.endsWith(extension, Qt::CaseInsensitive)) {
+        return name;
+    }
+    const QString whole = name + extension;
+    const bool keep =
+        QFileInfo::exists(whole) &&
+        QMessageBox::question(this, title, "\"" + whole + "\" already exists.\nDo you want to replace it?",
+                              QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes;
+    return keep ? QString() : whole;
+}
+
 QString TarvoView::getSaveFilename(const QString& title, const QString& filter, const QString& directory,
                                    const QString& suffix, QString* selectedFilter) {
     QString folder = isOn("FixedSrcEnabled") ? configText("FixedSrcDir") : directory;
@@ -91,24 +99,7 @@ QString TarvoView::getSaveFilename(const QString& title, const QString& filter, 
     if (!folder.endsWith('/')) {
         folder += "/";
     }
-    return QFileDialog::getSaveFileName(this, title, folder + getRootFilename() + suffix, filter, selectedFilter);
-}
-
-std::unique_ptr<QTextDocument> TarvoView::makeListing() {
-    auto listing = std::make_unique<QTextDocument>();
-    listing->setDefaultFont(QFont("courier", 9));
-    listing->setUndoRedoEnabled(false);
-    return listing;
-}
-
-void TarvoView::addListingLine(QTextDocument& listing, const QString& line, int row) {
-    QTextCursor cursor(&listing);
-    cursor.movePosition(QTextCursor::End);
-    if (row > 0) {
-        cursor.insertBlock();
-    }
-    QTextBlockFormat format;
-    format.setBackground(QColor(row % 2 != 0 ? "#F0F0F0" : "#FFFFFF"));
-    cursor.setBlockFormat(format);
-    cursor.insertText(line);
+    const QString name =
+        QFileDialog::getSaveFileName(this, title, folder + getRootFilename() + suffix, filter, selectedFilter);
+    return withExtension(name, selectedFilter == nullptr ? QString() : *selectedFilter, title);
 }

@@ -42,8 +42,6 @@ protected:
     bool isOn(const char* key) const;
     QString configText(const char* key) const;
 
-    /// A value of a listing: \p format, then a blank; blanks only for the missing value.
-    static std::string convertData(double value, int width, const char* format);
     static void setCellValue(QTableWidget* table, int row, int column, double value, int precision);
     static void setCellValue(QTableWidget* table, int row, int column, const QString& text);
     static void setCellBackground(QTableWidget* table, int row, int column, const QColor& color);
@@ -54,17 +52,15 @@ protected:
 
     /// The first word of the description, cut at its last ".": what the names of products begin with.
     QString getRootFilename() const;
-    /// Asks for the name of a product: directory, root and suffix are proposed. Empty when the user gives it up.
+    /// Asks for the name of a product: directory, root and suffix are proposed, and the extension of the chosen filter
+    /// is added to a name without it. Empty when the user gives it up.
     QString getSaveFilename(const QString& title, const QString& filter, const QString& directory,
                             const QString& suffix, QString* selectedFilter);
 
-    /// A document to be filled with the lines of a listing.
-    static std::unique_ptr<QTextDocument> makeListing();
-    static void addListingLine(QTextDocument& listing, const QString& line, int row);
-
     // Printing of texts, page by page with head and foot.
     QRectF textRect() const;
-    void printPages(QTextDocument* doc, const QString& title, const QString& subTitle);
+    /// False when the printer can't be written to.
+    bool printPages(QTextDocument* doc, const QString& title, const QString& subTitle);
     int printDoc(QTextDocument* doc, const QString& title, const QString& subTitle);
     void previewDoc(QTextDocument* doc, const QString& title, const QString& subTitle);
     int previewText(QTextDocument* doc, const QString& title, const QString& subTitle, const QString& dialogTitle);
@@ -85,5 +81,14 @@ protected:
     QPrinter* _printer;
 
 private:
-    void paintPage(QPainter& painter, QTextDocument* doc, const QString& title, const QString& subTitle, int page);
+    /// What stands on every page.
+    struct PageTexts {
+        QString title;
+        QString subTitle;
+        double subTitlePoints; ///< size of the type
+    };
+
+    QString withExtension(const QString& name, const QString& filter, const QString& title);
+    void printNatively();
+    void paintPage(QPainter& painter, QTextDocument* doc, const PageTexts& texts, int page);
 };

@@ -1,14 +1,17 @@
 // How the tabs come onto paper.
 
+#include "Listing.h"
 #include "TarvoView.h"
 #include "UiText.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMessageBox>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
+#include <cmath>
 
 namespace {
 
@@ -22,7 +25,10 @@ constexpr double k03Cm = 0.11811044100000001;
 constexpr int kPreviewWidth = 750;
 constexpr int kPreviewHeight = 600;
 constexpr int kRuleWidth = 10;
+constexpr double kTextMarginMm = 7.5; // the bands below stand in the middle of the paper with it
+constexpr double kTextPoints = 9.0;
 constexpr double kPointsPerInch = 72.0;
+constexpr double kEdge = 2.0;           // points; lines of other pages that touch the edge aren't drawn
 constexpr double kRuleBelowHead = 2.5;  // points
 constexpr double kRuleAboveFoot = 1.25; // points
 
@@ -47,9 +53,8 @@ struct Dots {
     double y;
 };
 
-void startWork(QTextDocument& work, QPainter& painter, double width) {
-    QFont font("courier", 9, 75);
-    work.setDefaultFont(font);
+void startWork(QTextDocument& work, QPainter& painter, double width, double points = kTextPoints) {
+    work.setDefaultFont(Listing::font(points, QFont::Bold));
     work.documentLayout()->setPaintDevice(painter.device());
     work.setDocumentMargin(0.0);
     work.setTextWidth(width);
@@ -71,10 +76,15 @@ QRectF TarvoView::textRect() const {
                                                                           dots.y * kCm - dots.y * k03Cm);
 }
 
-void TarvoView::printPages(QTextDocument* doc, const QString& title, const QString& subTitle) {
+bool TarvoView::printPages(QTextDocument* doc, const QString& title, const QString& subTitle) {
+    _printer->setPageMargins(QMarginsF(kTextMarginMm, kTextMarginMm, kTextMarginMm, kTextMarginMm),
+                             QPageLayout::Millimeter);
+    const PageTexts texts{title, subTitle, Listing::fit(*doc, subTitle, _printer, textRect().width())};
     doc->documentLayout()->setPaintDevice(_printer);
-    doc->setPageSize(textRect().size());
-    const int copies = std::max(_printer->copyCount(), 1);
+    const QSizeF body = textRect().size();
+    doc->setPageSize({std::floor(body.width()), std::floor(body.height())}); // a layout rounds: pages would drift
+    // A printer that makes copies itself would make copies of the copies.
+    const int copies = _printer->supportsMultipleCopies() ? 1 : std::max(_printer->copyCount(), 1);
     const int rounds = _printer->collateCopies() ? copies : 1;
     const int repeats = _printer->collateCopies() ? 1 : copies;
     int from = _printer->fromPage();
@@ -87,7 +97,10 @@ void TarvoView::printPages(QTextDocument* doc, const QString& title, const QStri
     to = std::min(to, doc->pageCount());
     const bool backward = _printer->pageOrder() == QPrinter::LastPageFirst;
 
-    QPainter painter(_printer);
+    QPainter painter;
+    if (!painter.begin(_printer)) {
+        return false;
+    }
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
     painter.setPen(QPen(Qt::black, kRuleWidth));
     bool firstPage = true;
@@ -98,29 +111,29 @@ void TarvoView::printPages(QTextDocument* doc, const QString& title, const QStri
                     _printer->newPage();
                 }
                 firstPage = false;
-                paintPage(painter, doc, title, subTitle, backward ? to - n : from + n);
+                paintPage(painter, doc, texts, backward ? to - n : from + n);
             }
         }
     }
+    return painter.end();
 }
 
-void TarvoView::paintPage(QPainter& painter, QTextDocument* doc, const QString& title, const QString& subTitle,
-                          int page) {
+void TarvoView::paintPage(QPainter& painter, QTextDocument* doc, const PageTexts& texts, int page) {
     const Dots dots(*_printer);
     const double point = dots.y / kPointsPerInch;
 
     const QRectF head = dots.head();
     QTextDocument work;
     startWork(work, painter, head.width());
-    work.setHtml(QString(kHead).arg(title.toHtmlEscaped(), _description.toHtmlEscaped()));
+    work.setHtml(QString(kHead).arg(texts.title.toHtmlEscaped(), _description.toHtmlEscaped()));
     drawAt(painter, work, {head.left(), head.bottom() - work.size().height()});
     const double below = head.bottom() + kRuleBelowHead * point;
     painter.drawLine(QPointF(head.left(), below), QPointF(head.right(), below));
 
     const QRectF subHead = dots.subHead();
     QTextDocument subWork;
-    startWork(subWork, painter, subHead.width());
-    subWork.setPlainText(subTitle);
+    startWork(subWork, painter, subHead.width(), texts.subTitlePoints);
+    subWork.setPlainText(texts.subTitle);
     drawAt(painter, subWork, subHead.topLeft());
 
     const QRectF foot = dots.foot();
@@ -132,20 +145,25 @@ void TarvoView::paintPage(QPainter& painter, QTextDocument* doc, const QString& 
     painter.drawLine(QPointF(foot.left(), above), QPointF(foot.right(), above));
 
     const QRectF body = textRect();
-    const QRectF slice(0.0, (page - 1) * body.height(), body.width(), body.height());
+    const QRectF slice(QPointF(0.0, (page - 1) * doc->pageSize().height()), doc->pageSize());
     painter.save();
     painter.translate(body.left(), body.top() - slice.top());
     QAbstractTextDocumentLayout::PaintContext context;
-    context.clip = slice;
+    context.clip = slice.adjusted(0.0, kEdge * point, 0.0, -kEdge * point);
     context.palette.setColor(QPalette::Text, Qt::black);
     painter.setClipRect(slice);
     doc->documentLayout()->draw(&painter, context);
     painter.restore();
 }
 
-int TarvoView::printDoc(QTextDocument* doc, const QString& title, const QString& subTitle) {
+/// A PDF file that was saved before isn't written once more.
+void TarvoView::printNatively() {
     _printer->setOutputFormat(QPrinter::NativeFormat);
     _printer->setOutputFileName(QString());
+}
+
+int TarvoView::printDoc(QTextDocument* doc, const QString& title, const QString& subTitle) {
+    printNatively();
     QPrintDialog dialog(_printer, this);
     dialog.setWindowTitle("Tarvo Print Document");
     if (dialog.exec() == QDialog::Accepted) {
@@ -160,6 +178,7 @@ void TarvoView::previewDoc(QTextDocument* doc, const QString& title, const QStri
 
 int TarvoView::previewText(QTextDocument* doc, const QString& title, const QString& subTitle,
                            const QString& dialogTitle) {
+    printNatively();
     QPrintPreviewDialog dialog(_printer, this);
     dialog.setWindowTitle(dialogTitle);
     dialog.setMinimumSize(kPreviewWidth, kPreviewHeight);
@@ -184,11 +203,15 @@ int TarvoView::saveDoc(QTextDocument* doc, const QString& title, const QString& 
     }
     _printer->setOutputFormat(QPrinter::PdfFormat);
     _printer->setOutputFileName(name);
-    printPages(doc, title, subTitle);
+    if (!printPages(doc, title, subTitle)) {
+        QMessageBox::critical(this, "File Save Error", "Tarvo can't save the file.");
+    }
+    printNatively();
     return 0;
 }
 
 int TarvoView::printGrab(const QString& dialogTitle) {
+    printNatively();
     QPrintDialog dialog(_printer, this);
     dialog.setWindowTitle(dialogTitle);
     if (dialog.exec() == QDialog::Accepted) {
@@ -198,6 +221,7 @@ int TarvoView::printGrab(const QString& dialogTitle) {
 }
 
 int TarvoView::previewGrab(const QString& dialogTitle) {
+    printNatively();
     QPrintPreviewDialog dialog(_printer, this);
     dialog.setWindowTitle(dialogTitle);
     dialog.setMinimumSize(kPreviewWidth, kPreviewHeight);

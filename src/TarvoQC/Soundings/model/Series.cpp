@@ -133,8 +133,8 @@ int Series::lowerBound(double time) const {
         return i <= lastIndex() && at(i).time() >= time && (i == 0 || at(i - 1).time() < time);
     };
     if (!isIt(_cursor) && !isIt(++_cursor)) {
-        _cursor = static_cast<int>(std::lower_bound(_values.begin(), _values.end(), Value(0.0, time)) -
-                                   _values.begin());
+        _cursor =
+            static_cast<int>(std::lower_bound(_values.begin(), _values.end(), Value(0.0, time)) - _values.begin());
     }
     return _cursor;
 }
@@ -146,6 +146,14 @@ int Series::indexFromTime(double time) const {
     }
     const auto found =
         std::find_if(_values.begin(), _values.end(), [&](const Value& value) { return value.time() == time; });
+    return found == _values.end() ? -1 : static_cast<int>(found - _values.begin());
+}
+
+int Series::indexNear(double time, double tolerance) const {
+    // A little early, since the difference of two times is rounded, and the rest of the way on foot.
+    const int start = isAscending() ? lowerBound(time - 2.0 * tolerance) : 0;
+    const auto found = std::find_if(_values.begin() + start, _values.end(),
+                                    [&](const Value& value) { return time - value.time() < tolerance; });
     return found == _values.end() ? -1 : static_cast<int>(found - _values.begin());
 }
 

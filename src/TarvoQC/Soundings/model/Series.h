@@ -70,6 +70,8 @@ public:
 
     /// Index of the first value whose time equals \p time exactly, else -1.
     int indexFromTime(double time) const;
+    /// Index of the first value less than \p tolerance before \p time or later, else -1.
+    int indexNear(double time, double tolerance) const;
 
     /// The value at \p time on the straight line of the first adjacent pair that brackets it, or exactly that of a
     /// sample at \p time whatever the gaps around it. False, and \p out left alone, for a time outside the series or

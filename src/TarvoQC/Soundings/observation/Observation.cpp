@@ -350,12 +350,10 @@ bool Observation::setDataAtt(const Id& id, double time, Value::AttributeType att
     if (series == nullptr) {
         return false;
     }
-    const auto found =
-        std::find_if(series->begin(), series->end(), [&](const Value& value) { return time - value.time() < 0.01; });
-    if (found == series->end()) {
+    const int i = series->indexNear(time, 0.01);
+    if (i < 0) {
         return true;
     }
-    const int i = static_cast<int>(found - series->begin());
     if (!set) {
         series->clearAttribute(i, attribute);
         return true;

@@ -63,6 +63,15 @@ Answer walkToDatum(const std::vector<Sample>& s, double datum) {
     return {};
 }
 
+int walkNear(const std::vector<Sample>& s, double time, double tolerance) {
+    for (std::size_t i = 0; i < s.size(); ++i) {
+        if (time - s[i].first < tolerance) {
+            return static_cast<int>(i);
+        }
+    }
+    return -1;
+}
+
 int walkToIndex(const std::vector<Sample>& s, double time) {
     for (std::size_t i = 0; i < s.size(); ++i) {
         if (s[i].first == time) {
@@ -140,6 +149,7 @@ TEST(SeriesSearch, agreesWithTheWalkOnRandomSeries) {
             ASSERT_TRUE(agrees(walkToDatum(samples, datum), crosses, atDatum))
                 << testing::PrintToString(samples) << " datum " << datum << " gave " << atDatum;
             ASSERT_EQ(series.indexFromTime(time), walkToIndex(samples, time)) << testing::PrintToString(samples);
+            ASSERT_EQ(series.indexNear(time, 0.01), walkNear(samples, time, 0.01)) << testing::PrintToString(samples);
             if (query % 12 == 11) {
                 random.change(series);
             }

@@ -1,0 +1,168 @@
+// Saving from the Raw and the QC tab, and saving by itself after a run.
+
+#include "ModalAnswers.h"
+#include "OpenSounding.h"
+#include "QCView.h"
+#include "RawView.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <gmock/gmock.h>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+template <typename View>
+class SaveTab : public OpenSounding {
+public:
+    SaveTab() : OpenSounding(example(kFaulty)) {
+        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+        doc.process();
+        view = std::make_unique<View>(&doc, &printer, nullptr);
+        view->show();
+        view->update();
+    }
+
+    /// Saves with the dialog of \p title answered by a filter and a name, and keeps what the dialog offered.
+    void saveAs(const char* title, const QString& filter, const QString& name) {
+        answers.operate(title, [=](QDialog& dialog) {
+            auto& asked = dynamic_cast<QFileDialog&>(dialog);
+            filters = asked.nameFilters();
+            selected = asked.selectedNameFilter();
+            folderOffered = asked.directory().path();
+            nameOffered = asked.findChild<QLineEdit*>("fileNameEdit")->text();
+            if (name.isEmpty()) {
+                dialog.reject();
+                return;
+            }
+            asked.selectNameFilter(filter);
+            emit asked.filterSelected(filter);
+            asked.findChild<QLineEdit*>("fileNameEdit")->setText(path(name));
+            dialog.accept();
+        });
+        view->save();
+    }
+    QString path(const QString& name) const { return QString::fromStdString((folder / name.toStdString()).string()); }
+
+    TemporaryFolder folder;
+    ModalAnswers answers;
+    std::unique_ptr<View> view;
+    QStringList filters;
+    QString selected;
+    QString folderOffered;
+    QString nameOffered;
+};
+
+const char* const kRawDialog = "Tarvo - Save Raw";
+const char* const kQcDialog = "Tarvo - Save QC";
+const char* const kCsv = "Comma Separated (*.csv)";
+
+} // namespace
+
+TEST(Save, RawOffersItsFormatsAndName) {
+    SaveTab<RawView> tab;
+    tab.config.set("RawSaveDir", tab.folder.path().string());
+    tab.saveAs(kRawDialog, kCsv, "");
+    EXPECT_EQ(tab.filters.join("|").toStdString(),
+              "TROVE (*.trv)|netCDF (*.nc)|Comma Separated (*.csv)|KIVU ZOR (*.zor)");
+    EXPECT_EQ(tab.selected.toStdString(), "netCDF (*.nc)");
+    EXPECT_EQ(tab.nameOffered.toStdString(), "D20210914_043120RAW");
+    EXPECT_EQ(tab.folderOffered.toStdString(), tab.folder.path().string());
+    EXPECT_EQ(tab.folder.size(), 0);
+}
+
+TEST(Save, QcOffersItsFormatsAndName) {
+    SaveTab<QCView> tab;
+    tab.config.set("QCSaveDir", "/no/such/folder");
+    tab.saveAs(kQcDialog, kCsv, "");
+    EXPECT_EQ(tab.filters.join("|").toStdString(), "TROVE (*.trv)|netCDF (*.nc)|NOAA FRD (*.frd)|Comma Separated "
+                                                   "(*.csv)|KIVU ZOR (*.zor)|WMO BUFR (*.bfr)");
+    EXPECT_EQ(tab.selected.toStdString(), "netCDF (*.nc)");
+    EXPECT_EQ(tab.nameOffered.toStdString(), "D20210914_043120QC");
+    EXPECT_EQ(tab.folderOffered, QDir::homePath());
+    tab.config.set("FixedSrcEnabled", 1.0);
+    tab.config.set("FixedSrcDir", tab.folder.path().string());
+    tab.saveAs(kQcDialog, kCsv, "");
+    EXPECT_EQ(tab.folderOffered.toStdString(), tab.folder.path().string());
+    EXPECT_EQ(tab.text("QCSaveDir"), "/no/such/folder"); // nothing was saved
+}
+
+TEST(Save, TheExtensionOfTheFilterIsAdded) {
+    for (const char* name : {"data.csv", "data", "DATA.CSV"}) {
+        SaveTab<QCView> tab;
+        tab.saveAs(kQcDialog, kCsv, name);
+        const std::string expected = name == std::string("data") ? "data.csv" : name;
+        EXPECT_THAT(readFile(tab.folder / expected), testing::HasSubstr("FileFormat,CSV")) << name;
+        EXPECT_EQ(tab.folder.size(), 1);
+        EXPECT_THAT(tab.answers.texts(), IsEmpty());
+        EXPECT_EQ(tab.text("QCSaveDir"), tab.folder.path().string());
+    }
+}
+
+TEST(Save, AFileIsOnlyReplacedByConsent) {
+    for (const auto& [answer, replaced] : {std::pair(QMessageBox::No, false), std::pair(QMessageBox::Yes, true)}) {
+        SaveTab<RawView> tab;
+        writeFile(tab.folder / "data.csv", "precious");
+        tab.answers.press(kRawDialog, answer);
+        tab.saveAs(kRawDialog, kCsv, "data");
+        EXPECT_EQ(readFile(tab.folder / "data.csv") == "precious", !replaced);
+        ASSERT_EQ(tab.answers.boxes().size(), 1U);
+        EXPECT_EQ(tab.answers.boxes().front().icon, QMessageBox::Question);
+    }
+}
+
+TEST(Save, WhatCantBeWrittenIsTold) {
+    SaveTab<RawView> tab;
+    QDir().mkpath(tab.path("folder.csv/inside"));
+    tab.saveAs(kRawDialog, kCsv, "no/such/place.csv");
+    tab.saveAs(kRawDialog, "KIVU ZOR (*.zor)", "data.zor");
+    EXPECT_THAT(tab.answers.texts(), ElementsAre("Tarvo can't save the file.", "Tarvo can't save the file."));
+    EXPECT_EQ(tab.answers.boxes().back().title, "File Save Error");
+    EXPECT_EQ(tab.answers.boxes().back().icon, QMessageBox::Critical);
+    EXPECT_EQ(tab.folder.size(), 1); // no trace of what failed
+}
+
+TEST(AutoSave, WritesEachFormatThatIsOnAndTellsOfEachFailure) {
+    SaveTab<QCView> tab;
+    tab.config.set("QCAutoSaveDir", tab.folder.path().string());
+    for (const char* format : {"Zor", "Frd", "Trv", "Nc", "Csv", "Bufr"}) {
+        tab.config.set(std::string("QCAutoSaveFmt") + format, 0.0);
+    }
+    tab.view->autoSave();
+    EXPECT_EQ(tab.folder.size(), 0);
+    EXPECT_THAT(tab.answers.texts(), IsEmpty());
+
+    // A folder stands where the file should.
+    QDir().mkpath(tab.path("D20210914_043120QC.zor/inside"));
+    tab.config.set("QCAutoSaveFmtZor", 1.0);
+    tab.config.set("QCAutoSaveFmtCsv", 1.0);
+    tab.view->autoSave();
+    EXPECT_THAT(tab.answers.texts(), ElementsAre("Tarvo can't save the file to format .zor"));
+    EXPECT_EQ(tab.answers.boxes().front().title, "File Save Error");
+    EXPECT_EQ(tab.answers.boxes().front().icon, QMessageBox::Warning);
+    EXPECT_THAT(readFile(tab.folder / "D20210914_043120QC.csv"), testing::HasSubstr("FileFormat,CSV"));
+}
+
+TEST(AutoSave, AFolderThatIsGoneIsReplacedByTheHomeOnce) {
+    SaveTab<QCView> tab;
+    tab.config.set("QCAutoSaveDir", "/no/such/folder");
+    tab.config.set("QCAutoSaveFmtCsv", 1.0);
+    tab.view->autoSave();
+    tab.view->autoSave();
+    const std::string home = QDir::homePath().toStdString() + "/";
+    std::vector<std::string> told;
+    for (const ModalAnswers::Box& box : tab.answers.boxes()) {
+        if (box.title == "Invalid Autosave Directory") {
+            told.push_back(box.text);
+            EXPECT_EQ(box.icon, QMessageBox::Information);
+        }
+    }
+    EXPECT_THAT(told,
+                ElementsAre("QC Autosave - QCAutoSaveDir \"/no/such/folder/\" no longer exists. Tarvo will use the "
+                            "home directory \"" +
+                            home + "\"."));
+    EXPECT_EQ(tab.text("QCAutoSaveDir"), home);
+    EXPECT_TRUE(QFile::exists(QString::fromStdString(home) + "D20210914_043120QC.csv"));
+}
