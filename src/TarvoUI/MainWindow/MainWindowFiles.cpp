@@ -38,10 +38,12 @@ void TarvoMainWindow::open() {
         directory = QDir::homePath();
     }
     _recentFiles.read();
-    QString filter = configText("OpenFileSeleFilter");
-    const QString path =
-        QFileDialog::getOpenFileName(this, "Tarvo - Open Sounding File", directory, kOpenFilters, &filter);
-    _configSet->set("OpenFileSeleFilter", filter.toStdString());
+    QFileDialog dialog(this, "Tarvo - Open Sounding File", directory, kOpenFilters);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.selectNameFilter(configText("OpenFileSeleFilter"));
+    const QString path = dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    // Kept also when no file was chosen.
+    _configSet->set("OpenFileSeleFilter", dialog.selectedNameFilter().toStdString());
     _configSet->save(false);
     QCoreApplication::processEvents(); // the dialog goes ahead of a long run
     if (path.isEmpty()) {
@@ -171,11 +173,14 @@ TarvoViewController* TarvoMainWindow::createViewsAndProcessFile(const QString& p
 }
 
 void TarvoMainWindow::showView(TarvoViewController* view) {
+    // Otherwise each change of a window goes through all widgets of all windows, twice.
+    _mdiArea->setUpdatesEnabled(false);
     view->show();
     arrangeIcons();
     QMdiSubWindow* window = subWindowOf(view);
     _mdiArea->setActiveSubWindow(window);
     window->showMaximized();
+    _mdiArea->setUpdatesEnabled(true);
 }
 
 void TarvoMainWindow::closeFile() {
