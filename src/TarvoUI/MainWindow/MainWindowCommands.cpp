@@ -254,10 +254,11 @@ void TarvoMainWindow::showStatusbar() {
     statusBar()->setVisible(action("_actionStatusbar")->isChecked());
 }
 
-/// Every icon gets its place anew whenever one window becomes an icon, so those that are icons already stay as they are:
-/// to show a hundred windows once more takes seconds.
+/// Every icon gets its place anew whenever one window becomes an icon, so those that are icons already stay as they
+/// are: to show a hundred windows once more takes seconds.
 void TarvoMainWindow::arrangeIcons() {
-    // Otherwise the window that follows an active one which becomes an icon is maximised in its place, one after another.
+    // Otherwise the window that follows an active one which becomes an icon is maximised in its place, one after
+    // another.
     _mdiArea->setOption(QMdiArea::DontMaximizeSubWindowOnActivation, true);
     for (QMdiSubWindow* window : _mdiArea->subWindowList()) {
         if (!window->isMinimized()) {

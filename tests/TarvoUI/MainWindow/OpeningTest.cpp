@@ -185,19 +185,13 @@ TEST_F(OpeningTest, FailuresAreToldAndLeaveNothing) {
 }
 
 TEST_F(OpeningTest, WhatQCFindsWrongIsToldAndTheTabsAreFilled) {
-    std::string text = "FileFormat,CSV\nYear,2021\nMonth,08\nDay,03\nHour,17\nMinute,22\nSecond,45\n"
-                       "Ascending,\"false\"\nFields,Time,Pressure,Temperature,RH\n";
-    for (int i = 0; i < 100; ++i) { // some 60 m/s
-        text += QString::asprintf("Data,%d,%.2f,10.0,50.0\n", i, 300.0 + 7.0 * i).toStdString();
-    }
-    writeFile(path("stone.csv"), text);
     start();
-    open(path("stone.csv"));
+    open(makeSounding("short.csv", 20)); // too short for the filters
     ASSERT_EQ(answers.boxes().size(), 1U);
     EXPECT_EQ(answers.boxes()[0].title, "Processing Alert");
     EXPECT_EQ(answers.boxes()[0].icon, QMessageBox::Warning);
-    EXPECT_THAT(answers.boxes()[0].text, testing::StartsWith("\"stone.csv\":\n\n- This appears to be a fast fall"));
-    EXPECT_EQ(inView("QCView").findChild<QTableView*>()->model()->rowCount(), 100);
+    EXPECT_THAT(answers.boxes()[0].text, testing::StartsWith("\"short.csv\":\n\n- Filter check failed for pressure\n"));
+    EXPECT_EQ(inView("QCView").findChild<QTableView*>()->model()->rowCount(), 21);
     EXPECT_EQ(label("_statusAgent"), "Ready");
 }
 

@@ -42,9 +42,9 @@ protected:
 
 TEST_F(StartTest, ANewUserGetsTheFilesAndAWindow) {
     EXPECT_EQ(run(), 0);
-    EXPECT_THAT(lines, testing::Contains("Tarvo V3.4.8: shown"));
+    EXPECT_THAT(lines, testing::Contains("Tarvo V3.4.8: shown maximised"));
     EXPECT_EQ(run(), 0);
-    EXPECT_THAT(lines, ElementsAre("Tarvo V3.4.8: shown")) << "without a box the second time";
+    EXPECT_THAT(lines, ElementsAre("Tarvo V3.4.8: shown maximised")) << "without a box the second time";
 }
 
 TEST_F(StartTest, ADamagedConfigurationEndsTheProgram) {
@@ -62,16 +62,15 @@ TEST_F(StartTest, ADamagedConfigurationEndsTheProgram) {
     EXPECT_EQ(readFile(xml()), text);
 }
 
-TEST_F(StartTest, OpensMaximisedWhenAskedTo) {
+TEST_F(StartTest, OpensInItsOwnSizeWhenAskedTo) {
     ASSERT_EQ(run(), 0);
     std::string text = readFile(xml());
-    const std::string option = "<option name=\"OpenMaximized\" type=\"bool\" immediate=\"true\">";
     for (auto at = text.find("name=\"OpenMaximized\""); at != std::string::npos;
          at = text.find("name=\"OpenMaximized\"", at + 1)) {
         const auto value = text.find("<current>", at);
-        text.replace(value, text.find("</current>", value) - value, "<current>true");
+        text.replace(value, text.find("</current>", value) - value, "<current>false");
     }
     writeFile(xml(), text);
     EXPECT_EQ(run(), 0);
-    EXPECT_THAT(lines, ElementsAre("Tarvo V3.4.8: shown maximised"));
+    EXPECT_THAT(lines, ElementsAre("Tarvo V3.4.8: shown"));
 }
