@@ -98,10 +98,12 @@ TEST_F(ConfigurationTest, NoToAllEndsTheProgramWithoutFurtherQuestions) {
     answers.press(kTitle, QMessageBox::NoToAll);
     QTimer::singleShot(0, [this] { trigger("_actionQuit"); });
     bool hung = false;
-    QTimer::singleShot(10000, [&hung] {
+    QTimer limit;
+    QObject::connect(&limit, &QTimer::timeout, [&hung] {
         hung = true;
         QApplication::exit();
     });
+    limit.start(10000);
     QApplication::exec();
     EXPECT_FALSE(hung);
     EXPECT_THAT(answers.texts(), ElementsAre(kQuestion));
@@ -114,10 +116,12 @@ TEST_F(ConfigurationTest, NoToAllInOneWindowEndsTheProgramToo) {
     answers.press(kTitle, QMessageBox::NoToAll);
     QTimer::singleShot(0, [this] { trigger("_actionClose"); });
     bool hung = false;
-    QTimer::singleShot(10000, [&hung] {
+    QTimer limit;
+    QObject::connect(&limit, &QTimer::timeout, [&hung] {
         hung = true;
         QApplication::exit();
     });
+    limit.start(10000);
     QApplication::exec();
     EXPECT_FALSE(hung);
 }

@@ -84,7 +84,12 @@ void DesktopTest::onDialog(const std::string& title, std::function<void(QFileDia
     answers.operate(title, [how = std::move(how), under](QDialog& dialog) {
         if (!*under) {
             *under = true;
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
             how(dynamic_cast<QFileDialog&>(dialog));
+            if (!QTest::qWaitFor([&dialog] { return !dialog.isVisible(); }, 500)) {
+                ADD_FAILURE() << dialog.windowTitle().toStdString() << " isn't done";
+                dialog.reject();
+            }
             *under = false;
         }
     });
