@@ -10,6 +10,15 @@
 #include <QStatusBar>
 #include <QToolBar>
 
+namespace {
+
+/// An "&" in the name of a file is one to be seen.
+QString entryText(int number, const QString& path) {
+    return QString("&%1 %2").arg(number).arg(QFileInfo(path).fileName().replace("&", "&&"));
+}
+
+} // namespace
+
 struct TarvoMainWindow::Command {
     const char* name;
     const char* text;
@@ -108,7 +117,7 @@ void TarvoMainWindow::makeMenus() {
     QMenu* help = menu("_menuHelp", "&Help");
     connect(_menuFile, &QMenu::aboutToShow, this, &TarvoMainWindow::updateMenuFile);
     connect(_menuWindow, &QMenu::aboutToShow, this, &TarvoMainWindow::updateMenuWindow);
-    updateMenuFile();
+    fillMenuFile();
     for (const char* name : {"_actionOptions", "_actionRestoreDefaults", "_actionRecompute"}) {
         tools->addAction(action(name));
     }
@@ -157,6 +166,10 @@ void TarvoMainWindow::updateMenuFile() {
     _recentFiles.dropMissing();
     _recentFiles.write();
     updateRecentFileActions();
+    fillMenuFile();
+}
+
+void TarvoMainWindow::fillMenuFile() {
     _menuFile->clear();
     const auto add = [this](std::initializer_list<const char*> names) {
         for (const char* name : names) {
@@ -191,11 +204,10 @@ void TarvoMainWindow::updateMenuWindow() {
         if (view == nullptr) {
             continue;
         }
-        QAction* entry =
-            _menuWindow->addAction(QString("&%1 %2").arg(number).arg(QFileInfo(view->currentFile()).fileName()));
+        QAction* entry = _menuWindow->addAction(entryText(number, view->currentFile()));
         entry->setCheckable(true);
         entry->setChecked(view == activeView());
-        connect(entry, &QAction::triggered, this, [this, window] { _mdiArea->setActiveSubWindow(window); });
+        connect(entry, &QAction::triggered, this, [this, window] { raiseWindow(window); });
     }
 }
 
@@ -212,6 +224,10 @@ void TarvoMainWindow::updateMenus() {
     }
     action("_actionRecompute")->setEnabled(tab != nullptr && tab->canRecompute());
     action("_actionSaveAll")->setVisible(false);
+    showConfigName();
+    if (soundingCount() == 0) {
+        stopFlash(); // who asked for it is gone
+    }
     for (const char* name : {"_actionClose", "_actionCloseAll", "_actionRestoreDefaults", "_actionCascade",
                              "_actionTile", "_actionArrangeIcons"}) {
         action(name)->setEnabled(view != nullptr);
@@ -224,7 +240,7 @@ void TarvoMainWindow::updateRecentFileActions() {
         QAction* recent = _recentFileActions[static_cast<std::size_t>(i)];
         recent->setVisible(i < paths.size());
         if (i < paths.size()) {
-            recent->setText(QString("&%1 %2").arg(i + 1).arg(QFileInfo(paths[i]).fileName()));
+            recent->setText(entryText(i + 1, paths[i]));
             recent->setData(paths[i]);
         }
     }
@@ -238,9 +254,17 @@ void TarvoMainWindow::showStatusbar() {
     statusBar()->setVisible(action("_actionStatusbar")->isChecked());
 }
 
+/// Every icon gets its place anew whenever one window becomes an icon, so those that are icons already stay as they
+/// are: to show a hundred windows once more takes seconds.
 void TarvoMainWindow::arrangeIcons() {
+    // Otherwise the window that follows an active one which becomes an icon is maximised in its place, one after
+    // another.
+    _mdiArea->setOption(QMdiArea::DontMaximizeSubWindowOnActivation, true);
     for (QMdiSubWindow* window : _mdiArea->subWindowList()) {
-        window->showNormal();
-        window->showMinimized();
+        if (!window->isMinimized()) {
+            window->showNormal();
+            window->showMinimized();
+        }
     }
+    _mdiArea->setOption(QMdiArea::DontMaximizeSubWindowOnActivation, false);
 }

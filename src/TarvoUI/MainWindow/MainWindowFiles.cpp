@@ -25,34 +25,25 @@ constexpr int kProgressWidth = 160;  // pixels
 const char* const kOpenFilters = "OMBRA D files (D*.?);;OMBRA P files (D*_P.?);;OMBRA P1 files (D*_P1.?);;"
                                  "All D files (D*);;X files (X*.*);;All files (*)";
 
-/// Counts a run for as long as it lives.
-class Busy {
-public:
-    explicit Busy(int& count) : _count(count) { ++_count; }
-    Busy(const Busy&) = delete;
-    Busy& operator=(const Busy&) = delete;
-    ~Busy() { --_count; }
-
-private:
-    int& _count;
-};
-
 } // namespace
 
 void TarvoMainWindow::open() {
     if (_busy > 0) {
         return;
     }
+    const Busy busy(_busy); // the timer must not put a second dialog over this one
     initConfigSet();
     QString directory = isOn("FixedSrcEnabled") ? configText("FixedSrcDir") : configText("DataDir");
     if (directory.isEmpty() || !QDir(directory).exists()) {
         directory = QDir::homePath();
     }
     _recentFiles.read();
-    QString filter = configText("OpenFileSeleFilter");
-    const QString path =
-        QFileDialog::getOpenFileName(this, "Tarvo - Open Sounding File", directory, kOpenFilters, &filter);
-    _configSet->set("OpenFileSeleFilter", filter.toStdString());
+    QFileDialog dialog(this, "Tarvo - Open Sounding File", directory, kOpenFilters);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.selectNameFilter(configText("OpenFileSeleFilter"));
+    const QString path = dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    // Kept also when no file was chosen.
+    _configSet->set("OpenFileSeleFilter", dialog.selectedNameFilter().toStdString());
     _configSet->save(false);
     QCoreApplication::processEvents(); // the dialog goes ahead of a long run
     if (path.isEmpty()) {
@@ -64,7 +55,8 @@ void TarvoMainWindow::open() {
 }
 
 void TarvoMainWindow::openRecentFile() {
-    if (const auto* sender = qobject_cast<QAction*>(this->sender())) {
+    const auto* sender = qobject_cast<QAction*>(this->sender());
+    if (sender != nullptr && _busy == 0) {
         processFile(sender->data().toString());
     }
 }
@@ -97,6 +89,7 @@ TarvoViewController* TarvoMainWindow::findView(const QString& path) const {
 }
 
 void TarvoMainWindow::processFile(const QString& path) {
+    const Busy busy(_busy);
     initConfigSet();
     if (isFull(path)) {
         return;
@@ -106,25 +99,36 @@ void TarvoMainWindow::processFile(const QString& path) {
         _recentFiles.add(path);
         _recentFiles.write();
     }
-    if (const TarvoViewController* view = findView(path)) {
-        _mdiArea->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(view->parentWidget()));
+    if (TarvoViewController* view = findView(path)) {
+        raiseWindow(subWindowOf(view));
         return;
     }
-    createViewsAndProcessFile(path);
-    if (isOn("descendingPELO")) {
-        processDerivedFile();
+    const TarvoViewController* view = createViewsAndProcessFile(path);
+    if (view != nullptr && isOn("descendingPELO")) {
+        processDerivedFile(toQString(view->editor()->derivedSndFile()));
     }
 }
 
-/// A reader may have made a second sounding out of its file. It is processed with the second active set.
-void TarvoMainWindow::processDerivedFile() {
-    const TarvoViewController* view = activeView();
-    const QString derived = view == nullptr ? QString() : toQString(view->editor()->derivedSndFile());
-    if (derived.isEmpty()) {
+/// An icon wouldn't show what the user asked for.
+void TarvoMainWindow::raiseWindow(QMdiSubWindow* window) {
+    _mdiArea->setActiveSubWindow(window);
+    if (window->isMinimized()) {
+        window->showMaximized();
+    }
+}
+
+/// A reader may have made a second sounding out of its file. It is processed with the second active set, or with the
+/// first where the configuration has no second one.
+void TarvoMainWindow::processDerivedFile(const QString& derived) {
+    if (derived.isEmpty() || findView(derived) != nullptr || isFull(derived)) {
         return;
     }
     const std::string first = _registry->getActive1SetName();
-    const std::string second = _registry->getActive2SetName();
+    std::string second = _registry->getActive2SetName();
+    const std::vector<std::string> names = _registry->getSetNames();
+    if (std::find(names.begin(), names.end(), second) == names.end()) {
+        second = first; // a file that names an unknown set could not be read again
+    }
     _registry->setActive1SetName(second);
     _registry->save(false);
     QMessageBox::information(
@@ -137,8 +141,7 @@ void TarvoMainWindow::processDerivedFile() {
     _registry->save(false);
 }
 
-void TarvoMainWindow::createViewsAndProcessFile(const QString& path) {
-    const Busy busy(_busy);
+TarvoViewController* TarvoMainWindow::createViewsAndProcessFile(const QString& path) {
     if (_printer == nullptr) {
         _printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
     }
@@ -147,13 +150,14 @@ void TarvoMainWindow::createViewsAndProcessFile(const QString& path) {
     if (!view->openFile(path, message)) {
         QMessageBox::critical(this, "File Open Error", message);
         delete view;
-        return;
+        return nullptr;
     }
     if (!message.isEmpty()) {
         QMessageBox::warning(this, "File Open Warning", message);
     }
     connect(view->tabs(), &QTabWidget::currentChanged, this, &TarvoMainWindow::updateMenus);
     connect(view, &TarvoViewController::processRequested, this, &TarvoMainWindow::processRequested);
+    connect(view, &TarvoViewController::quitRequested, this, [this] { _quitting = true; });
     connect(view, &TarvoViewController::processDone, this, &TarvoMainWindow::updateSounding);
     _mdiArea->addSubWindow(view);
     _recentFiles.read();
@@ -165,14 +169,18 @@ void TarvoMainWindow::createViewsAndProcessFile(const QString& path) {
     view->process();
     updateMenus();
     _recentFiles.write();
+    return view;
 }
 
 void TarvoMainWindow::showView(TarvoViewController* view) {
+    // Otherwise each change of a window goes through all widgets of all windows, twice.
+    _mdiArea->setUpdatesEnabled(false);
     view->show();
     arrangeIcons();
-    auto* window = qobject_cast<QMdiSubWindow*>(view->parentWidget());
+    QMdiSubWindow* window = subWindowOf(view);
     _mdiArea->setActiveSubWindow(window);
     window->showMaximized();
+    _mdiArea->setUpdatesEnabled(true);
 }
 
 void TarvoMainWindow::closeFile() {
@@ -183,7 +191,17 @@ void TarvoMainWindow::closeFile() {
 
 void TarvoMainWindow::closeAll() {
     if (_busy == 0) {
-        _mdiArea->closeAllSubWindows();
+        closeSoundings();
+    }
+}
+
+/// Each window may ask what becomes of its options, and an answer for all of them ends the asking.
+void TarvoMainWindow::closeSoundings() {
+    for (QMdiSubWindow* window : _mdiArea->subWindowList()) {
+        if (_quitting) {
+            return;
+        }
+        window->close();
     }
 }
 
@@ -216,6 +234,7 @@ void TarvoMainWindow::dropEvent(QDropEvent* event) {
     if (files.isEmpty() || _busy > 0) {
         return;
     }
+    const Busy busy(_busy);
     auto* progress = new QProgressBar(this);
     progress->setObjectName("_progressBar");
     progress->setRange(0, files.size());

@@ -12,7 +12,6 @@
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QKeyEvent>
-#include <QLoggingCategory>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -59,7 +58,9 @@ TarvoMainWindow::TarvoMainWindow(QWidget* parent)
     connect(_mdiArea, &QMdiArea::subWindowActivated, this, &TarvoMainWindow::updateMenus);
     connect(this, &TarvoMainWindow::appFontSize, this, &TarvoMainWindow::setAppStyleSheet);
     updateMenus();
+    _recentFiles.read();
     updateRecentFileActions();
+    fillMenuFile();
     if (!checkConfigFile()) {
         std::exit(1);
     }
@@ -75,6 +76,7 @@ TarvoMainWindow::TarvoMainWindow(QWidget* parent)
 
 TarvoMainWindow::~TarvoMainWindow() {
     // The windows go ahead of the printer that they borrow.
+    _mdiArea->disconnect(this);
     delete _mdiArea;
 }
 
@@ -122,24 +124,33 @@ TarvoViewController* TarvoMainWindow::viewOf(const QMdiSubWindow* window) const 
 }
 
 TarvoViewController* TarvoMainWindow::activeView() const {
-    return viewOf(_mdiArea->activeSubWindow());
+    // Also while another program has the keys, as when files are dropped from it.
+    return viewOf(_mdiArea->currentSubWindow());
+}
+
+QMdiSubWindow* TarvoMainWindow::subWindowOf(const TarvoViewController* view) {
+    return qobject_cast<QMdiSubWindow*>(view->parentWidget());
 }
 
 void TarvoMainWindow::updateStatusBar(const QString& message, int timeoutMs) {
     initConfigSet();
     statusBar()->showMessage(message, timeoutMs);
-    const TarvoViewController* view = activeView();
-    QString name = view == nullptr ? QString() : view->activeConfigSet();
-    if (name.isEmpty()) {
-        name = toQString(_registry->getActive1SetName());
-    }
-    _configLabel->setText("ACTIVE CONFIG: " + name + " ");
+    showConfigName();
     _configDirLabel->setText("CONFIG DIR: " + QFileInfo(TarvoSettings().fileName()).path() + " ");
     int doQC = 0;
     _configSet->intValue("DoQC", doQC);
     _modeLabel->setPixmap(doQC == 0 ? _letterV : _letterQ);
     _modeLabel->setToolTip(doQC == 0 ? "Tarvo is in visualization mode (no QC is performed)"
                                      : "Tarvo is in QC processing mode");
+}
+
+void TarvoMainWindow::showConfigName() {
+    const TarvoViewController* view = activeView();
+    QString name = view == nullptr ? QString() : view->activeConfigSet();
+    if (name.isEmpty() && _registry != nullptr) {
+        name = toQString(_registry->getActive1SetName());
+    }
+    _configLabel->setText("ACTIVE CONFIG: " + name + " ");
 }
 
 void TarvoMainWindow::processRequested(bool onlySignal) {
@@ -169,9 +180,8 @@ void TarvoMainWindow::recompute() {
         return;
     }
     stopFlash();
-    ++_busy;
+    const Busy busy(_busy);
     view->process();
-    --_busy;
 }
 
 void TarvoMainWindow::timerEvent(QTimerEvent* event) {
@@ -227,7 +237,7 @@ void TarvoMainWindow::closeEvent(QCloseEvent* event) {
         event->ignore(); // a run that lets events through must find its window when it goes on
         return;
     }
-    _mdiArea->closeAllSubWindows();
+    closeSoundings();
     event->accept();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Busy.h"
 #include "RecentFiles.h"
 #include "RegistryXML.h"
 #include "StatusAgentQLabel.h"
@@ -13,6 +14,7 @@
 #include <array>
 #include <memory>
 
+class QMdiSubWindow;
 class QMimeData;
 class SoundingDB;
 class TarvoViewController;
@@ -99,13 +101,19 @@ private:
     // Files.
     TarvoViewController* findView(const QString& path) const;
     TarvoViewController* viewOf(const QMdiSubWindow* window) const;
+    static QMdiSubWindow* subWindowOf(const TarvoViewController* view);
     int soundingCount() const;
     bool isFull(const QString& path);
-    void createViewsAndProcessFile(const QString& path);
+    /// The new window; null when the file couldn't be opened, of which a box has told.
+    TarvoViewController* createViewsAndProcessFile(const QString& path);
     void showView(TarvoViewController* view);
-    void processDerivedFile();
+    void raiseWindow(QMdiSubWindow* window);
+    void processDerivedFile(const QString& derived);
+    void closeSoundings();
     QStringList droppedFiles(const QMimeData* dropped) const;
     void updateRecentFileActions();
+    void fillMenuFile();
+    void showConfigName();
     void stopFlash();
     void openDocument(const QString& path, const QString& failure);
 
@@ -132,5 +140,6 @@ private:
     SoundingDB* _soundingDB = nullptr;
     int _textSizePt = 12;
     QString _fontFamily = "Arial";
-    int _busy = 0; // runs under way, in which no other may begin and no window may close
+    int _busy = 0;          // runs under way, in which no other may begin and no window may close
+    bool _quitting = false; // the user wants out without further questions
 };

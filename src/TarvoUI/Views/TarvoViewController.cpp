@@ -66,6 +66,7 @@ TarvoViewController::TarvoViewController(QPrinter* printer, SoundingDB* sounding
 
 TarvoViewController::~TarvoViewController() {
     // The tabs go ahead of the document and the configuration that they borrow.
+    _viewWidget->disconnect();
     delete _viewWidget;
 }
 
@@ -77,7 +78,7 @@ bool TarvoViewController::isOn(const char* key) const {
 
 bool TarvoViewController::openFile(const QString& path, QString& message) {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         message = "Unable to open sounding file!";
         return false;
     }
@@ -140,6 +141,7 @@ void TarvoViewController::connectSignals() {
 }
 
 void TarvoViewController::process() {
+    _running = true;
     const WaitCursor wait;
     const std::string problems = _doc->process();
     if (!problems.empty()) {
@@ -153,6 +155,7 @@ void TarvoViewController::process() {
         autoSave();
     }
     _statusAgent->SetStatus("Ready");
+    _running = false;
 }
 
 void TarvoViewController::updateTabs() {
@@ -241,6 +244,10 @@ void TarvoViewController::restoreConfigDefaults() {
 }
 
 void TarvoViewController::closeEvent(QCloseEvent* event) {
+    if (_running) {
+        event->ignore(); // a run that lets events through must find its window when it goes on
+        return;
+    }
     promptAndSaveConfig();
     event->accept();
 }
@@ -255,6 +262,7 @@ void TarvoViewController::promptAndSaveConfig() {
             activeConfigSet() + "' configuration set?",
         QMessageBox::Yes | QMessageBox::No | QMessageBox::NoToAll);
     if (answer == QMessageBox::NoToAll) {
+        emit quitRequested();
         QCoreApplication::quit();
     } else if (answer == QMessageBox::Yes) {
         QMessageBox::information(nullptr, kConfigurationTitle,

@@ -47,6 +47,8 @@ public:
 signals:
     void processRequested(bool onlySignal);
     void processDone(QString path);
+    /// The user wants no window asked what becomes of its options, and the program to end.
+    void quitRequested();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -82,4 +84,5 @@ private:
     TarvoView* _activeTab = nullptr;
     QPrinter* _printer;
     bool _rawChanged = false;
+    bool _running = false;
 };

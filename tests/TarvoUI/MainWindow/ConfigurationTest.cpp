@@ -1,0 +1,199 @@
+// The private configuration of each window: when it is seen by others, and what is asked when a window closes.
+
+#include "DesktopTest.h"
+
+#include <QTabBar>
+#include <filesystem>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+const char* const kQuestion = "QC processing options were changed.\nDo you want to save them as the current "
+                              "processing\noptions for the 'editsonde' configuration set?";
+const char* const kTitle = "Configuration Management";
+
+class ConfigurationTest : public DesktopTest {
+protected:
+    void openTwo() {
+        start();
+        open(makeSounding("one.csv"));
+        open(makeSounding("two.csv"));
+        choose("_menuWindow", "&1 one.csv");
+    }
+    double number(const char* item) {
+        double value = -1.0;
+        view().configSet()->value(item, value);
+        return value;
+    }
+    std::vector<std::string> tabs() {
+        std::vector<std::string> texts;
+        for (int i = 0; i < view().tabs()->count(); ++i) {
+            texts.push_back(view().tabs()->tabText(i).toStdString());
+        }
+        return texts;
+    }
+};
+
+} // namespace
+
+TEST_F(ConfigurationTest, AChangeStaysInItsWindow) {
+    openTwo();
+    const double before = number("WindQCWL");
+    view().configSet()->set("WindQCWL", 17.0);
+    choose("_menuWindow", "&2 two.csv");
+    EXPECT_EQ(number("WindQCWL"), before);
+    open(makeSounding("three.csv"));
+    EXPECT_EQ(number("WindQCWL"), before);
+    EXPECT_EQ(stored("WindQCWL"), QString::number(before).toStdString());
+    trigger("_actionClose");
+    EXPECT_THAT(answers.boxes(), IsEmpty()) << "nothing was changed there";
+}
+
+TEST_F(ConfigurationTest, YesSavesForTheNextWindow) {
+    openTwo();
+    view().configSet()->set("WindQCWL", 17.0);
+    answers.press(kTitle, QMessageBox::Yes);
+    trigger("_actionClose");
+    EXPECT_THAT(answers.texts(), ElementsAre(kQuestion, "The configuration 'editsonde' is being saved..."));
+    EXPECT_EQ(answers.boxes()[0].title, kTitle);
+    EXPECT_EQ(answers.boxes()[0].icon, QMessageBox::Warning);
+    EXPECT_EQ(answers.boxes()[1].title, kTitle);
+    EXPECT_EQ(answers.boxes()[1].icon, QMessageBox::Information);
+    EXPECT_EQ(stored("WindQCWL"), "17");
+    EXPECT_EQ(number("WindQCWL"), 30.0) << "the other window has its own";
+    open(makeSounding("three.csv"));
+    EXPECT_EQ(number("WindQCWL"), 17.0);
+}
+
+TEST_F(ConfigurationTest, NoForgets) {
+    openTwo();
+    view().configSet()->set("WindQCWL", 17.0);
+    answers.press(kTitle, QMessageBox::No);
+    trigger("_actionClose");
+    EXPECT_THAT(answers.texts(), ElementsAre(kQuestion));
+    EXPECT_EQ(stored("WindQCWL"), "30");
+    EXPECT_THAT(openFiles(), ElementsAre("two.csv"));
+}
+
+TEST_F(ConfigurationTest, ClosingTheProgramAsksForEveryWindow) {
+    openTwo();
+    view().configSet()->set("WindQCWL", 17.0);
+    choose("_menuWindow", "&2 two.csv");
+    view().configSet()->set("WindQCWL", 18.0);
+    answers.press(kTitle, QMessageBox::No);
+    trigger("_actionQuit");
+    EXPECT_THAT(answers.texts(), ElementsAre(kQuestion, kQuestion));
+    EXPECT_FALSE(window().isVisible());
+    EXPECT_THAT(openFiles(), IsEmpty());
+    EXPECT_EQ(stored("WindQCWL"), "30");
+}
+
+TEST_F(ConfigurationTest, NoToAllEndsTheProgramWithoutFurtherQuestions) {
+    openTwo();
+    view().configSet()->set("WindQCWL", 17.0);
+    choose("_menuWindow", "&2 two.csv");
+    view().configSet()->set("WindQCWL", 18.0);
+    answers.press(kTitle, QMessageBox::NoToAll);
+    QTimer::singleShot(0, [this] { trigger("_actionQuit"); });
+    bool hung = false;
+    QTimer limit;
+    QObject::connect(&limit, &QTimer::timeout, [&hung] {
+        hung = true;
+        QApplication::exit();
+    });
+    limit.start(10000);
+    QApplication::exec();
+    EXPECT_FALSE(hung);
+    EXPECT_THAT(answers.texts(), ElementsAre(kQuestion));
+    EXPECT_EQ(stored("WindQCWL"), "30");
+}
+
+TEST_F(ConfigurationTest, NoToAllInOneWindowEndsTheProgramToo) {
+    openTwo();
+    view().configSet()->set("WindQCWL", 17.0);
+    answers.press(kTitle, QMessageBox::NoToAll);
+    QTimer::singleShot(0, [this] { trigger("_actionClose"); });
+    bool hung = false;
+    QTimer limit;
+    QObject::connect(&limit, &QTimer::timeout, [&hung] {
+        hung = true;
+        QApplication::exit();
+    });
+    limit.start(10000);
+    QApplication::exec();
+    EXPECT_FALSE(hung);
+}
+
+TEST_F(ConfigurationTest, WhatTheUserEnteredForOneSoundingIsNoChangeOfTheConfiguration) {
+    start();
+    open(makeSounding("one.csv"));
+    QTest::keyClicks(&inView<QLineEdit>("_overridePres"), "998.5");
+    trigger("_actionRecompute");
+    trigger("_actionClose");
+    EXPECT_THAT(answers.boxes(), IsEmpty());
+}
+
+TEST_F(ConfigurationTest, RestoresDefaultsWhenConfirmed) {
+    configure("WindQCWL", 17.0);
+    start();
+    open(makeSounding("one.csv"));
+    answers.press(kTitle, QMessageBox::Cancel);
+    trigger("_actionRestoreDefaults");
+    EXPECT_THAT(answers.texts(),
+                ElementsAre("Are you sure that you want to restore the defaults for the configuration 'editsonde'?"));
+    EXPECT_EQ(number("WindQCWL"), 17.0);
+    answers.forget();
+    answers.press(kTitle, QMessageBox::Ok);
+    trigger("_actionRestoreDefaults");
+    ASSERT_EQ(answers.boxes().size(), 2U);
+    EXPECT_EQ(answers.boxes()[1].title, "Tarvo");
+    EXPECT_EQ(answers.boxes()[1].text, "QC Processing options have been set to default values."
+                                       "You can save them when you close this sounding.");
+    EXPECT_EQ(number("WindQCWL"), 30.0);
+    EXPECT_EQ(stored("WindQCWL"), "17");
+    answers.press(kTitle, QMessageBox::Yes);
+    trigger("_actionClose");
+    EXPECT_EQ(stored("WindQCWL"), "30");
+}
+
+TEST_F(ConfigurationTest, WithoutQCThereAreOnlyTheTabsOfTheFile) {
+    start();
+    open(makeSounding("one.csv"));
+    EXPECT_THAT(tabs(), ElementsAre("&Main", "&Raw", "&QC"));
+    configure("DoQC", 0.0);
+    open(makeSounding("two.csv"));
+    EXPECT_THAT(tabs(), ElementsAre("&Main", "&Raw"));
+    EXPECT_EQ(inView("RawView").findChild<QTableView*>()->model()->rowCount(), 121);
+    trigger("_actionRecompute");
+    EXPECT_THAT(answers.boxes(), IsEmpty());
+}
+
+TEST_F(ConfigurationTest, AutosavesAfterEveryRun) {
+    std::filesystem::create_directory(path("saved"));
+    configure("QCAutoSaveDir", path("saved"));
+    configure("QCAutoSaveFmtCsv", 1.0);
+    start();
+    open(makeSounding("without.csv"));
+    EXPECT_TRUE(std::filesystem::is_empty(path("saved"))) << "off until it is enabled";
+    configure("QCAutoSaveEnable", 1.0);
+    open(makeSounding("with.csv"));
+    const std::string product = path("saved/withQC.csv");
+    ASSERT_TRUE(std::filesystem::exists(product));
+    std::filesystem::remove(product);
+    trigger("_actionRecompute");
+    EXPECT_TRUE(std::filesystem::exists(product));
+    EXPECT_EQ(label("_statusAgent"), "Ready");
+    EXPECT_THAT(answers.boxes(), IsEmpty());
+}
+
+TEST_F(ConfigurationTest, ADamagedFileInMidRunLosesNoWindow) {
+    start();
+    open(makeSounding("one.csv"));
+    writeFile(configFile(), "<tarvoConfig>");
+    open(makeSounding("two.csv"));
+    trigger("_actionRecompute");
+    EXPECT_THAT(openFiles(), ElementsAre("one.csv", "two.csv"));
+    EXPECT_EQ(readFile(configFile()), "<tarvoConfig>") << "left as it is for the user to mend";
+}

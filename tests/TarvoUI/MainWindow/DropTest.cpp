@@ -1,0 +1,111 @@
+// Files and folders dropped on the main window.
+
+#include "DesktopTest.h"
+
+#include <QMimeData>
+#include <QProgressBar>
+#include <QStatusBar>
+#include <filesystem>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+class DropTest : public DesktopTest {};
+} // namespace
+
+TEST_F(DropTest, OpensFilesAndTheFilesOfAFolderButNotOfFoldersInIt) {
+    std::filesystem::create_directories(path("folder/deeper"));
+    makeSounding("folder/b.csv");
+    makeSounding("folder/a.csv");
+    makeSounding("folder/deeper/no.csv");
+    const std::string one = makeSounding("one.csv");
+    start();
+    drop({one, path("gone.csv"), path("folder"), one});
+    EXPECT_THAT(openFiles(), ElementsAre("one.csv", "a.csv", "b.csv"));
+    EXPECT_EQ(view().windowTitle(), "one.csv") << "the second time it is raised";
+    EXPECT_THAT(answers.boxes(), IsEmpty());
+    EXPECT_THAT(recent(), ElementsAre(one, path("folder/b.csv"), path("folder/a.csv")));
+}
+
+TEST_F(DropTest, ABarTellsHowFarItIs) {
+    start();
+    std::vector<std::string> texts;
+    QProgressBar* bar = nullptr;
+    QObject::connect(&window(), &TarvoMainWindow::updateSounding, [&] {
+        bar = window().statusBar()->findChild<QProgressBar*>("_progressBar");
+        ASSERT_NE(bar, nullptr);
+        texts.push_back(bar->text().toStdString());
+        EXPECT_TRUE(bar->isVisible());
+        EXPECT_EQ(bar->width(), 160);
+        EXPECT_EQ(bar->maximum(), 2);
+    });
+    drop({makeSounding("one.csv"), makeSounding("two.csv")});
+    EXPECT_THAT(texts, ElementsAre("Opening 1 of 2", "Opening 2 of 2"));
+    EXPECT_EQ(window().statusBar()->findChild<QProgressBar*>(), nullptr);
+}
+
+TEST_F(DropTest, NothingToOpenMakesNoBar) {
+    std::filesystem::create_directory(path("empty"));
+    start();
+    drop({path("empty")});
+    EXPECT_THAT(openFiles(), IsEmpty());
+    EXPECT_THAT(answers.boxes(), IsEmpty());
+    QMimeData words;
+    words.setText("Dear reader");
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &words, Qt::LeftButton, Qt::NoModifier);
+    enter.ignore();
+    QApplication::sendEvent(&window(), &enter);
+    EXPECT_FALSE(enter.isAccepted());
+}
+
+TEST_F(DropTest, AFolderOfTooManyStopsWithOneBox) {
+    std::filesystem::create_directory(path("many"));
+    for (int i = 0; i < 300; ++i) {
+        const std::string name = QString::asprintf("many/%03d.csv", i).toStdString();
+        if (i % 3 == 1) {
+            writeFile(path(name), i % 2 == 0 ? "" : "Dear reader\n");
+        } else {
+            makeSounding(name);
+        }
+    }
+    start();
+    drop({path("many")});
+    EXPECT_EQ(openFiles().size(), 100U);
+    std::map<std::string, int> boxes;
+    for (const auto& box : answers.boxes()) {
+        ++boxes[box.title];
+    }
+    // Files 0 to 149 hold 100 soundings and 50 others.
+    EXPECT_EQ(boxes["ERROR"], 1);
+    EXPECT_EQ(boxes["File Open Error"], 50);
+    EXPECT_EQ(boxes.size(), 2U);
+    EXPECT_EQ(answers.boxes().back().text.find("Cannot open file \"" + path("many/150.csv") + "\""), 0U);
+    EXPECT_EQ(window().statusBar()->findChild<QProgressBar*>(), nullptr);
+}
+
+TEST_F(DropTest, WhileARunIsUnderWayNothingElseBegins) {
+    start();
+    const std::string other = makeSounding("other.csv");
+    int runs = 0;
+    QObject::connect(&window(), &TarvoMainWindow::updateSounding, [&] {
+        if (++runs > 1) {
+            return;
+        }
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(QString::fromStdString(other))});
+        QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&window(), &event);
+        trigger("_actionOpen");
+        trigger("_actionRecompute");
+        trigger("_actionClose");
+        EXPECT_FALSE(view().close());
+        EXPECT_FALSE(mdiArea().activeSubWindow()->close());
+        EXPECT_FALSE(window().close());
+    });
+    open(makeSounding("one.csv"));
+    EXPECT_THAT(openFiles(), ElementsAre("one.csv"));
+    EXPECT_EQ(runs, 1);
+    EXPECT_TRUE(window().isVisible());
+    EXPECT_TRUE(view().close()) << "when it is over";
+}

@@ -1,0 +1,33 @@
+// Starts the main window in the home of the environment and ends when it is shown. Each box, answered by its default,
+// and the window become a line of JSON on standard output.
+
+#include "MessageBoxes.h"
+#include "TarvoMainWindow.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <cstdio>
+
+namespace {
+
+void say(const QString& title, const QString& text) {
+    const QJsonObject line{{"title", title}, {"text", text}};
+    std::puts(QJsonDocument(line).toJson(QJsonDocument::Compact).constData());
+    std::fflush(stdout);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    const MessageBoxes boxes([](const SeenBox& box) { say(box.title, box.text); });
+    TarvoMainWindow window;
+    window.show();
+    QTimer::singleShot(0, [&window] {
+        say(window.windowTitle(), window.isMaximized() ? "shown maximised" : "shown");
+        QApplication::quit();
+    });
+    QApplication::exec();
+    return 0;
+}

@@ -1,0 +1,239 @@
+// The commands, where they stand, and when they can be given.
+
+#include "DesktopTest.h"
+
+#include <QMenuBar>
+#include <QToolBar>
+
+#include <filesystem>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+class MenusTest : public DesktopTest {
+protected:
+    std::vector<std::string> enabled() {
+        std::vector<std::string> names;
+        for (const QAction* action : window().findChildren<QAction*>(QRegularExpression("^_action"))) {
+            if (action->isEnabled() && action->isVisible()) {
+                names.push_back(action->objectName().mid(7).toStdString());
+            }
+        }
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+    static std::vector<std::string> names(const QList<QAction*>& actions) {
+        std::vector<std::string> all;
+        for (const QAction* action : actions) {
+            all.push_back(action->isSeparator() ? "-" : action->objectName().mid(7).toStdString());
+        }
+        return all;
+    }
+    void goTo(const char* tab) {
+        auto* tabs = view().tabs();
+        for (int i = 0; i < tabs->count(); ++i) {
+            if (tabs->tabText(i) == tab) {
+                QTest::mouseClick(tabs->tabBar(), Qt::LeftButton, Qt::NoModifier, tabs->tabBar()->tabRect(i).center());
+                ASSERT_EQ(tabs->currentIndex(), i);
+                return;
+            }
+        }
+        FAIL() << tab;
+    }
+};
+
+} // namespace
+
+TEST_F(MenusTest, CommandsHaveTheirTextsTipsAndKeys) {
+    start();
+    const struct {
+        const char* name;
+        const char* text;
+        const char* tip;
+        const char* keys;
+        bool icon;
+    } expected[] = {
+        {"_actionOpen", "&Open...", "Open an existing sounding file", "Ctrl+O", true},
+        {"_actionClose", "&Close...", "Close the active sounding file", "Ctrl+F4", false},
+        {"_actionQuit", "&Quit", "Quit the application", "Ctrl+Q", false},
+        {"_actionToolbar", "&Toolbar", "Show or hide the toolbar", "", false},
+        {"_actionStatusbar", "&Status Bar", "Show or hide the status bar", "", false},
+        {"_actionAbout", "&About Tarvo...", "Display program information, version number and copyright", "", true},
+        {"_actionUserManual", "Tarvo &User Manual...", "Open Tarvo User Manual (PDF)", "", true},
+        {"_actionTarvoDocs", "Tarvo online documentation", "Open Tarvo documentation site", "", true},
+        {"_actionSave", "&Save...", "Save the active document", "Ctrl+S", true},
+        {"_actionRecompute", "&Recompute", "Reprocess the sounding file", "", true},
+        {"_actionOptions", "&Options", "Change advanced processing options", "", true},
+        {"_actionRestoreDefaults", "Restore &Defaults", "Reset QC processing options to default", "", false},
+        {"_actionCascade", "&Cascade", "Arrange windows so they overlap", "", false},
+        {"_actionTile", "&Tile", "Arrange windows as non-overlapping tiles", "", false},
+        {"_actionArrangeIcons", "&Arrange Icons", "Arrange icons at the bottom of the window", "", false},
+        {"_actionPrint", "&Print...", "Change the printing options or print the current view", "Ctrl+P", true},
+        {"_actionPrintPreview", "Print Pre&view...", "Display full pages", "", false},
+        {"_actionCloseAll", "Close &All", "Close all open sounding files", "Ctrl+Shift+F4", false},
+        {"_actionConfiguration", "Config&uration...", "Manage the Tarvo configuration sets", "Ctrl+U", false},
+        {"_actionConfigLog", "Tarvo &Config Log", "Open Tarvo Configuration Log (txt)", "", true},
+        {"_actionSynoptic", "Synoptic &Map", "Open the synoptic map", "Ctrl+M", true},
+        {"_actionSaveAll", "Save All Synoptic &Levels", "Save all synoptic levels", "Ctrl+L", true},
+    };
+    for (const auto& command : expected) {
+        const auto* made = window().findChild<QAction*>(command.name);
+        ASSERT_NE(made, nullptr) << command.name;
+        EXPECT_EQ(made->text(), command.text);
+        EXPECT_EQ(made->statusTip(), command.tip);
+        EXPECT_EQ(made->shortcut().toString(QKeySequence::PortableText), command.keys) << command.name;
+        EXPECT_EQ(!made->icon().pixmap(16).isNull(), command.icon) << command.name;
+    }
+    EXPECT_EQ(window().findChildren<QAction*>(QRegularExpression("^_action")).size(), 22);
+    EXPECT_EQ(action("_actionOptions").menuRole(), QAction::NoRole);
+    EXPECT_EQ(action("_actionAbout").menuRole(), QAction::NoRole);
+}
+
+TEST_F(MenusTest, MenusAndToolBarStandInTheirOrder) {
+    start();
+    EXPECT_EQ(window().windowTitle(), "Tarvo V3.4.8");
+    std::vector<std::string> bar;
+    for (const QAction* action : window().menuBar()->actions()) {
+        bar.push_back(action->text().toStdString() + action->menu()->objectName().toStdString());
+    }
+    EXPECT_THAT(bar, ElementsAre("&File_menuFile", "&Tools_menuTools", "&View_menuView", "&Window_menuWindow",
+                                 "&Help_menuHelp"));
+    EXPECT_THAT(menu("_menuTools"), ElementsAre("&Options", "Restore &Defaults", "&Recompute", "-", "Synoptic &Map"));
+    EXPECT_THAT(menu("_menuView"), ElementsAre("&Toolbar", "&Status Bar"));
+    EXPECT_THAT(menu("_menuHelp"), ElementsAre("&About Tarvo...", "-", "Tarvo &User Manual...",
+                                               "Tarvo online documentation", "Tarvo &Config Log"));
+    auto* tools = window().findChild<QToolBar*>("_toolBar");
+    EXPECT_THAT(names(tools->actions()),
+                ElementsAre("Open", "Save", "SaveAll", "Print", "-", "Recompute", "Synoptic", "-", "About"));
+    EXPECT_FALSE(tools->isMovable());
+    EXPECT_EQ(window().toolBarArea(tools), Qt::TopToolBarArea);
+    trigger("_actionToolbar");
+    EXPECT_FALSE(tools->isVisible());
+    trigger("_actionToolbar");
+    EXPECT_TRUE(tools->isVisible());
+    trigger("_actionStatusbar");
+    EXPECT_FALSE(window().findChild<QLabel*>("_configLabel")->isVisible());
+}
+
+TEST_F(MenusTest, FileMenuTellsTheRecentFilesThatAreThere) {
+    const std::string one = makeSounding("one.csv");
+    const std::string two = makeSounding("two.csv");
+    remember({path("gone.csv"), two, one});
+    start();
+    EXPECT_THAT(recent(), ElementsAre(path("gone.csv"), two, one)) << "looked for when the menu opens";
+    EXPECT_THAT(menu("_menuFile"),
+                ElementsAre("&Open...", "Config&uration...", "-", "&Save...", "&Close...", "Close &All", "-",
+                            "Print Pre&view...", "&Print...", "-", "&1 two.csv", "&2 one.csv", "-", "&Quit"));
+    EXPECT_THAT(recent(), ElementsAre(two, one));
+    choose("_menuFile", "&2 one.csv");
+    EXPECT_THAT(openFiles(), ElementsAre("one.csv"));
+    EXPECT_THAT(recent(), ElementsAre(one, two));
+    EXPECT_NE(entry("_menuFile", "&1 one.csv"), nullptr);
+    std::filesystem::remove(two);
+    EXPECT_EQ(entry("_menuFile", "&2 two.csv"), nullptr);
+    EXPECT_THAT(recent(), ElementsAre(one));
+    EXPECT_TRUE(answers.boxes().empty());
+}
+
+TEST_F(MenusTest, FileMenuWithoutRecentFilesHasOneSeparatorLess) {
+    start();
+    EXPECT_THAT(menu("_menuFile"), ElementsAre("&Open...", "Config&uration...", "-", "&Save...", "&Close...",
+                                               "Close &All", "-", "Print Pre&view...", "&Print...", "-", "&Quit"));
+    const auto all = window().findChild<QMenu*>("_menuFile")->actions();
+    EXPECT_EQ(all[4]->objectName(), "_actionSaveAll");
+}
+
+TEST_F(MenusTest, TwentyFilesAreRemembered) {
+    std::vector<std::string> paths;
+    for (int i = 0; i < 20; ++i) {
+        paths.push_back(makeSounding("old" + std::to_string(i) + ".csv"));
+    }
+    remember(paths);
+    start();
+    const std::string young = makeSounding("young.csv");
+    open(young);
+    paths.insert(paths.begin(), young);
+    paths.pop_back();
+    EXPECT_EQ(recent(), paths);
+    EXPECT_NE(entry("_menuFile", "&20 old18.csv"), nullptr);
+}
+
+TEST_F(MenusTest, WindowMenuTellsTheWindowsAndGoesThere) {
+    start();
+    EXPECT_THAT(menu("_menuWindow"), ElementsAre("&Cascade", "&Tile", "&Arrange Icons", "-"));
+    open(makeSounding("one.csv"));
+    open(makeSounding("two.csv"));
+    EXPECT_THAT(menu("_menuWindow"),
+                ElementsAre("&Cascade", "&Tile", "&Arrange Icons", "-", "&1 one.csv", "&2 two.csv"));
+    EXPECT_FALSE(entry("_menuWindow", "&1 one.csv")->isChecked());
+    EXPECT_TRUE(entry("_menuWindow", "&2 two.csv")->isChecked());
+    choose("_menuWindow", "&1 one.csv");
+    EXPECT_EQ(view().windowTitle(), "one.csv");
+    EXPECT_FALSE(mdiArea().activeSubWindow()->isMinimized());
+    EXPECT_TRUE(entry("_menuWindow", "&1 one.csv")->isChecked());
+    trigger("_actionTile");
+    EXPECT_FALSE(mdiArea().subWindowList()[0]->geometry().intersects(mdiArea().subWindowList()[1]->geometry()));
+    trigger("_actionCascade");
+    EXPECT_TRUE(mdiArea().subWindowList()[0]->geometry().intersects(mdiArea().subWindowList()[1]->geometry()));
+    trigger("_actionClose");
+    EXPECT_THAT(menu("_menuWindow"), ElementsAre("&Cascade", "&Tile", "&Arrange Icons", "-", "&1 two.csv"));
+}
+
+TEST_F(MenusTest, CommandsFollowTheActiveTab) {
+    start();
+    const std::vector<std::string> always{"About",     "ConfigLog", "Open",    "Quit",
+                                          "Statusbar", "TarvoDocs", "Toolbar", "UserManual"};
+    EXPECT_EQ(enabled(), always);
+    open(makeSounding("one.csv"));
+    std::vector<std::string> onMain = always;
+    for (const char* name : {"ArrangeIcons", "Cascade", "Close", "CloseAll", "Print", "PrintPreview", "Recompute",
+                             "RestoreDefaults", "Tile"}) {
+        onMain.emplace_back(name);
+    }
+    std::sort(onMain.begin(), onMain.end());
+    EXPECT_EQ(enabled(), onMain);
+    std::vector<std::string> onGrid = onMain;
+    onGrid.emplace_back("Save");
+    std::sort(onGrid.begin(), onGrid.end());
+    goTo("&Raw");
+    EXPECT_EQ(enabled(), onGrid);
+    goTo("&QC");
+    EXPECT_EQ(enabled(), onGrid);
+    open(makeSounding("two.csv"));
+    EXPECT_EQ(enabled(), onMain) << "its Main tab";
+    choose("_menuWindow", "&1 one.csv");
+    EXPECT_EQ(enabled(), onGrid) << "its QC tab";
+    trigger("_actionCloseAll");
+    EXPECT_EQ(enabled(), always);
+}
+
+TEST_F(MenusTest, AboutTellsTheBuild) {
+    start();
+    trigger("_actionAbout");
+    ASSERT_EQ(answers.boxes().size(), 1U);
+    EXPECT_EQ(answers.boxes()[0].title, "About Tarvo");
+    const std::string& text = answers.boxes()[0].text;
+    EXPECT_THAT(text, testing::HasSubstr("<h2>Tarvo V3.4.8</h2>"));
+    EXPECT_THAT(text, testing::HasSubstr("Sounding Quality Workbench"));
+    EXPECT_THAT(text, testing::HasSubstr("<p>Revision: <b>V3.4.8</b></p>"));
+    EXPECT_THAT(text, testing::HasSubstr(std::string("<p>Qt Version: <b>") + qVersion() + "</b></p>"));
+    EXPECT_THAT(text, testing::HasSubstr("<p>Tarvo Config Version: <b>2.09</b></p>"));
+}
+
+TEST_F(MenusTest, DocumentsThatCannotBeShownAreTold) {
+    start(); // no desktop here to show anything with
+    qputenv("PATH", "");
+    qputenv("BROWSER", "");
+    for (const char* name : {"_actionUserManual", "_actionConfigLog", "_actionTarvoDocs"}) {
+        trigger(name);
+    }
+    EXPECT_THAT(answers.texts(),
+                ElementsAre("Unable to open the Tarvo User Manual!", "Unable to open the Tarvo Config Log!",
+                            "Unable to open the TarvoDocs website!"));
+    for (const auto& box : answers.boxes()) {
+        EXPECT_EQ(box.title, "ERROR");
+        EXPECT_EQ(box.icon, QMessageBox::Critical);
+    }
+}

@@ -1,0 +1,220 @@
+// Ways to open a sounding, and what becomes of a file that can't be opened.
+
+#include "DesktopTest.h"
+
+#include <filesystem>
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace {
+
+class OpeningTest : public DesktopTest {
+protected:
+    /// What the file dialog showed, and the file that it is answered with; none gives it up.
+    void answerDialog(const std::string& file, const char* filter = nullptr) {
+        onDialog("Tarvo - Open Sounding File", [this, file, filter](QFileDialog& files) {
+            directory = files.directory().absolutePath().toStdString();
+            selected = files.selectedNameFilter().toStdString();
+            filters = files.nameFilters().join(";;").toStdString();
+            if (filter != nullptr) {
+                files.selectNameFilter(filter);
+            }
+            if (file.empty()) {
+                files.reject();
+                return;
+            }
+            files.selectFile(QString::fromStdString(file));
+            QTest::keyClick(files.findChild<QLineEdit*>(), Qt::Key_Return);
+        });
+    }
+
+    std::string directory;
+    std::string selected;
+    std::string filters;
+};
+
+} // namespace
+
+TEST_F(OpeningTest, DialogStartsInTheFolderLastUsedAndKeepsItWithTheFilter) {
+    std::filesystem::create_directory(path("last used"));
+    configure("DataDir", path("last used") + "/");
+    configure("OpenFileSeleFilter", "All D files (D*)");
+    const std::string file = makeSounding("one.csv");
+    start();
+    answerDialog(file, "All files (*)");
+    trigger("_actionOpen");
+    EXPECT_EQ(directory, path("last used"));
+    EXPECT_EQ(selected, "All D files (D*)");
+    EXPECT_EQ(filters, "OMBRA D files (D*.?);;OMBRA P files (D*_P.?);;OMBRA P1 files (D*_P1.?);;All D files (D*);;"
+                       "X files (X*.*);;All files (*)");
+    EXPECT_THAT(openFiles(), ElementsAre("one.csv"));
+    EXPECT_EQ(stored("OpenFileSeleFilter"), "All files (*)");
+    EXPECT_EQ(stored("DataDir"), path(""));
+    EXPECT_THAT(recent(), ElementsAre(file));
+}
+
+TEST_F(OpeningTest, DialogGivenUpKeepsTheFilterOnly) {
+    configure("DataDir", path(""));
+    configure("FixedSrcDir", path("gone"));
+    configure("FixedSrcEnabled", 1.0);
+    start();
+    answerDialog("", "X files (X*.*)");
+    trigger("_actionOpen");
+    EXPECT_EQ(directory, QDir::homePath().toStdString()) << "the fixed folder doesn't exist";
+    EXPECT_EQ(stored("OpenFileSeleFilter"), "X files (X*.*)");
+    EXPECT_EQ(stored("DataDir"), path(""));
+    EXPECT_THAT(openFiles(), IsEmpty());
+}
+
+TEST_F(OpeningTest, FixedFolderReplacesTheLastOne) {
+    std::filesystem::create_directory(path("fixed"));
+    configure("FixedSrcDir", path("fixed"));
+    configure("FixedSrcEnabled", 1.0);
+    start();
+    answerDialog("");
+    trigger("_actionOpen");
+    EXPECT_EQ(directory, path("fixed"));
+}
+
+TEST_F(OpeningTest, AutoFileShowsTheDialogOneSecondAfterTheStart) {
+    configure("AutoFile", 1.0);
+    start();
+    bool shown = false;
+    onDialog("Tarvo - Open Sounding File", [&shown](QFileDialog& dialog) {
+        shown = true;
+        dialog.reject();
+    });
+    QTest::qWait(600);
+    EXPECT_FALSE(shown);
+    EXPECT_TRUE(QTest::qWaitFor([&shown] { return shown; }, 2000));
+    shown = false;
+    QTest::qWait(1300);
+    EXPECT_FALSE(shown) << "once only";
+}
+
+TEST_F(OpeningTest, AutoFilePutsNoDialogOverAnother) {
+    configure("AutoFile", 1.0);
+    start();
+    int shown = 0;
+    onDialog("Tarvo - Open Sounding File", [&shown](QFileDialog& dialog) {
+        if (++shown == 1) {
+            QTest::qWait(1500);
+        }
+        dialog.reject();
+    });
+    trigger("_actionOpen");
+    EXPECT_EQ(shown, 1);
+}
+
+TEST_F(OpeningTest, ShowsTheSoundingMaximisedAndTheOthersBehindIt) {
+    start();
+    open(makeSounding("one.csv"));
+    EXPECT_EQ(message(), "File 'one.csv' loaded.");
+    open(makeSounding("two.csv"));
+    EXPECT_THAT(openFiles(), ElementsAre("one.csv", "two.csv"));
+    EXPECT_EQ(view().windowTitle(), "two.csv");
+    EXPECT_TRUE(mdiArea().activeSubWindow()->isMaximized());
+    EXPECT_TRUE(mdiArea().subWindowList()[0]->isMinimized());
+    EXPECT_EQ(label("_statusAgent"), "Ready");
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    EXPECT_THAT(answers.boxes(), IsEmpty());
+}
+
+TEST_F(OpeningTest, OpenFileIsOnlyRaised) {
+    start();
+    const std::string one = makeSounding("one.csv");
+    open(one);
+    open(makeSounding("two.csv"));
+    std::filesystem::create_symlink(one, path("link.csv"));
+    open(path("link.csv"));
+    EXPECT_THAT(openFiles(), ElementsAre("one.csv", "two.csv"));
+    EXPECT_EQ(view().windowTitle(), "one.csv");
+    EXPECT_FALSE(mdiArea().activeSubWindow()->isMinimized()) << "an icon shows nothing";
+    trigger("_actionArrangeIcons");
+    answerDialog(path("two.csv"), "All files (*)");
+    trigger("_actionOpen");
+    EXPECT_EQ(view().windowTitle(), "two.csv");
+    EXPECT_FALSE(mdiArea().activeSubWindow()->isMinimized());
+    choose("_menuFile", "&2 one.csv");
+    EXPECT_EQ(view().windowTitle(), "one.csv");
+    EXPECT_THAT(openFiles(), ElementsAre("one.csv", "two.csv"));
+    EXPECT_THAT(recent(), ElementsAre(one, path("two.csv"))) << "the link opened nothing";
+}
+
+TEST_F(OpeningTest, NamesWithBlanksQuotesAndOtherLetters) {
+    start();
+    const std::string name = "Fall \"süd\" & 'Ωλ' %1 <b>.csv";
+    open(makeSounding(name));
+    EXPECT_THAT(openFiles(), ElementsAre(name));
+    EXPECT_EQ(message(), "File '" + name + "' loaded.");
+    EXPECT_THAT(menu("_menuFile"), testing::Contains("&1 Fall \"süd\" && 'Ωλ' %1 <b>.csv"));
+    EXPECT_THAT(menu("_menuWindow"), testing::Contains("&1 Fall \"süd\" && 'Ωλ' %1 <b>.csv"));
+    EXPECT_THAT(recent(), ElementsAre(path(name)));
+}
+
+TEST_F(OpeningTest, FailuresAreToldAndLeaveNothing) {
+    start();
+    const std::string good = makeSounding("good.csv");
+    open(good);
+    writeFile(path("empty.csv"), "");
+    writeFile(path("letter.csv"), "Dear reader,\n");
+    const struct {
+        std::string path;
+        std::string text;
+    } bad[] = {
+        {path("vanished.csv"), "Unable to open sounding file!"},
+        {path(""), "Unable to open sounding file!"},
+        {"/dev/null", "Unable to open sounding file!"},
+        {path("empty.csv"), "Sounding file is empty!"},
+        {path("letter.csv"), "This file is not in an acceptable format for Tarvo. File opening errors are:\n\n"}};
+    for (const auto& file : bad) {
+        answers.forget();
+        open(file.path);
+        ASSERT_EQ(answers.boxes().size(), 1U) << file.path;
+        EXPECT_EQ(answers.boxes()[0].title, "File Open Error");
+        EXPECT_EQ(answers.boxes()[0].icon, QMessageBox::Critical);
+        EXPECT_THAT(answers.boxes()[0].text, testing::StartsWith(file.text));
+    }
+    EXPECT_EQ(window().findChildren<TarvoViewController*>().size(), 1);
+    EXPECT_THAT(recent(), ElementsAre(good));
+    EXPECT_EQ(view().windowTitle(), "good.csv");
+    EXPECT_TRUE(action("_actionRecompute").isEnabled());
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(OpeningTest, WhatQCFindsWrongIsToldAndTheTabsAreFilled) {
+    start();
+    open(makeSounding("short.csv", 20)); // too short for the filters
+    ASSERT_EQ(answers.boxes().size(), 1U);
+    EXPECT_EQ(answers.boxes()[0].title, "Processing Alert");
+    EXPECT_EQ(answers.boxes()[0].icon, QMessageBox::Warning);
+    EXPECT_THAT(answers.boxes()[0].text, testing::StartsWith("\"short.csv\":\n\n- Filter check failed for pressure\n"));
+    EXPECT_EQ(inView("QCView").findChild<QTableView*>()->model()->rowCount(), 21);
+    EXPECT_EQ(label("_statusAgent"), "Ready");
+}
+
+TEST_F(OpeningTest, TheHundredAndFirstIsRefused) {
+    start();
+    for (int i = 0; i < TarvoMainWindow::kMostSoundings; ++i) {
+        open(makeSounding("s" + std::to_string(i) + ".csv"));
+    }
+    answers.forget();
+    const std::string late = makeSounding("late.csv");
+    open(late);
+    ASSERT_EQ(answers.boxes().size(), 1U);
+    EXPECT_EQ(answers.boxes()[0].title, "ERROR");
+    EXPECT_EQ(answers.boxes()[0].text,
+              "Cannot open file \"" + late +
+                  "\". Maximum of 100 soundings can be open at a time.\nYou must close one before opening another.");
+    EXPECT_EQ(openFiles().size(), 100U);
+    EXPECT_EQ(recent().size(), 20U);
+    EXPECT_EQ(recent()[0], path("s99.csv"));
+    trigger("_actionClose");
+    open(late);
+    EXPECT_EQ(openFiles().size(), 100U);
+    EXPECT_EQ(view().windowTitle(), "late.csv");
+    trigger("_actionCloseAll");
+    EXPECT_THAT(openFiles(), IsEmpty());
+}

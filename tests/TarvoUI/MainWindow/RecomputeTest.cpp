@@ -1,0 +1,108 @@
+// How an edit asks for a recompute.
+
+#include "DesktopTest.h"
+
+using testing::ElementsAre;
+
+namespace {
+
+class RecomputeTest : public DesktopTest {
+protected:
+    void SetUp() override {
+        DesktopTest::SetUp();
+        start();
+        open(makeSounding("one.csv"));
+        QObject::connect(&window(), &TarvoMainWindow::updateSounding, [this] { ++runs; });
+    }
+    /// 1 or 2: which of its pictures the Recompute action shows.
+    int picture() {
+        const auto image = [](const QIcon& icon) { return icon.pixmap(24).toImage(); };
+        const QImage shown = image(action("_actionRecompute").icon());
+        return shown == image(QIcon(":/tarvo_icons/recompute1.png"))   ? 1
+               : shown == image(QIcon(":/tarvo_icons/recompute2.png")) ? 2
+                                                                       : 0;
+    }
+    std::string tip() { return action("_actionRecompute").toolTip().toStdString(); }
+    bool changesTo(int wanted) {
+        return QTest::qWaitFor([&] { return picture() == wanted; }, 1200);
+    }
+
+    int runs = 0;
+};
+
+const char* const kNeeded = "Data or QC parameter(s) modified, recompute is needed.";
+
+} // namespace
+
+TEST_F(RecomputeTest, AnEditMakesTheActionFlashUntilTheRun) {
+    EXPECT_EQ(picture(), 1);
+    EXPECT_EQ(tip(), "Recompute");
+    QTest::keyClicks(&inView<QLineEdit>("_overridePres"), "99");
+    EXPECT_EQ(tip(), kNeeded);
+    EXPECT_EQ(picture(), 1) << "the first change comes after 0.7 s";
+    EXPECT_TRUE(changesTo(2));
+    EXPECT_TRUE(changesTo(1));
+    EXPECT_TRUE(changesTo(2));
+    EXPECT_EQ(runs, 0);
+    trigger("_actionRecompute");
+    EXPECT_EQ(runs, 1);
+    EXPECT_EQ(picture(), 1);
+    EXPECT_EQ(tip(), "Recompute");
+    QTest::qWait(900);
+    EXPECT_EQ(picture(), 1) << "it has ended";
+}
+
+TEST_F(RecomputeTest, TheNextFlashBeginsAnew) {
+    QTest::keyClicks(&inView<QLineEdit>("_overridePres"), "9");
+    EXPECT_TRUE(changesTo(2));
+    trigger("_actionRecompute");
+    QTest::keyClicks(&inView<QLineEdit>("_overridePres"), "9");
+    EXPECT_EQ(picture(), 1);
+    EXPECT_TRUE(changesTo(2));
+}
+
+TEST_F(RecomputeTest, TheButtonRunsAtOnce) {
+    QTest::keyClicks(&inView<QLineEdit>("_overridePres"), "999.5");
+    QTest::mouseClick(&inView("_recompute"), Qt::LeftButton);
+    EXPECT_EQ(runs, 1);
+    EXPECT_EQ(tip(), "Recompute");
+    const SndMetaData meta = view().editor()->getSndMetaData(true);
+    EXPECT_DOUBLE_EQ(meta.launchPres.value(), 999.5);
+}
+
+TEST_F(RecomputeTest, AnEditOfRawDataCountsThemAnew) {
+    const int version = view().editor()->rawVersion();
+    trigger("_actionRecompute");
+    EXPECT_EQ(view().editor()->rawVersion(), version + 1) << "QC marks raw data";
+    QTest::keyClicks(&inView<QLineEdit>("_overridePres"), "9");
+    EXPECT_EQ(view().editor()->rawVersion(), version + 1) << "not before the run";
+    trigger("_actionRecompute");
+    EXPECT_EQ(view().editor()->rawVersion(), version + 3);
+    trigger("_actionRecompute");
+    EXPECT_EQ(view().editor()->rawVersion(), version + 4) << "the mark is gone";
+    QTest::mouseClick(&inView("_recompute"), Qt::LeftButton);
+    EXPECT_EQ(view().editor()->rawVersion(), version + 6) << "also when the request runs at once";
+}
+
+TEST_F(RecomputeTest, OnlyTheActiveSoundingRuns) {
+    open(makeSounding("two.csv"));
+    runs = 0;
+    QString done;
+    QObject::connect(&window(), &TarvoMainWindow::updateSounding, [&done](const QString& path) { done = path; });
+    trigger("_actionRecompute");
+    EXPECT_EQ(runs, 1);
+    EXPECT_EQ(done.toStdString(), path("two.csv"));
+}
+
+TEST_F(RecomputeTest, TheFlashEndsWithTheLastWindow) {
+    QTest::keyClicks(&inView<QLineEdit>("_overridePres"), "9");
+    EXPECT_TRUE(changesTo(2));
+    trigger("_actionClose");
+    EXPECT_EQ(picture(), 1);
+    EXPECT_EQ(tip(), "Recompute");
+}
+
+TEST_F(RecomputeTest, TheSummaryTellsTheTabs) {
+    EXPECT_THAT(view().editor()->summaryItems("Processing Steps"),
+                testing::Contains("Tabs updated (in less than 1.0s)"));
+}

@@ -1,0 +1,76 @@
+// The program from its start, in a process of its own.
+
+#include "MessageBoxes.h"
+#include "TemporaryFolder.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <gmock/gmock.h>
+
+using testing::ElementsAre;
+
+namespace {
+
+class StartTest : public testing::Test {
+protected:
+    /// Starts in the home; boxes become titles and texts, and a shown window the line "shown". -1 for a crash.
+    int run() {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("HOME", QString::fromStdString(home.path().string()));
+        environment.remove("XDG_CONFIG_HOME");
+        QProcess program;
+        program.setProcessEnvironment(environment);
+        program.start(MAINWINDOW_PROGRAM, QStringList());
+        const bool ended = program.waitForFinished(60000) && program.exitStatus() == QProcess::NormalExit;
+        lines.clear();
+        for (const QByteArray& line : program.readAllStandardOutput().split('\n')) {
+            const QJsonObject said = QJsonDocument::fromJson(line).object();
+            if (!said.isEmpty()) {
+                lines.push_back((said["title"].toString() + ": " + said["text"].toString()).toStdString());
+            }
+        }
+        return ended ? program.exitCode() : -1;
+    }
+    std::string xml() const { return (home / ".config/Tarvo/tarvo.xml").string(); }
+
+    TemporaryFolder home;
+    std::vector<std::string> lines;
+};
+
+} // namespace
+
+TEST_F(StartTest, ANewUserGetsTheFilesAndAWindow) {
+    EXPECT_EQ(run(), 0);
+    EXPECT_THAT(lines, testing::Contains("Tarvo V3.4.8: shown maximised"));
+    EXPECT_EQ(run(), 0);
+    EXPECT_THAT(lines, ElementsAre("Tarvo V3.4.8: shown maximised")) << "without a box the second time";
+}
+
+TEST_F(StartTest, ADamagedConfigurationEndsTheProgram) {
+    ASSERT_EQ(run(), 0);
+    std::string text = readFile(xml());
+    text.erase(text.rfind("</tarvoConfig>"));
+    writeFile(xml(), text);
+    EXPECT_EQ(run(), 1);
+    EXPECT_THAT(lines, ElementsAre("TARVO: There is a problem with the XML configuration file.\n"
+                                   "It needs to be fixed before Tarvo can proceed\n\n"
+                                   "Sorry, but Tarvo has to exit. :-(\n\n"
+                                   "(Hint - after a new Tarvo install, you may need to logoff\n"
+                                   "and login again several times to correct this.\n"
+                                   "Another Hint - try opening the XML file in a web browser.)"));
+    EXPECT_EQ(readFile(xml()), text);
+}
+
+TEST_F(StartTest, OpensInItsOwnSizeWhenAskedTo) {
+    ASSERT_EQ(run(), 0);
+    std::string text = readFile(xml());
+    for (auto at = text.find("name=\"OpenMaximized\""); at != std::string::npos;
+         at = text.find("name=\"OpenMaximized\"", at + 1)) {
+        const auto value = text.find("<current>", at);
+        text.replace(value, text.find("</current>", value) - value, "<current>false");
+    }
+    writeFile(xml(), text);
+    EXPECT_EQ(run(), 0);
+    EXPECT_THAT(lines, ElementsAre("Tarvo V3.4.8: shown"));
+}

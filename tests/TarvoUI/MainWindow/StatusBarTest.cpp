@@ -1,0 +1,118 @@
+// What the status bar tells, and the size of the text.
+
+#include "DesktopTest.h"
+
+#include <QStatusBar>
+
+namespace {
+
+class StatusBarTest : public DesktopTest {
+protected:
+    QImage mode() { return window().findChild<QLabel*>("_modeLabel")->pixmap(Qt::ReturnByValue).toImage(); }
+    static QImage letter(const char* name) {
+        return QPixmap(name).scaled(20, 20, Qt::KeepAspectRatio, Qt::SmoothTransformation).toImage();
+    }
+    std::string modeTip() { return window().findChild<QLabel*>("_modeLabel")->toolTip().toStdString(); }
+    /// The type of the tabs, points.
+    int size() {
+        EXPECT_EQ(mdiArea().styleSheet(), window().statusBar()->styleSheet());
+        return QRegularExpression("^\\* \\{font-size:(\\d+)pt; font-family:\"Arial\";\\}$")
+            .match(mdiArea().styleSheet())
+            .captured(1)
+            .toInt();
+    }
+};
+
+} // namespace
+
+TEST_F(StatusBarTest, TellsConfigurationAndMode) {
+    start();
+    EXPECT_EQ(message(), "Ready");
+    EXPECT_EQ(label("_configLabel"), "ACTIVE CONFIG: editsonde ");
+    EXPECT_EQ(label("_configDirLabel"), "CONFIG DIR: " + QDir::homePath().toStdString() + "/.config/Tarvo ");
+    EXPECT_EQ(mode(), letter(":/Images/LetterQ.png"));
+    EXPECT_EQ(modeTip(), "Tarvo is in QC processing mode");
+    configure("DoQC", 0.0);
+    window().updateStatusBar("Changed");
+    EXPECT_EQ(message(), "Changed");
+    EXPECT_EQ(mode(), letter(":/Images/LetterV.png"));
+    EXPECT_EQ(modeTip(), "Tarvo is in visualization mode (no QC is performed)");
+}
+
+TEST_F(StatusBarTest, TellsTheConfigurationOfTheActiveWindow) {
+    start();
+    open(makeSounding("one.csv"));
+    RegistryXML registry(configFile(), "");
+    registry.setActive1SetName("descending-PELO");
+    registry.save(false);
+    window().updateStatusBar();
+    EXPECT_EQ(label("_configLabel"), "ACTIVE CONFIG: editsonde ");
+    open(makeSounding("two.csv"));
+    EXPECT_EQ(label("_configLabel"), "ACTIVE CONFIG: descending-PELO ");
+    choose("_menuWindow", "&1 one.csv");
+    EXPECT_EQ(label("_configLabel"), "ACTIVE CONFIG: editsonde ");
+    trigger("_actionCloseAll");
+    window().updateStatusBar();
+    EXPECT_EQ(label("_configLabel"), "ACTIVE CONFIG: descending-PELO ");
+}
+
+TEST_F(StatusBarTest, TheLoadedMessageGoesAndShowsTheProgressBelow) {
+    start();
+    open(makeSounding("one.csv"));
+    EXPECT_EQ(message(), "File 'one.csv' loaded.");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return message().empty(); }, 3500));
+    EXPECT_TRUE(window().findChild<QLabel*>("_statusAgent")->isVisible());
+    EXPECT_EQ(label("_statusAgent"), "Ready");
+}
+
+TEST_F(StatusBarTest, AppendedTextStandsBehindTheFirst) {
+    start();
+    auto* agent = window().findChild<StatusAgentQLabel*>("_statusAgent");
+    agent->SetStatus("Updating tabs...");
+    agent->AppendStatus("Main ");
+    agent->AppendStatus("Räw ");
+    EXPECT_EQ(label("_statusAgent"), "Updating tabs...Räw ");
+    agent->SetStatus("Ready");
+    EXPECT_EQ(label("_statusAgent"), "Ready");
+}
+
+TEST_F(StatusBarTest, KeysChangeTheTextSizeBetween4And60) {
+    configure("TextSizePt", 58.0);
+    start();
+    EXPECT_EQ(size(), 58);
+    EXPECT_EQ(message(), "Ready") << "no change was asked for";
+    QTest::keyClick(&window(), Qt::Key_Equal, Qt::ControlModifier);
+    EXPECT_EQ(size(), 59);
+    EXPECT_EQ(message(), "                 Arial:59");
+    QTest::keyClick(&window(), Qt::Key_Plus, Qt::ControlModifier | Qt::ShiftModifier);
+    QTest::keyClick(&window(), Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_EQ(size(), 60);
+    EXPECT_EQ(message(), "                 Arial:60");
+    QTest::keyClick(&window(), Qt::Key_Minus);
+    EXPECT_EQ(size(), 60) << "without Ctrl";
+    QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Minus, Qt::ControlModifier, "-", true);
+    QApplication::sendEvent(&window(), &repeated);
+    EXPECT_EQ(size(), 60) << "held down";
+    for (int i = 0; i < 60; ++i) {
+        QTest::keyClick(&window(), Qt::Key_Minus, Qt::ControlModifier);
+    }
+    EXPECT_EQ(size(), 4);
+    EXPECT_EQ(message(), "                 Arial:4");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return message().empty(); }, 1500));
+}
+
+TEST_F(StatusBarTest, SizeKeysReachTheWindowFromWithinATab) {
+    start();
+    open(makeSounding("one.csv"));
+    QTest::keyClick(&inView<QLineEdit>("_overridePres"), Qt::Key_Equal, Qt::ControlModifier);
+    QTest::keyClick(inView("RawView").findChild<QTableView*>(), Qt::Key_Equal, Qt::ControlModifier);
+    EXPECT_EQ(size(), 14);
+    EXPECT_EQ(inView("_overridePres").font().pointSize(), 14);
+}
+
+TEST_F(StatusBarTest, FamilyAndSizeComeFromTheConfiguration) {
+    configure("FontFamily", "Liberation Mono");
+    configure("TextSizePt", 2.0);
+    start();
+    EXPECT_EQ(mdiArea().styleSheet(), "* {font-size:4pt; font-family:\"Liberation Mono\";}");
+}
