@@ -7,8 +7,11 @@
 #include <QPen>
 #include <qwt_legend.h>
 #include <qwt_plot_canvas.h>
+#include <qwt_plot_layout.h>
 #include <qwt_scale_div.h>
+#include <qwt_scale_draw.h>
 #include <qwt_scale_engine.h>
+#include <qwt_scale_widget.h>
 #include <qwt_symbol.h>
 #include <qwt_text.h>
 
@@ -24,6 +27,15 @@ constexpr double kCurveWidth = 1.0; // pixels
 constexpr QSize kLegendIcon(24, 10);
 const QColor kGridColor(0xdd, 0xdd, 0xdd);
 const QColor kCreditColor(0x70, 0x70, 0x70);
+
+/// The same numbers everywhere, without marks between thousands.
+class PlainScaleDraw : public QwtScaleDraw {
+public:
+    QwtText label(double value) const override {
+        constexpr int kDigits = 10;
+        return QString::number(value, 'g', kDigits);
+    }
+};
 
 struct SymbolRow {
     QwtSymbol::Style style;
@@ -82,7 +94,9 @@ GraphAdapterQwt::GraphAdapterQwt(QwtPlot* plot, const std::string& fontFamily, i
     const QFont font(toQString(_fontFamily), _fontSize);
     for (int axis = 0; axis < QwtPlot::axisCnt; ++axis) {
         _plot->setAxisFont(axis, font);
+        _plot->setAxisScaleDraw(axis, new PlainScaleDraw);
     }
+    _plot->plotLayout()->setAlignCanvasToScales(true);
     _grid.setMajorPen(QPen(kGridColor));
     enableGrids();
     _grid.attach(_plot);
@@ -136,7 +150,11 @@ void GraphAdapterQwt::plot(bool invertY, bool resetAxes, double yMin, double yMa
 }
 
 void GraphAdapterQwt::setTitles(const std::string& credit) {
-    QFont font(toQString(_fontFamily), _fontSize);
+    // The numbers on the axes follow the text size of the window; the titles do so as far as there is room for them.
+    constexpr int kLargestTitle = 14;
+    const int windowSize = _plot->axisWidget(QwtPlot::yLeft)->font().pointSize();
+    const int size = std::max(_fontSize, std::min(windowSize, kLargestTitle));
+    QFont font(toQString(_fontFamily), size);
     QwtText footer(toQString(credit).trimmed());
     footer.setFont(QFont(toQString(_fontFamily), _fontSize - 2));
     footer.setColor(kCreditColor);
@@ -155,7 +173,7 @@ void GraphAdapterQwt::setTitles(const std::string& credit) {
     setTitle(QwtPlot::xTop, _xLabelTop);
     if (!_title.empty()) {
         QwtText title(toQString(_title));
-        font.setPointSize(_fontSize + 1);
+        font.setPointSize(size + 1);
         title.setFont(font);
         title.setRenderFlags(Qt::AlignCenter | Qt::TextWordWrap);
         _plot->setTitle(title);

@@ -75,7 +75,7 @@ void GraphXY::plot() {
     addTraces();
     const PlotWords& words = plotWords(_plotType);
     const bool knots = _plotType == PlotWind && _wspdKnots;
-    _adapter->labels(_title + "  " + words.title + kVersus[_plotAxis], words.lower, knots ? kKnotsLabel : words.upper,
+    _adapter->labels(_title + "\n" + words.title + kVersus[_plotAxis], words.lower, knots ? kKnotsLabel : words.upper,
                      axisLabel(), _credit);
     // An axis that runs downwards has the ground at the bottom: pressure, and the time of a drop.
     const bool downwards = _plotAxis == AxisTime ? !_ascending : _plotAxis == AxisPres;
