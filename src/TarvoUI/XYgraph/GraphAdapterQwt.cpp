@@ -154,27 +154,29 @@ void GraphAdapterQwt::setTitles(const std::string& credit) {
     constexpr int kLargestTitle = 14;
     const int windowSize = _plot->axisWidget(QwtPlot::yLeft)->font().pointSize();
     const int size = std::max(_fontSize, std::min(windowSize, kLargestTitle));
-    QFont font(toQString(_fontFamily), size);
-    QwtText footer(toQString(credit).trimmed());
-    footer.setFont(QFont(toQString(_fontFamily), _fontSize - 2));
+    const auto styled = [&](const std::string& text, int points, bool bold) {
+        QwtText title(toQString(text));
+        QFont font(toQString(_fontFamily), points);
+        font.setBold(bold);
+        title.setFont(font);
+        return title;
+    };
+    QwtText footer = styled(credit, _fontSize - 2, false);
+    footer.setText(footer.text().trimmed());
     footer.setColor(kCreditColor);
     footer.setRenderFlags(Qt::AlignRight | Qt::AlignVCenter);
     _plot->setFooter(footer);
-    font.setBold(true);
-    const auto setTitle = [&](int axis, const std::string& text) {
-        if (!text.empty()) {
-            QwtText title(toQString(text));
-            title.setFont(font);
-            _plot->setAxisTitle(axis, title);
-        }
-    };
-    setTitle(QwtPlot::yLeft, _yLabel);
-    setTitle(QwtPlot::xBottom, _xLabelBottom);
-    setTitle(QwtPlot::xTop, _xLabelTop);
+    if (!_yLabel.empty()) {
+        _plot->setAxisTitle(QwtPlot::yLeft, styled(_yLabel, _fontSize, true));
+    }
+    if (!_xLabelBottom.empty()) {
+        _plot->setAxisTitle(QwtPlot::xBottom, styled(_xLabelBottom, size, true));
+    }
+    if (!_xLabelTop.empty()) {
+        _plot->setAxisTitle(QwtPlot::xTop, styled(_xLabelTop, size, true));
+    }
     if (!_title.empty()) {
-        QwtText title(toQString(_title));
-        font.setPointSize(size + 1);
-        title.setFont(font);
+        QwtText title = styled(_title, size + 1, true);
         title.setRenderFlags(Qt::AlignCenter | Qt::TextWordWrap);
         _plot->setTitle(title);
     }
