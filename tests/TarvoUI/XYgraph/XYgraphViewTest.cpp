@@ -195,6 +195,28 @@ TEST_F(XYgraph, StylesReachThePlot) {
     EXPECT_FALSE(grid->yEnabled());
 }
 
+TEST_F(XYgraph, AZoomOutlivesARecomputeOfTheSounding) {
+    open("D20210914_043120.2");
+    const auto left = [&] { return plot->axisScaleDiv(QwtPlot::yLeft).lowerBound(); };
+    const auto zoom = [&] {
+        QTest::mousePress(plot->canvas(), Qt::LeftButton, {}, {200, 150});
+        QMouseEvent move(QEvent::MouseMove, QPoint(500, 350), Qt::NoButton, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(plot->canvas(), &move);
+        QTest::mouseRelease(plot->canvas(), Qt::LeftButton, {}, {500, 350});
+    };
+    const double base = left();
+    zoom();
+    const double zoomed = left();
+    ASSERT_NE(zoomed, base);
+    window->activeView()->process();
+    EXPECT_EQ(left(), zoomed);
+    click("_unzoom");
+    EXPECT_EQ(left(), base);
+    zoom();
+    click("_spdDir");
+    EXPECT_EQ(left(), base);
+}
+
 TEST_F(XYgraph, UnitButton) {
     open("summer_up_20220705.csv");
     click("_spdDir");
