@@ -140,8 +140,11 @@ TEST_F(Canvas, MarksAndLinesChangePlainLinesOnly) {
     add(0, trace("line", Trace::Line, {1.0, 2.0}));
     add(0, trace("flagged", Trace::LargeTriangles, {1.0, 2.0}));
     draw();
+    const QwtSeriesData<QPointF>* points = curve("line").data();
     adapter.markPoints(true);
     adapter.drawLines(false);
+    zoom(0.2, 0.8);
+    EXPECT_EQ(curve("line").data(), points); // no new samples for that
     EXPECT_EQ(symbol(curve("line")), QwtSymbol::Star1);
     EXPECT_EQ(curve("line").symbol()->size().width(), 5);
     EXPECT_EQ(curve("line").style(), QwtPlotCurve::Dots);

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <set>
 #include <sstream>
 
 namespace {
@@ -212,6 +213,33 @@ TEST(GraphXY, LevelsAreNeverPlottedAgainstAltitude) {
     EXPECT_THAT(drop.recorder.titles(), Contains("Levels WdirStd"));
     drop.graph.plotAxis(AxisAlt, true, 0.0, 0.0);
     EXPECT_THAT(drop.recorder.titles(), Each(Not(HasSubstr("Levels"))));
+}
+
+TEST(GraphXY, LevelsStandInTheTraceOfTheirKind) {
+    Drop drop;
+    const auto speedsOf = [&](int first, int last) { // types, as numbers
+        std::set<double> speeds;
+        for (int type = first; type <= last; ++type) {
+            for (const Level& level :
+                 drop.editor.levels()->subsetByType(static_cast<LevelType>(type), 1.0, 1200.01, false)) {
+                double speed = 0.0;
+                if (level.has(LFtime) && level.getFieldData(LFwspd, speed)) {
+                    speeds.insert(speed);
+                }
+            }
+        }
+        return speeds;
+    };
+    const auto plotted = [&](const char* title) {
+        const std::vector<double>& x = drop.recorder.trace(title).x();
+        std::set<double> speeds(x.begin(), x.end());
+        speeds.erase(-999.0);
+        return speeds;
+    };
+    EXPECT_EQ(plotted("Levels WspdStd"), speedsOf(0, 0));
+    EXPECT_EQ(plotted("Levels WspdSft"), speedsOf(1, 28));
+    EXPECT_EQ(plotted("Levels WspdLyr"), speedsOf(29, 32));
+    EXPECT_THAT(speedsOf(31, 31), Not(IsEmpty()));
 }
 
 TEST(GraphXY, LevelsCarryTheirLabels) {
