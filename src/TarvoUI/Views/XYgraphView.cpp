@@ -260,7 +260,9 @@ void XYgraphView::stylesChanged() {
 }
 
 void XYgraphView::xyPreview(QPrinter* printer) {
-    QwtPlotRenderer().renderTo(_plot, *printer);
+    QwtPlotRenderer renderer;
+    renderer.setDiscardFlag(QwtPlotRenderer::DiscardBackground); // paper has none
+    renderer.renderTo(_plot, *printer);
 }
 
 int XYgraphView::printPreview() {
