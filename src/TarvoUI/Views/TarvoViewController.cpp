@@ -7,6 +7,7 @@
 #include "TarvoSettings.h"
 #include "UiText.h"
 #include "WaitCursor.h"
+#include "XYgraphView.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -48,6 +49,7 @@ const std::vector<TarvoViewController::Tab>& TarvoViewController::tabTable() {
         {"&Main", "Main ", nullptr, false, &make<MainView>},
         {"&Raw", "Raw ", nullptr, false, &make<RawView>},
         {"&QC", "QC ", "QC autosaving", true, &make<QCView>},
+        {"&XY Graph", "XY ", nullptr, false, &make<XYgraphView>},
     };
     return tabs;
 }

@@ -8,6 +8,7 @@
 #include "TarvoSettings.h"
 #include "TarvoViewController.h"
 
+#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QDialog>
@@ -18,12 +19,14 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPainter>
+#include <QPushButton>
 #include <QStatusBar>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTextStream>
 #include <QTimer>
 #include <QToolBar>
+#include <qwt_plot.h>
 
 namespace {
 
@@ -139,6 +142,22 @@ void settle(QMainWindow& window) {
     window.findChild<QLabel*>("_statusAgent")->setText("Ready");
 }
 
+/// Wind against pressure with its levels, and a menu of the tab.
+void keepXYgraph(TarvoViewController& view, QMainWindow& window, Album& album) {
+    constexpr int kXYgraph = 3;
+    showTab(view, kXYgraph);
+    QWidget* tab = view.tabs()->currentWidget();
+    for (const char* name : {"_raw", "_qc", "_levels", "_spdDir", "_pres"}) {
+        tab->findChild<QAbstractButton*>(name)->click();
+    }
+    auto* plot = tab->findChild<QwtPlot*>();
+    plot->setFooter("Tarvo");
+    album.keep(window, "xy-graph-tab");
+    auto* flags = tab->findChild<QPushButton*>("_flags");
+    const QPoint beside = flags->mapTo(&window, QPoint(flags->width(), flags->height()));
+    album.keepPopup(window, *flags->menu(), beside - QPoint(0, flags->menu()->sizeHint().height()), "xy-graph-flags");
+}
+
 void takePictures(const QString& example, Album& album, Answers& answers) {
     answers.keepNext("first-start-box");
     { const TarvoMainWindow first; } // makes the files of the user
@@ -171,6 +190,7 @@ void takePictures(const QString& example, Album& album, Answers& answers) {
     album.keepPopup(window, context, cell, "raw-context-menu");
     showTab(*view, 2);
     album.keep(window, "qc-tab");
+    keepXYgraph(*view, window, album);
 
     showTab(*view, 1);
     grid->selectColumn(0);

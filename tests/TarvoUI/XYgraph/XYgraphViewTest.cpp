@@ -1,0 +1,296 @@
+#include "XYgraphView.h"
+
+#include "ModalAnswers.h"
+#include "TarvoMainWindow.h"
+#include "TarvoSettings.h"
+#include "TarvoViewController.h"
+#include "TemporaryFolder.h"
+
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMenu>
+#include <QtTest/QtTest>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <qwt_plot.h>
+#include <qwt_plot_curve.h>
+#include <qwt_plot_grid.h>
+#include <qwt_symbol.h>
+
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+
+class XYgraph : public testing::Test {
+protected:
+    void open(const char* example, int doQC = 1) {
+        window = std::make_unique<TarvoMainWindow>(); // the first one makes the files of the user
+        RegistryXML registry(TarvoSettings::configFile().toStdString(), "");
+        TarvoConfigSet set(&registry);
+        set.set("DoQC", doQC);
+        set.set("AutoFile", 0.0);
+        set.save(false);
+        window = std::make_unique<TarvoMainWindow>();
+        window->resize(1280, 800);
+        window->show();
+        window->processFile(QString(TARVO_SOURCE_DIR "/examples/data/") + example);
+        TabWidget* tabs = window->activeView()->tabs();
+        for (int i = 0; i < tabs->count(); ++i) {
+            if (tabs->tabText(i) == "&XY Graph") {
+                tabs->setCurrentIndex(i);
+            }
+        }
+        view = qobject_cast<XYgraphView*>(tabs->currentWidget());
+        ASSERT_NE(view, nullptr);
+        plot = view->findChild<QwtPlot*>();
+    }
+    void click(const char* name) {
+        auto* button = view->findChild<QAbstractButton*>(name);
+        QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
+    }
+    void choose(const char* button, const char* choice) {
+        for (QAction* action : view->findChild<ChoicesButton*>(button)->menu()->actions()) {
+            if (action->text() == choice) {
+                action->trigger();
+            }
+        }
+    }
+    std::vector<std::string> chosen(const char* button) const {
+        std::vector<std::string> names;
+        for (const auto& choice : view->findChild<ChoicesButton*>(button)->status()) {
+            if (choice.checked) {
+                names.push_back(choice.name.toStdString());
+            }
+        }
+        return names;
+    }
+    bool isEnabled(const char* name) const { return view->findChild<QAbstractButton*>(name)->isEnabled(); }
+    bool isChecked(const char* name) const { return view->findChild<QAbstractButton*>(name)->isChecked(); }
+    std::vector<std::string> curves() const {
+        std::vector<std::string> titles;
+        for (const QwtPlotItem* item : plot->itemList(QwtPlotItem::Rtti_PlotCurve)) {
+            titles.push_back(item->title().text().toStdString());
+        }
+        return titles;
+    }
+    void saveAs(const QString& path, const char* filter) {
+        answers.operate("Tarvo - Save XY Plot", [=](QDialog& dialog) {
+            auto& files = static_cast<QFileDialog&>(dialog);
+            files.selectNameFilter(filter);
+            files.setDirectory(QFileInfo(path).path());
+            files.selectFile(path);
+            files.findChild<QLineEdit*>("fileNameEdit")->setText(path);
+            static_cast<QDialog&>(files).accept();
+        });
+        view->save();
+    }
+
+    ModalAnswers answers;
+    TemporaryFolder folder;
+    std::unique_ptr<TarvoMainWindow> window;
+    XYgraphView* view = nullptr;
+    QwtPlot* plot = nullptr;
+};
+
+} // namespace
+
+TEST_F(XYgraph, StartsWithRawTemperatureAndRH) {
+    open("D20210914_043120.2");
+    EXPECT_THAT(curves(), ElementsAre("Raw Tdry", "Raw RH"));
+    EXPECT_TRUE(isChecked("_tdryRH") && isChecked("_time") && isChecked("_raw"));
+    EXPECT_FALSE(isChecked("_qc") || isChecked("_levels"));
+    click("_qc");
+    EXPECT_THAT(curves(), ElementsAre("Raw Tdry", "QC Tdry", "Raw RH", "QC RH"));
+    click("_raw");
+    click("_satsDz");
+    EXPECT_THAT(curves(), ElementsAre("VVcheck dz/dt", "Hydrostatic dz/dt", "Vertical wind"));
+    click("_latLon");
+    EXPECT_THAT(curves(), ElementsAre("QC Lat", "QC Lon"));
+    click("_presAlt");
+    EXPECT_THAT(curves(), ElementsAre("VVcheck Pres", "QC Pres", "QC alt"));
+}
+
+TEST_F(XYgraph, RHsShowRawOnlyAndGiveBackTheChoice) {
+    open("D20210914_043120.2");
+    click("_qc");
+    click("_levels");
+    click("_RHs");
+    EXPECT_THAT(curves(), ElementsAre("RH1", "RH2", "QC-Used RH"));
+    EXPECT_FALSE(isEnabled("_raw") || isEnabled("_qc") || isEnabled("_levels"));
+    EXPECT_TRUE(isChecked("_raw"));
+    EXPECT_FALSE(isChecked("_qc") || isChecked("_levels"));
+    click("_tdryRH");
+    EXPECT_TRUE(isChecked("_qc") && isChecked("_levels") && isEnabled("_raw"));
+    EXPECT_THAT(curves(), Contains("Levels TdryStd"));
+}
+
+TEST_F(XYgraph, AltitudeGreysLevels) {
+    open("D20210914_043120.2");
+    click("_levels");
+    click("_alt");
+    EXPECT_FALSE(isEnabled("_levels"));
+    EXPECT_THAT(curves(), ElementsAre("Raw Tdry", "Raw RH"));
+    click("_spdDir");
+    EXPECT_FALSE(isEnabled("_levels"));
+    click("_pres");
+    EXPECT_TRUE(isEnabled("_levels"));
+    EXPECT_THAT(curves(), Contains("Levels WspdLyr"));
+}
+
+TEST_F(XYgraph, WithoutQCThereIsRawOnly) {
+    open("summer_up_20220705.csv", 0);
+    EXPECT_FALSE(isEnabled("_qc") || isEnabled("_levels"));
+    EXPECT_FALSE(view->findChild<QAbstractButton*>("_RHs")->isVisible());
+    click("_time");
+    click("_qc");
+    EXPECT_FALSE(isEnabled("_levels"));
+    EXPECT_THAT(curves(), ElementsAre("Raw Tdry", "Raw RH"));
+}
+
+TEST_F(XYgraph, AllAndNoneOfTheFlags) {
+    open("D20210914_043120.2");
+    choose("_flags", "All");
+    EXPECT_EQ(chosen("_flags").size(), 17U); // all but "None"
+    EXPECT_THAT(chosen("_flags"), Not(Contains("None")));
+    EXPECT_THAT(curves(), ElementsAre("Raw Tdry", "Flagged Raw Tdry", "Raw RH", "Flagged Raw RH"));
+    choose("_flags", "QC-Keep");
+    EXPECT_EQ(chosen("_flags").size(), 15U); // nor "All" any more
+    choose("_flags", "None");
+    EXPECT_THAT(chosen("_flags"), ElementsAre("None"));
+    EXPECT_THAT(curves(), ElementsAre("Raw Tdry", "Raw RH"));
+    choose("_flags", "Telemetry-PTU");
+    EXPECT_THAT(chosen("_flags"), ElementsAre("Telemetry-PTU"));
+    EXPECT_THAT(curves(), Contains("Flagged Raw Tdry"));
+    choose("_flags", "Telemetry-PTU");
+    choose("_flags", "QC-Ignore"); // of nothing
+    EXPECT_THAT(curves(), ElementsAre("Raw Tdry", "Raw RH"));
+}
+
+TEST_F(XYgraph, FlagsNameTheLaunchObservation) {
+    open("summer_up_20220705.csv");
+    EXPECT_EQ(view->findChild<ChoicesButton*>("_flags")->status()[2].name, "Obs-Surface");
+    choose("_flags", "Obs-Surface");
+    EXPECT_THAT(curves(), Contains("Flagged Raw Tdry"));
+    open("D20210914_043120.2");
+    EXPECT_EQ(view->findChild<ChoicesButton*>("_flags")->status()[2].name, "Obs-Flight");
+}
+
+TEST_F(XYgraph, StylesReachThePlot) {
+    open("summer_up_20220705.csv");
+    const auto curve = [&] {
+        return static_cast<const QwtPlotCurve*>(plot->itemList(QwtPlotItem::Rtti_PlotCurve).first());
+    };
+    choose("_styles", "MarkPts");
+    EXPECT_NE(curve()->symbol(), nullptr);
+    EXPECT_EQ(curve()->style(), QwtPlotCurve::Lines);
+    choose("_styles", "DrawLns");
+    EXPECT_EQ(curve()->style(), QwtPlotCurve::Dots);
+    choose("_styles", "Y-Grid");
+    view->update();
+    const auto* grid = static_cast<const QwtPlotGrid*>(plot->itemList(QwtPlotItem::Rtti_PlotGrid).first());
+    EXPECT_TRUE(grid->xEnabled());
+    EXPECT_FALSE(grid->yEnabled());
+}
+
+TEST_F(XYgraph, AZoomOutlivesARecomputeOfTheSounding) {
+    open("D20210914_043120.2");
+    const auto left = [&] { return plot->axisScaleDiv(QwtPlot::yLeft).lowerBound(); };
+    const auto zoom = [&] {
+        QTest::mousePress(plot->canvas(), Qt::LeftButton, {}, {200, 150});
+        QMouseEvent move(QEvent::MouseMove, QPoint(500, 350), Qt::NoButton, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(plot->canvas(), &move);
+        QTest::mouseRelease(plot->canvas(), Qt::LeftButton, {}, {500, 350});
+    };
+    const double base = left();
+    zoom();
+    const double zoomed = left();
+    ASSERT_NE(zoomed, base);
+    window->activeView()->process();
+    EXPECT_EQ(left(), zoomed);
+    click("_unzoom");
+    EXPECT_EQ(left(), base);
+    zoom();
+    click("_spdDir");
+    EXPECT_EQ(left(), base);
+}
+
+TEST_F(XYgraph, UnitButton) {
+    open("summer_up_20220705.csv");
+    click("_spdDir");
+    EXPECT_EQ(view->findChild<QAbstractButton*>("_wspdunit")->text(), "m/s");
+    const double metric = plot->axisScaleDiv(QwtPlot::xTop).upperBound();
+    click("_wspdunit");
+    EXPECT_EQ(view->findChild<QAbstractButton*>("_wspdunit")->text(), "knot");
+    EXPECT_EQ(plot->axisTitle(QwtPlot::xTop).text(), "Wind Speed (knot)");
+    EXPECT_GT(plot->axisScaleDiv(QwtPlot::xTop).upperBound(), 1.5 * metric);
+    click("_wspdunit");
+    EXPECT_EQ(plot->axisScaleDiv(QwtPlot::xTop).upperBound(), metric);
+}
+
+TEST_F(XYgraph, ScalesComeFromTheConfiguration) {
+    open("summer_up_20220705.csv");
+    TarvoConfigSet* set = window->activeView()->configSet();
+    set->set("xyGraphTdryAuto", 0.0);
+    set->set("xyGraphTdryMin", -77.0);
+    set->set("xyGraphTdryMax", 44.0);
+    set->set("xyGraphPresAuto", 0.0);
+    set->set("xyGraphPresMin", 200.0);
+    set->set("xyGraphPresMax", 900.0);
+    view->update();
+    EXPECT_EQ(plot->axisScaleDiv(QwtPlot::xBottom).lowerBound(), -77.0);
+    EXPECT_EQ(plot->axisScaleDiv(QwtPlot::xBottom).upperBound(), 44.0);
+    click("_pres");
+    EXPECT_EQ(plot->axisScaleDiv(QwtPlot::yLeft).lowerBound(), 900.0);
+    EXPECT_EQ(plot->axisScaleDiv(QwtPlot::yLeft).upperBound(), 200.0);
+}
+
+TEST_F(XYgraph, SavesPicturesByTheirExtension) {
+    open("summer_up_20220705.csv");
+    const QString base = QString::fromStdString((folder / "plot").string());
+    saveAs(base, "PNG Image (*.png)");
+    EXPECT_EQ(readFile(folder / "plot.png").substr(1, 3), "PNG");
+    saveAs(base, "JPEG Image (*.jpeg)");
+    EXPECT_EQ(readFile(folder / "plot.jpeg").substr(0, 2), "\xff\xd8");
+    saveAs(base + ".pdf", "PDF (*.pdf)");
+    EXPECT_EQ(readFile(folder / "plot.pdf").substr(0, 5), "%PDF-");
+    EXPECT_EQ(folder.size(), 3);
+    std::string directory;
+    window->activeView()->configSet()->text("XYPlotSaveDir", directory);
+    EXPECT_EQ(directory, folder.path().string());
+    EXPECT_THAT(answers.texts(), Not(Contains("Empty file name")));
+}
+
+TEST_F(XYgraph, RefusesAnEmptyName) {
+    open("summer_up_20220705.csv");
+    answers.forget();
+    view->save(); // the dialog is given up
+    ASSERT_EQ(answers.boxes().size(), 1U);
+    EXPECT_EQ(answers.boxes()[0].title, "File Name Error");
+    EXPECT_EQ(answers.boxes()[0].text, "Empty file name");
+    EXPECT_EQ(answers.boxes()[0].icon, QMessageBox::Warning);
+}
+
+TEST_F(XYgraph, PreviewPrintsAPage) {
+    open("summer_up_20220705.csv");
+    QPrinter printer;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(QString::fromStdString((folder / "page.pdf").string()));
+    view->xyPreview(&printer);
+    const std::string page = readFile(folder / "page.pdf");
+    EXPECT_EQ(page.substr(0, 5), "%PDF-");
+    EXPECT_GT(page.size(), 5000U);
+}
+
+TEST_F(XYgraph, PrintsToPDFByItsDialog) {
+    open("summer_up_20220705.csv");
+    const QString path = QString::fromStdString((folder / "print.pdf").string());
+    answers.operate("Tarvo - Print XY Graph", [&](QDialog& dialog) {
+        dialog.findChild<QLineEdit*>("filename")->setText(path); // without printers a file is what is left
+        dialog.accept();
+    });
+    view->print();
+    EXPECT_EQ(readFile(folder / "print.pdf").substr(0, 5), "%PDF-");
+}
