@@ -24,8 +24,20 @@ void DisplayList::clear() {
     subTitle = {};
 }
 
+void DisplayList::setDrawn() {
+    polylines.setDrawn();
+    tdry.setDrawn();
+    dp.setDrawn();
+    symbols.setDrawn();
+    texts.setDrawn();
+}
+
 void DisplayList::resetDrawn() {
     polylines.resetDrawn();
+    resetDrawnData();
+}
+
+void DisplayList::resetDrawnData() {
     tdry.resetDrawn();
     dp.resetDrawn();
     symbols.resetDrawn();

@@ -41,7 +41,10 @@ struct DisplayList {
     PageText subTitle{};
 
     void clear();
+    void setDrawn();
     void resetDrawn();
+    /// The traces and what lies over them have to be drawn again, the background not.
+    void resetDrawnData();
 
     /// A line that goes on where the last one ended, and looks the same, becomes part of it.
     void addLine(const Line& line, unsigned colour, LineType type);
