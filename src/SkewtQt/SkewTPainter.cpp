@@ -10,6 +10,8 @@ namespace {
 
 /// Points of a trace that lie closer than this can't be told apart, pixels.
 constexpr double kSmallestStep = 0.25;
+/// A line that rises by less than this is level, pixels.
+constexpr double kStraight = 1e-3;
 
 QColor colourOf(unsigned colour) {
     return QColor(SkewTAdapter::colourName(colour));
@@ -28,6 +30,21 @@ double snapped(double pixels) {
     return std::floor(pixels) + 0.5;
 }
 
+/// Makes what is level or upright crisp.
+void snapToPixels(QPolygonF& points) {
+    const QPolygonF exact = points;
+    for (int i = 1; i < points.size(); ++i) {
+        if (std::abs(exact[i].y() - exact[i - 1].y()) < kStraight) {
+            points[i - 1].setY(snapped(exact[i - 1].y()));
+            points[i].setY(snapped(exact[i - 1].y()));
+        }
+        if (std::abs(exact[i].x() - exact[i - 1].x()) < kStraight) {
+            points[i - 1].setX(snapped(exact[i - 1].x()));
+            points[i].setX(snapped(exact[i - 1].x()));
+        }
+    }
+}
+
 bool isNear(const QPointF& a, const QPointF& b) {
     return std::abs(a.x() - b.x()) < kSmallestStep && std::abs(a.y() - b.y()) < kSmallestStep;
 }
@@ -41,11 +58,18 @@ SkewTPainter::SkewTPainter(QPainter& painter, const QSizeF& size, double fontSiz
 
 void SkewTPainter::drawBackground(const DisplayList& list) {
     if (list.polylines.drawn() == 0) {
-        drawText(list.title, _style.titleSize(list.title.text));
-        drawText(list.subTitle, _style.subTitleSize(list.subTitle.text));
+        drawTitle(list.title, _style.titleSize(list.title.text));
+        drawTitle(list.subTitle, _style.subTitleSize(list.subTitle.text));
     }
     for (std::size_t i = list.polylines.drawn(); i < list.polylines.size(); ++i) {
         drawPolyline(list.polylines[i]);
+    }
+    const LabelLayout layout = layoutOf(list);
+    for (std::size_t i = list.texts.drawn(); i < list.texts.size(); ++i) {
+        const LabelLayout::Label& label = layout.labels()[i];
+        if (label.visible) { // no line runs through it
+            _painter.fillRect(QRectF(label.left, label.top, label.width, label.height), Qt::white);
+        }
     }
 }
 
@@ -53,26 +77,37 @@ void SkewTPainter::drawData(const DisplayList& list, bool marks, bool lines) {
     drawTrace(list.tdry, marks, lines);
     drawTrace(list.dp, marks, lines);
     drawMarks(list.symbols);
+    const LabelLayout layout = layoutOf(list);
     for (std::size_t i = list.texts.drawn(); i < list.texts.size(); ++i) {
-        drawText(list.texts[i], _style.labelSize());
+        const LabelLayout::Label& label = layout.labels()[i];
+        if (label.visible) {
+            drawText(list.texts[i], {label.anchor.x, label.anchor.y}, _style.labelSize());
+        }
     }
 }
 
-void SkewTPainter::drawText(const PageText& text, double size) {
+LabelLayout SkewTPainter::layoutOf(const DisplayList& list) const {
+    return {list.texts, _size.width(), _size.height(), _style};
+}
+
+void SkewTPainter::drawTitle(const PageText& text, double size) {
+    drawText(text, toPixels(text.at), size);
+}
+
+void SkewTPainter::drawText(const PageText& text, const QPointF& anchor, double size) {
     const QFont font = fontOf(size);
     const QString words = QString::fromStdString(text.text);
     const double width = QFontMetricsF(font, _painter.device()).horizontalAdvance(words);
     const double share = text.alignment == Alignment::Left ? 0.0 : text.alignment == Alignment::Right ? 1.0 : 0.5;
-    const QPointF at = toPixels(text.at);
     _painter.setFont(font);
     _painter.setPen(QPen(colourOf(text.colour), 1.0, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
-    _painter.drawText(QPointF(at.x() - share * width, at.y() + PageStyle::kCapHeight * size / 2.0), words);
+    _painter.drawText(QPointF(anchor.x() - share * width, anchor.y() + PageStyle::kCapHeight * size / 2.0), words);
 }
 
 void SkewTPainter::drawPolyline(const Polyline& polyline) {
     QPen pen(colourOf(polyline.colour), PageStyle::kLineWidth, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin);
-    if (polyline.type == LineType::Dashed) { // a pattern counts in widths of the pen
-        pen.setDashPattern({PageStyle::kDash / PageStyle::kLineWidth, PageStyle::kDashGap / PageStyle::kLineWidth});
+    if (polyline.type == LineType::Dashed) { // a pattern counts in widths of the pen, of one pixel at least
+        pen.setDashPattern({PageStyle::kDash, PageStyle::kDashGap});
     }
     _painter.setPen(pen);
     QPolygonF points;
@@ -80,11 +115,7 @@ void SkewTPainter::drawPolyline(const Polyline& polyline) {
     for (const Point& point : polyline.points) {
         points << toPixels(point);
     }
-    const bool isLevel = points.size() == 2 && std::abs(points[0].y() - points[1].y()) < kSmallestStep;
-    if (isLevel) {
-        points[0].setY(snapped(points[0].y()));
-        points[1].setY(points[0].y());
-    }
+    snapToPixels(points);
     _painter.drawPolyline(points);
 }
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace skewt {
 
@@ -84,12 +85,22 @@ void SkewT::draw() {
     _isoPress->draw();
     _pAdiabats->draw();
     _isoMR->draw();
+    drawFrame();
     _tdryTrace->draw(true);
     _dpTrace->draw(false);
     _adapter.title(_title);
     _adapter.subTitle(_subTitle);
     _adapter.Text("|l" + _credit, 0.12, 0.01, kBlack);
     _adapter.draw_finished();
+}
+
+/// The edges of the plot.
+void SkewT::drawFrame() {
+    Rect plot(_adapter, kPlot);
+    const Point corners[] = {{0.0, 0.0}, {1.0, 0.0}, {1.0, 1.0}, {0.0, 1.0}, {0.0, 0.0}};
+    for (std::size_t i = 1; i < std::size(corners); ++i) {
+        plot.drawLine({corners[i - 1], corners[i]}, kBlack, LineType::Solid, false);
+    }
 }
 
 void SkewT::brandNewPlot() {

@@ -61,6 +61,7 @@ public:
 
 private:
     void createRects();
+    void drawFrame();
     bool rescaleLimits();
 
     SkewTAdapter& _adapter;

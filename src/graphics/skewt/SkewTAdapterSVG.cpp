@@ -47,16 +47,22 @@ void SkewTAdapterSVG::line(double x1, double y1, double x2, double y2, unsigned 
 
 void SkewTAdapterSVG::drawElements() {
     begin();
-    text(_list.title, _style.titleSize(_list.title.text));
-    text(_list.subTitle, _style.subTitleSize(_list.subTitle.text));
+    title(_list.title, _style.titleSize(_list.title.text));
+    title(_list.subTitle, _style.subTitleSize(_list.subTitle.text));
     for (const Polyline& polyline : _list.polylines) {
         path(polyline.points, polyline.colour, polyline.type, PageStyle::kLineWidth);
+    }
+    const LabelLayout layout(_list.texts, _width, _height, _style);
+    for (const LabelLayout::Label& label : layout.labels()) {
+        patch(label);
     }
     trace(_list.tdry);
     trace(_list.dp);
     circles(_list.symbols);
-    for (const PageText& label : _list.texts) {
-        text(label, _style.labelSize());
+    for (std::size_t i = 0; i < _list.texts.size(); ++i) {
+        if (layout.labels()[i].visible) {
+            text(_list.texts[i], layout.labels()[i].anchor, _style.labelSize());
+        }
     }
     _document += "</g>\n</svg>\n";
     _stream << _document << std::flush;
@@ -76,8 +82,9 @@ void SkewTAdapterSVG::begin() {
 void SkewTAdapterSVG::path(const std::vector<Point>& points, unsigned colour, LineType type, double width) {
     const char* before = "<path d=\n\"M ";
     for (const Point& point : points) {
-        attribute(before, pageX(point));
-        attribute(" ", pageY(point));
+        const Point at = toPixels(point);
+        attribute(before, at.x);
+        attribute(" ", at.y);
         before = "\nL ";
     }
     _document += "\" ";
@@ -112,16 +119,32 @@ void SkewTAdapterSVG::trace(const VectorPlus<Datum>& data) {
 
 void SkewTAdapterSVG::circles(const VectorPlus<Datum>& data) {
     for (const Datum& datum : data) {
-        attribute("<circle cx=\"", pageX(datum.at));
-        attribute("\" cy=\"", pageY(datum.at));
+        const Point at = toPixels(datum.at);
+        attribute("<circle cx=\"", at.x);
+        attribute("\" cy=\"", at.y);
         attribute("\" r=\"", datum.size / 2.0);
         _document += std::string("\" stroke=\"none\" fill=\"") + colourName(datum.colour) + "\"/>\n";
     }
 }
 
-void SkewTAdapterSVG::text(const PageText& text, double size) {
-    attribute("<text x=\"", pageX(text.at));
-    attribute("\" y=\"", pageY(text.at) + size * PageStyle::kCapHeight / 2.0);
+void SkewTAdapterSVG::title(const PageText& title, double size) {
+    text(title, toPixels(title.at), size);
+}
+
+/// White under a label, so that no line of the background runs through it.
+void SkewTAdapterSVG::patch(const LabelLayout::Label& label) {
+    if (label.visible) {
+        attribute("<rect x=\"", label.left);
+        attribute("\" y=\"", label.top);
+        attribute("\" width=\"", label.width);
+        attribute("\" height=\"", label.height);
+        _document += "\" fill=\"white\"/>\n";
+    }
+}
+
+void SkewTAdapterSVG::text(const PageText& text, const Point& anchor, double size) {
+    attribute("<text x=\"", anchor.x);
+    attribute("\" y=\"", anchor.y + size * PageStyle::kCapHeight / 2.0);
     attribute("\" font-size=\"", size);
     _document += '"';
     if (text.alignment != Alignment::Left) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DisplayList.h"
+#include "LabelLayout.h"
 #include "PageStyle.h"
 
 #include <ostream>
@@ -46,10 +47,11 @@ private:
     void path(const std::vector<Point>& points, unsigned colour, LineType type, double width);
     void trace(const VectorPlus<Datum>& data);
     void circles(const VectorPlus<Datum>& data);
-    void text(const PageText& text, double size);
+    void title(const PageText& text, double size);
+    void patch(const LabelLayout::Label& label);
+    void text(const PageText& text, const Point& anchor, double size);
     void attribute(const char* before, double value);
-    double pageX(const Point& at) const { return at.x * _width; }
-    double pageY(const Point& at) const { return _height - at.y * _height; }
+    Point toPixels(const Point& page) const { return {page.x * _width, _height - page.y * _height}; }
 
     std::ostream& _stream;
     int _width;
