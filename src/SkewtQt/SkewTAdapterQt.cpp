@@ -103,41 +103,50 @@ void SkewTAdapterQt::unzoom() {
 
 /// The traces anew, over the background that is there.
 void SkewTAdapterQt::redrawData() {
+    if (_background.size() != pictureSize()) {
+        drawElements(false);
+        return;
+    }
     _list.resetDrawnData();
     _picture = _background;
-    drawElements(true);
+    paint(_picture, [this](SkewTPainter& page) { page.drawData(_list, _marksPoints, _drawsLines); });
+    _list.setDrawn();
+    update();
 }
 
 void SkewTAdapterQt::drawElements(bool incremental) {
-    const double ratio = devicePixelRatioF();
-    const QSize pixels = size() * ratio;
+    const QSize pixels = pictureSize();
     if (pixels.isEmpty()) {
         return;
     }
-    if (!incremental || _picture.size() != pixels || _background.size() != pixels) {
+    if (!incremental || _background.size() != pixels) {
         _background = QPixmap(pixels);
-        _background.setDevicePixelRatio(ratio);
+        _background.setDevicePixelRatio(devicePixelRatioF());
         _background.fill(Qt::white);
+        _picture = _background;
         _list.resetDrawn();
     }
-    const bool isWholePicture = _list.polylines.drawn() == 0;
-    if (_list.polylines.drawn() < _list.polylines.size()) {
-        QPainter painter(&_background);
-        SkewTPainter(painter, size(), kLabelSize).drawBackground(_list);
-    }
-    if (isWholePicture) {
+    const auto drawBackground = [this](SkewTPainter& page) { page.drawBackground(_list); };
+    const bool isWhole = _list.polylines.drawn() == 0;
+    paint(_background, drawBackground);
+    if (isWhole) {
         _picture = _background;
+    } else {
+        paint(_picture, drawBackground);
     }
-    {
-        QPainter painter(&_picture);
-        SkewTPainter page(painter, size(), kLabelSize);
-        if (!isWholePicture) {
-            page.drawBackground(_list);
-        }
-        page.drawData(_list, _marksPoints, _drawsLines);
-    }
+    paint(_picture, [this](SkewTPainter& page) { page.drawData(_list, _marksPoints, _drawsLines); });
     _list.setDrawn();
     update();
+}
+
+void SkewTAdapterQt::paint(QPixmap& picture, const std::function<void(SkewTPainter&)>& draw) const {
+    QPainter painter(&picture);
+    SkewTPainter page(painter, size(), kLabelSize);
+    draw(page);
+}
+
+QSize SkewTAdapterQt::pictureSize() const {
+    return size() * devicePixelRatioF();
 }
 
 void SkewTAdapterQt::drawElements(QPainter& painter, const QSizeF& size) const {

@@ -8,6 +8,7 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <functional>
 #include <optional>
 
 class QPainter;
@@ -16,6 +17,7 @@ class QPrinter;
 namespace skewt {
 
 class SkewT;
+class SkewTPainter;
 
 /// The diagram as a widget: a box drawn with the left button zooms, a new size is drawn once it stays, and a new sample
 /// is added to what is there. It starts with lines and without marks.
@@ -75,6 +77,8 @@ protected:
 
 private:
     void redrawData();
+    void paint(QPixmap& picture, const std::function<void(SkewTPainter&)>& draw) const;
+    QSize pictureSize() const;
     void sampleAdded();
     QRect box(const QPoint& to) const;
 

@@ -11,6 +11,7 @@ namespace {
 /// Points of a trace that lie closer than this can't be told apart, pixels.
 constexpr double kSmallestStep = 0.25;
 /// A line that rises by less than this is level, pixels.
+constexpr int kPiece = 40; // segments
 constexpr double kStraight = 1e-3;
 
 QColor colourOf(unsigned colour) {
@@ -135,7 +136,10 @@ void SkewTPainter::drawTrace(const VectorPlus<Datum>& data, bool marks, bool lin
         _painter.setPen(
             QPen(colourOf(data.front().colour), _style.traceWidth(), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         _painter.setBrush(Qt::NoBrush);
-        _painter.drawPolyline(points);
+        // In pieces, since the work grows faster than the length.
+        for (int i = 0; i + 1 < points.size(); i += kPiece) {
+            _painter.drawPolyline(points.constData() + i, qMin(kPiece + 1, points.size() - i));
+        }
     }
 }
 
