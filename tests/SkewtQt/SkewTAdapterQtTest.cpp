@@ -3,7 +3,9 @@
 #include "MadeDiagram.h"
 #include "TemporaryFolder.h"
 
+#include <QApplication>
 #include <QImage>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPrinter>
 #include <QTest>
@@ -105,6 +107,21 @@ TEST(SkewTAdapterQt, zoomsFromAnyCornerAndNotBeyondThePlot) {
     QTest::mousePress(&window.adapter, Qt::RightButton, Qt::NoModifier, {100, 100});
     QTest::mouseRelease(&window.adapter, Qt::RightButton, Qt::NoModifier, {400, 400});
     EXPECT_DOUBLE_EQ(window.skewT->limits().pTop, 100.0);
+}
+
+TEST(SkewTAdapterQt, rubberBandStaysInTheWidget) {
+    Window window;
+    window.show();
+    const auto* band = window.adapter.findChild<QRubberBand*>();
+    ASSERT_NE(band, nullptr);
+    QTest::mousePress(&window.adapter, Qt::LeftButton, Qt::NoModifier, {400, 300});
+    EXPECT_TRUE(band->isVisible());
+    QMouseEvent move(QEvent::MouseMove, QPoint(900, -50), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window.adapter, &move);
+    EXPECT_EQ(band->geometry(), QRect(QPoint(400, 0), QPoint(799, 299)));
+    QTest::mouseRelease(&window.adapter, Qt::LeftButton, Qt::NoModifier, {410, 290});
+    EXPECT_FALSE(band->isVisible());
+    EXPECT_EQ(window.adapter.plots, 0);
 }
 
 TEST(SkewTAdapterQt, extentsAreTheWholePageWithoutABox) {

@@ -147,6 +147,10 @@ TEST(PAdiabats, whatThereIsOfThemInOtherPlots) {
     const Drawn<PAdiabats> low({-40.0, 40.0, 400.0, 1050.0});
     ASSERT_NE(low.label("|c  0"), nullptr);
     EXPECT_NEAR(low.label("|c  0")->at.y, 1.0, 1e-9);
+    const auto whole = std::count_if(low.adapter.lines.begin(), low.adapter.lines.end(), [](const auto& drawn) {
+        return std::abs(drawn.line.p2.y - drawn.line.p1.y - 1.0 / 15.0) < 1e-9;
+    });
+    EXPECT_GT(whole, 100) << "15 steps within the plot";
 }
 
 TEST(IsoMR, linesOfOneMixingRatio) {

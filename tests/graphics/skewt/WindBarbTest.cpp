@@ -71,10 +71,12 @@ TEST(WindBarb, strokesOfASpeed) {
 }
 
 TEST(WindBarb, limitsAreStrict) {
-    // 25 m/s are 48.5 knots; 50 / 1.94 comes back as 50 exactly, or a hair beside it.
     const double fifty = 50.0 / kKnots;
     ASSERT_EQ(fifty * kKnots, 50.0);
     EXPECT_EQ(Barb(fifty, 270.0).strokes(), (Strokes{0, 4, 1}));
+    const double hundred = 100.0 / kKnots;
+    ASSERT_EQ(hundred * kKnots, 100.0);
+    EXPECT_EQ(Barb(hundred, 270.0).strokes(), (Strokes{1, 4, 1}));
     const double ten = 10.0 / kKnots;
     ASSERT_EQ(ten * kKnots, 10.0);
     EXPECT_EQ(Barb(ten, 270.0).strokes(), (Strokes{0, 0, 1}));
