@@ -3,6 +3,7 @@
 #include "Angles.h"
 #include "Wind.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace skewt {
@@ -16,6 +17,7 @@ constexpr double kFullBarb = 0.1;
 constexpr double kHalfBarb = 0.05;
 constexpr double kBarbGap = 0.05;
 
+constexpr double kMostKnots = 1000.0; // beyond the fastest wind; a staff full of pennants tells no more
 constexpr double kPennantKnots = 50.0;
 constexpr double kFullBarbKnots = 10.0;
 constexpr double kHalfBarbKnots = 5.0;
@@ -23,8 +25,8 @@ constexpr double kHalfBarbKnots = 5.0;
 } // namespace
 
 WindBarb::WindBarb(Rect& rect, double x, double y, double spd, double dir)
-    : _rect(rect), _base{x, y}, _knots(spd * kKnotsPerMetrePerSecond), _angle(std::fmod(450.0 - dir, 360.0)),
-      _aspect(rect.aspectRatio()) {}
+    : _rect(rect), _base{x, y}, _knots(std::min(spd * kKnotsPerMetrePerSecond, kMostKnots)),
+      _angle(std::fmod(450.0 - dir, 360.0)), _aspect(rect.aspectRatio()) {}
 
 void WindBarb::draw() {
     Point at = stroke(_base, kStaff, _angle);

@@ -82,6 +82,11 @@ TEST(WindBarb, limitsAreStrict) {
     EXPECT_EQ(Barb(ten, 270.0).strokes(), (Strokes{0, 0, 1}));
 }
 
+TEST(WindBarb, ofASpeedThatIsNone) {
+    EXPECT_LT(Barb(1e12, 270.0).adapter.lines.size(), 60U);
+    EXPECT_EQ(Barb(-5.0, 270.0).strokes(), (Strokes{0, 0, 0}));
+}
+
 TEST(WindBarb, staffPointsToWhereTheWindComesFrom) {
     const Point west = Barb(5.0, 270.0).end(0);
     EXPECT_NEAR(west.x, 0.1, 1e-5);
