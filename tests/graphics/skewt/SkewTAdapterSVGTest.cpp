@@ -5,7 +5,6 @@
 #include <gmock/gmock.h>
 
 #include <clocale>
-#include <regex>
 #include <sstream>
 
 using namespace skewt;
@@ -128,7 +127,7 @@ TEST(SkewTAdapterSVG, sameBytesInEveryLocale) {
     const std::string again = svgOf(MadeDiagram(500));
     std::setlocale(LC_ALL, before.c_str());
     EXPECT_EQ(svg, again);
-    EXPECT_FALSE(std::regex_search(svg, std::regex("nan|inf", std::regex::icase)));
+    EXPECT_EQ(countOf(svg, "nan") + countOf(svg, "inf"), 0);
 }
 
 TEST(SkewTAdapterSVG, hostileTexts) {
