@@ -12,6 +12,7 @@
 
 #include <fstream>
 #include <iostream>
+#include <memory>
 
 // Draws the Skew-T of a sounding as a picture, for a look at what the diagram makes of it:
 //     draw-skewt CONFIG SOUNDING WIDTH HEIGHT OUTPUT.svg|OUTPUT.png
@@ -23,7 +24,7 @@ std::vector<double> column(const DataArray& data, const char* name) {
     return {values, values + data.nRows()};
 }
 
-skewt::SkewT* makeDiagram(skewt::SkewTAdapter& adapter, const EditorControl& editor) {
+std::unique_ptr<skewt::SkewT> makeDiagram(skewt::SkewTAdapter& adapter, const EditorControl& editor) {
     DataArray data;
     for (const char* name : {"QCPres", "QCTdry", "QCRH", "QCWspd", "QCWdir"}) {
         data.addSeries(editor.getSeries(name));
@@ -32,9 +33,9 @@ skewt::SkewT* makeDiagram(skewt::SkewTAdapter& adapter, const EditorControl& edi
     const std::vector<double> pres = column(data, "QCPres");
     const std::vector<double> tdry = column(data, "QCTdry");
     const std::vector<double> dp = makeDp(data.nRows(), tdry.data(), column(data, "QCRH").data());
-    return new skewt::SkewT(adapter, data.nRows(), tdry.data(), dp.data(), column(data, "QCWspd").data(),
-                            column(data, "QCWdir").data(), pres.data(), 20, editor.description(),
-                            editor.getLaunchPosString(), "Tarvo", -40.0, 40.0, 100.0, 1050.0);
+    return std::make_unique<skewt::SkewT>(adapter, data.nRows(), tdry.data(), dp.data(), column(data, "QCWspd").data(),
+                                          column(data, "QCWdir").data(), pres.data(), 20, editor.description(),
+                                          editor.getLaunchPosString(), "Tarvo", -40.0, 40.0, 100.0, 1050.0);
 }
 
 } // namespace
@@ -62,11 +63,11 @@ int main(int argc, char** argv) {
     if (output.size() > 4 && output.substr(output.size() - 4) == ".svg") {
         std::ofstream stream(output);
         skewt::SkewTAdapterSVG adapter(stream, width, height, 4);
-        std::unique_ptr<skewt::SkewT>(makeDiagram(adapter, editor))->brandNewPlot();
+        makeDiagram(adapter, editor)->brandNewPlot();
         return stream ? 0 : 1;
     }
     skewt::SkewTAdapterQt adapter(nullptr, width, height, 5, 500);
-    const std::unique_ptr<skewt::SkewT> diagram(makeDiagram(adapter, editor));
+    const std::unique_ptr<skewt::SkewT> diagram = makeDiagram(adapter, editor);
     adapter.setSkewT(diagram.get());
     diagram->brandNewPlot();
     return adapter.savePlot(output, width, height, skewt::PlotFileType::Png) ? 0 : 1;
