@@ -61,7 +61,7 @@ int differences(const QImage& a, const QImage& b) {
 
 } // namespace
 
-TEST(Agreement, documentAndWidgetShowTheSame) {
+TEST(SkewTAgreement, documentAndWidgetShowTheSame) {
     const MadeDiagram diagram(400);
     const QImage svg = asSvg(diagram);
     EXPECT_LT(differences(svg, asWidget(diagram)), 75) << "of 7500 cells";

@@ -93,12 +93,8 @@ void SkewTAdapterSVG::path(const std::vector<Point>& points, unsigned colour, Li
         attribute(",", PageStyle::kDashGap);
         _document += "\" ";
     }
-    _document += std::string("stroke=\"") + colourName(colour) + "\" stroke-width=\"";
-    if (width == PageStyle::kLineWidth) {
-        _document += "0.5";
-    } else {
-        attribute("", width);
-    }
+    _document += std::string("stroke=\"") + colourName(colour);
+    attribute("\" stroke-width=\"", width);
     _document += "\" fill=\"none\" />\n";
 }
 

@@ -69,9 +69,16 @@ std::string svgEscaped(const std::string& text) {
 
 void appendNumber(std::string& out, double value) {
     std::array<char, 400> digits{}; // the largest double has 309 before the point
-    const auto [end, error] =
-        std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed, 2);
-    out.append(digits.data(), error == std::errc() ? end : digits.data());
+    char* const begin = digits.data();
+    char* end = std::to_chars(begin, begin + digits.size(), value, std::chars_format::fixed, 2).ptr;
+    while (end[-1] == '0') {
+        --end;
+    }
+    if (end[-1] == '.') {
+        --end;
+    }
+    const bool isNegativeZero = end - begin == 2 && begin[0] == '-' && begin[1] == '0';
+    out.append(isNegativeZero ? begin + 1 : begin, end);
 }
 
 } // namespace skewt

@@ -8,7 +8,7 @@ namespace skewt {
 /// doesn't allow a blank.
 std::string svgEscaped(const std::string& text);
 
-/// Appends \p value with two decimals, whatever the locale.
+/// Appends the finite \p value with as many decimals as it needs, two at most, whatever the locale.
 void appendNumber(std::string& out, double value);
 
 } // namespace skewt

@@ -11,7 +11,7 @@ namespace {
 
 constexpr Limits kLimits{-40.0, 40.0, 100.0, 1050.0};
 
-struct Mapping : testing::Test {
+struct SkewTMapping : testing::Test {
     RecordingAdapter adapter;
     SkewTRect rect{adapter, SkewT::kPlot, kLimits, SkewT::kSkew};
 
@@ -26,7 +26,7 @@ struct Mapping : testing::Test {
 
 } // namespace
 
-TEST_F(Mapping, cornersAndMiddle) {
+TEST_F(SkewTMapping, cornersAndMiddle) {
     expectPlace(-40.0, 1050.0, 0.0, 0.0);
     expectPlace(40.0, 1050.0, 1.0, 0.0);
     expectPlace(-40.0, 100.0, 8.0 / 9.0, 1.0);
@@ -35,7 +35,7 @@ TEST_F(Mapping, cornersAndMiddle) {
     expectPlace(0.0, std::sqrt(1050.0 * 100.0), 0.5 + 4.0 / 9.0, 0.5);
 }
 
-TEST_F(Mapping, pageAndBack) {
+TEST_F(SkewTMapping, pageAndBack) {
     const Point middle = rect.convertToPage({0.5, 0.5});
     EXPECT_DOUBLE_EQ(middle.x, 0.49);  // of 0.08 and 0.9
     EXPECT_DOUBLE_EQ(middle.y, 0.485); // of 0.07 and 0.9
@@ -44,13 +44,13 @@ TEST_F(Mapping, pageAndBack) {
     EXPECT_NEAR(back.y, 0.0, 1e-12);
 }
 
-TEST_F(Mapping, aspectIsThatOfTheRectangleAsSeen) {
+TEST_F(SkewTMapping, aspectIsThatOfTheRectangleAsSeen) {
     adapter.aspect = 0.75;
     const Rect narrow(adapter, {0.9, 1.0, 0.1, 0.9});
     EXPECT_NEAR(narrow.aspectRatio(), 0.8 * 0.75 / 0.1, 1e-12);
 }
 
-TEST_F(Mapping, samplesOutsideAreDropped) {
+TEST_F(SkewTMapping, samplesOutsideAreDropped) {
     rect.addTdry(0.0, 500.0);
     rect.addTdry(0.0, 1051.0);
     rect.addTdry(-40.1, 1050.0);
@@ -75,7 +75,7 @@ struct ClipCase {
 
 } // namespace
 
-TEST(Clipping, cutsAtEveryEdge) {
+TEST(SkewTClipping, cutsAtEveryEdge) {
     RecordingAdapter adapter;
     const Rect rect(adapter, {0.0, 1.0, 0.0, 1.0});
     const ClipCase cases[] = {
@@ -103,7 +103,7 @@ TEST(Clipping, cutsAtEveryEdge) {
     }
 }
 
-TEST(Clipping, onlyWhenAskedFor) {
+TEST(SkewTClipping, onlyWhenAskedFor) {
     RecordingAdapter adapter;
     Rect rect(adapter, {0.0, 0.5, 0.0, 1.0});
     rect.drawLine({{-1.0, 0.5}, {3.0, 0.5}}, kRed, LineType::Dashed, false);
