@@ -1,0 +1,36 @@
+#pragma once
+
+#include "DisplayList.h"
+#include "PageStyle.h"
+
+#include <QFont>
+#include <QPainter>
+#include <QSizeF>
+
+namespace skewt {
+
+/// Paints a display list, in the order of its layers, on whatever a QPainter paints on: a pixmap, an image, a printer.
+/// Elements that count as drawn are left out.
+class SkewTPainter {
+public:
+    /// The page is \p size, from the origin of the painter, which is borrowed.
+    SkewTPainter(QPainter& painter, const QSizeF& size, double fontSize);
+
+    /// What doesn't depend on the switches of the traces: titles, and the lines of the background.
+    void drawBackground(const DisplayList& list);
+    /// The traces, as marks, as lines or both, then symbols and texts.
+    void drawData(const DisplayList& list, bool marks, bool lines);
+
+private:
+    void drawText(const PageText& text, double size);
+    void drawPolyline(const Polyline& polyline);
+    void drawTrace(const VectorPlus<Datum>& data, bool marks, bool lines);
+    void drawMarks(const VectorPlus<Datum>& data);
+    QPointF toPixels(const Point& page) const;
+
+    QPainter& _painter;
+    QSizeF _size;
+    PageStyle _style;
+};
+
+} // namespace skewt
