@@ -5,6 +5,7 @@
 #include "MainView.h"
 #include "QCView.h"
 #include "RawView.h"
+#include "SkewTView.h"
 #include "SummaryView.h"
 #include "TarvoSettings.h"
 #include "UiText.h"
@@ -52,6 +53,7 @@ const std::vector<TarvoViewController::Tab>& TarvoViewController::tabTable() {
         {"&Main", "Main ", nullptr, 0, false, &make<MainView>},
         {"&Raw", "Raw ", nullptr, 0, false, &make<RawView>},
         {"&QC", "QC ", "QC autosaving", 1, true, &make<QCView>},
+        {"Skew-&T", "SkewT ", "SkewT autosaving", 2, false, &make<SkewTView>},
         {"&Levels", "levels ", "Levels autosaving", 4, true, &make<LevelsView>},
         {"&WMO", "WMO ", "WMO autosaving", 3, true, &make<WMOView>},
         {"&Summary", "Summary ", "Summary autosaving", 5, true, &make<SummaryView>},
