@@ -5,12 +5,15 @@
 #include "FileSaver.h"
 #include "Levels.h"
 #include "LevelsCsv.h"
+#include "PngPicture.h"
 #include "ProductColumns.h"
 #include "RevisionInfo.h"
+#include "SkewTPicture.h"
 #include "SummaryText.h"
 #include "WMO.h"
 
 #include <algorithm>
+#include <sstream>
 
 namespace {
 
@@ -51,6 +54,19 @@ bool writeSummary(EditorControl& editor, const ConfigSet& /*config*/, const std:
     return writeText(path, [&](std::ostream& stream) { saveSummaryText(editor, stream); });
 }
 
+bool writeSkewTSvgFile(EditorControl& editor, const ConfigSet& config, const std::string& path) {
+    return writeText(path, [&](std::ostream& stream) {
+        writeSkewTSvg(stream, skewTData(editor, defaultSkewTSource(editor)), editor, SkewTSetup(config));
+    });
+}
+
+bool writeSkewTPng(EditorControl& editor, const ConfigSet& config, const std::string& path) {
+    std::ostringstream svg;
+    writeSkewTSvg(svg, skewTData(editor, defaultSkewTSource(editor)), editor, SkewTSetup(config));
+    AtomicFile file(path);
+    return file.isOpen() && drawAsPng(svg.str(), file.temporaryPath()) && file.commit();
+}
+
 } // namespace
 
 std::string BatchFormat::hindrance(const EditorControl& editor) const {
@@ -83,8 +99,8 @@ const std::vector<BatchFormat>& batchFormats() {
         {"wmo", "WMO.txt", "BatchSaveWMO", BatchFormat::Message, &writeWmo},
         {"levels", "Levels.csv", "BatchSaveLevels", BatchFormat::LevelSet, &writeLevels},
         {"summary", "Summary.txt", nullptr, BatchFormat::Nothing, &writeSummary},
-        {"skewt-svg", "skewt.svg", "BatchSaveSkewTSvg", BatchFormat::Nothing, nullptr},
-        {"skewt-png", "skewt.png", "BatchSaveSkewTPng", BatchFormat::Nothing, nullptr},
+        {"skewt-svg", "skewt.svg", "BatchSaveSkewTSvg", BatchFormat::Nothing, &writeSkewTSvgFile},
+        {"skewt-png", "skewt.png", "BatchSaveSkewTPng", BatchFormat::Nothing, &writeSkewTPng},
     };
     return formats;
 }

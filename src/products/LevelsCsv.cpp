@@ -6,6 +6,7 @@
 #include "Text.h"
 #include "Wind.h"
 
+#include <numeric>
 #include <string>
 
 namespace {
@@ -27,13 +28,19 @@ std::string depressionCell(const Level& level) {
 } // namespace
 
 void saveLevelsCsv(const Levels& levels, std::ostream& stream) {
+    std::vector<int> order(levels.levels().size());
+    std::iota(order.begin(), order.end(), 0);
+    saveLevelsCsv(levels, order, stream);
+}
+
+void saveLevelsCsv(const Levels& levels, const std::vector<int>& order, std::ostream& stream) {
     stream << "Fields,Index,Type,Time,Pres,Tdry,DPdep,RH,Wdir,Wspd,Wspd(kt),Alt\n"
            << "Units,n,text,sec,mb,deg C,deg C,%,deg,m/s,kt,m\n";
-    int index = 0;
-    for (const Level& level : levels.levels()) {
-        stream << "Data," << index++ << ',' << level.LTname() << ',' << cell(level, LFtime) << ','
-               << cell(level, LFpres) << ',' << cell(level, LFtdry) << ',' << depressionCell(level) << ','
-               << cell(level, LFrh) << ',' << cell(level, LFwdir) << ',' << cell(level, LFwspd) << ','
+    for (const int index : order) {
+        const Level& level = levels.levels()[static_cast<std::size_t>(index)];
+        stream << "Data," << index << ',' << level.LTname() << ',' << cell(level, LFtime) << ',' << cell(level, LFpres)
+               << ',' << cell(level, LFtdry) << ',' << depressionCell(level) << ',' << cell(level, LFrh) << ','
+               << cell(level, LFwdir) << ',' << cell(level, LFwspd) << ','
                << cell(level, LFwspd, "%.1f", kKnotsPerMetrePerSecond) << ',' << cell(level, LFalt, "%.0f") << '\n';
     }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <ostream>
+#include <vector>
 
 class Levels;
 
@@ -8,3 +9,5 @@ class Levels;
 /// the order of the set. The altitude has no decimal, the other values have one; what a level doesn't have is an empty
 /// cell. What was withdrawn from coding is listed like the rest.
 void saveLevelsCsv(const Levels& levels, std::ostream& stream);
+/// The same in another order: \p order holds indices of the set.
+void saveLevelsCsv(const Levels& levels, const std::vector<int>& order, std::ostream& stream);

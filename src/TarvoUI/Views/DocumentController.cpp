@@ -1,9 +1,8 @@
 #include "DocumentController.h"
 
+#include "Credit.h"
 #include "DCapture.h"
-#include "ProcessingTime.h"
 #include "RevisionInfo.h"
-#include "UtcTime.h"
 
 #include <fstream>
 
@@ -42,5 +41,5 @@ void DocumentController::summaryAddItem(const std::string& topic, const std::str
 }
 
 std::string DocumentController::credit() const {
-    return "Tarvo " + RevisionInfo().text("REPO_TAG") + ", " + utcText(processingTime(), "%d %b %Y  %H:%M UTC");
+    return creditText();
 }

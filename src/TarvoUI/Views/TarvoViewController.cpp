@@ -1,11 +1,15 @@
 #include "TarvoViewController.h"
 
 #include "Boxes.h"
+#include "LevelsView.h"
 #include "MainView.h"
 #include "QCView.h"
 #include "RawView.h"
+#include "SkewTView.h"
+#include "SummaryView.h"
 #include "TarvoSettings.h"
 #include "UiText.h"
+#include "WMOView.h"
 #include "WaitCursor.h"
 #include "XYgraphView.h"
 
@@ -39,6 +43,7 @@ struct TarvoViewController::Tab {
     const char* text;
     const char* status;         ///< while it is updated
     const char* autoSaveStatus; ///< null for a tab that saves nothing by itself
+    int autoSaveOrder;
     bool needsQC;
     TarvoView* (*make)(DocumentController* doc, QPrinter* printer, QWidget* parent);
 };
@@ -46,10 +51,14 @@ struct TarvoViewController::Tab {
 /// In the order in which they stand.
 const std::vector<TarvoViewController::Tab>& TarvoViewController::tabTable() {
     static const std::vector<Tab> tabs{
-        {"&Main", "Main ", nullptr, false, &make<MainView>},
-        {"&Raw", "Raw ", nullptr, false, &make<RawView>},
-        {"&QC", "QC ", "QC autosaving", true, &make<QCView>},
-        {"&XY Graph", "XY ", nullptr, false, &make<XYgraphView>},
+        {"&Main", "Main ", nullptr, 0, false, &make<MainView>},
+        {"&Raw", "Raw ", nullptr, 0, false, &make<RawView>},
+        {"&QC", "QC ", "QC autosaving", 1, true, &make<QCView>},
+        {"&XY Graph", "XY ", nullptr, 0, false, &make<XYgraphView>},
+        {"Skew-&T", "SkewT ", "SkewT autosaving", 2, false, &make<SkewTView>},
+        {"&Levels", "levels ", "Levels autosaving", 4, true, &make<LevelsView>},
+        {"&WMO", "WMO ", "WMO autosaving", 3, true, &make<WMOView>},
+        {"&Summary", "Summary ", "Summary autosaving", 5, true, &make<SummaryView>},
     };
     return tabs;
 }
@@ -140,6 +149,11 @@ void TarvoViewController::addTabs() {
 void TarvoViewController::connectSignals() {
     connect(_viewWidget, &QTabWidget::currentChanged, this, &TarvoViewController::tabChanged);
     connect(_viewWidget, &QTabWidget::tabBarClicked, this, &TarvoViewController::tabClicked);
+    for (const auto& [tab, view] : _tabs) {
+        if (auto* levels = qobject_cast<LevelsView*>(view)) {
+            connect(levels, &LevelsView::levelsChanged, this, &TarvoViewController::levelsChanged);
+        }
+    }
 }
 
 void TarvoViewController::process() {
@@ -175,7 +189,10 @@ void TarvoViewController::updateTabs() {
 }
 
 void TarvoViewController::autoSave() {
-    for (const auto& [tab, view] : _tabs) {
+    auto saving = _tabs;
+    std::stable_sort(saving.begin(), saving.end(),
+                     [](const auto& a, const auto& b) { return a.first->autoSaveOrder < b.first->autoSaveOrder; });
+    for (const auto& [tab, view] : saving) {
         if (tab->autoSaveStatus != nullptr) {
             _statusAgent->AppendStatus(tab->autoSaveStatus);
             view->autoSave();
@@ -222,6 +239,11 @@ void TarvoViewController::tabChanged(int index) {
     }
     _activeTab = view;
     _activeTab->update();
+}
+
+/// What the user withdrew from coding, or took back, needs a new message.
+void TarvoViewController::levelsChanged() {
+    _doc->editor()->doWMO();
 }
 
 void TarvoViewController::tabClicked(int index) {

@@ -58,6 +58,7 @@ private slots:
     void saveConfiguration(bool immediateOnly);
     void tabChanged(int index);
     void tabClicked(int index);
+    void levelsChanged();
 
 private:
     /// One kind of tab: its text, what the status bar says when it is updated, and who makes it.

@@ -1,0 +1,100 @@
+#include "SkewTPicture.h"
+
+#include "ConfigSet.h"
+#include "Credit.h"
+#include "DataArray.h"
+#include "EditorControl.h"
+#include "Humidity.h"
+#include "Levels.h"
+#include "Missing.h"
+#include "SkewTAdapterSVG.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr int kSvgFontSize = 4; // pixels, the least; the adapter makes it legible
+constexpr int kMostPixels = 20000;
+
+using Names = std::array<const char*, 5>;
+constexpr Names kRawNames{"RawPres", "RawTdry", "RawRH", "RawWspd", "RawWdir"};
+constexpr Names kQcNames{"QCPres", "QCTdry", "QCRH", "QCWspd", "QCWdir"};
+
+double dewPointOf(double tdry, double rh) {
+    return tdry == kMissing || rh == kMissing ? kMissing : dewPt(tdry, rh);
+}
+
+SkewTData ofSeries(const EditorControl& editor, const Names& names) {
+    DataArray rows;
+    for (const char* name : names) {
+        rows.addSeries(editor.getSeries(name));
+    }
+    rows.generate();
+    const auto column = [&rows](int i) {
+        const double* values = rows.getColumn(i);
+        return std::vector<double>(values, values + rows.nRows());
+    };
+    SkewTData data{column(0), column(1), column(2), column(3), column(4)};
+    std::transform(data.tdry.begin(), data.tdry.end(), data.dp.begin(), data.dp.begin(), &dewPointOf);
+    return data;
+}
+
+SkewTData ofLevels(const Levels& levels) {
+    SkewTData data;
+    for (const Level& level : levels.levels()) {
+        const auto value = [&level](LevelFieldId id) {
+            double v = kMissing;
+            level.getFieldData(id, v);
+            return v;
+        };
+        data.pres.push_back(value(LFpres));
+        data.tdry.push_back(value(LFtdry));
+        data.dp.push_back(dewPointOf(value(LFtdry), value(LFrh)));
+        data.wspd.push_back(value(LFwspd));
+        data.wdir.push_back(value(LFwdir));
+    }
+    return data;
+}
+
+} // namespace
+
+SkewTData skewTData(const EditorControl& editor, SkewTSource source) {
+    switch (source) {
+    case SkewTSource::Levels:
+        return editor.levels() == nullptr ? SkewTData() : ofLevels(*editor.levels());
+    case SkewTSource::QC:
+        return editor.QCready() ? ofSeries(editor, kQcNames) : SkewTData();
+    default:
+        return ofSeries(editor, kRawNames);
+    }
+}
+
+SkewTSource defaultSkewTSource(const EditorControl& editor) {
+    return editor.QCready() ? SkewTSource::QC : SkewTSource::Raw;
+}
+
+SkewTSetup::SkewTSetup(const ConfigSet& config) {
+    config.intValue("NumberSkewTWinds", numWinds);
+    config.value("SkewTtmin", tmin);
+    config.value("SkewTtmax", tmax);
+    config.value("SkewTpmin", pTop);
+    config.value("SkewTpmax", pBottom);
+    config.intValue("PlotPixelsX", pixelsX);
+    config.intValue("PlotPixelsY", pixelsY);
+    pixelsX = std::clamp(pixelsX, 1, kMostPixels);
+    pixelsY = std::clamp(pixelsY, 1, kMostPixels);
+}
+
+std::unique_ptr<skewt::SkewT> makeSkewT(skewt::SkewTAdapter& adapter, const SkewTData& data,
+                                        const EditorControl& editor, const SkewTSetup& setup) {
+    return std::make_unique<skewt::SkewT>(adapter, static_cast<int>(data.pres.size()), data.tdry.data(), data.dp.data(),
+                                          data.wspd.data(), data.wdir.data(), data.pres.data(), setup.numWinds,
+                                          editor.description(), editor.getLaunchPosString(), creditText(), setup.tmin,
+                                          setup.tmax, setup.pTop, setup.pBottom);
+}
+
+void writeSkewTSvg(std::ostream& stream, const SkewTData& data, const EditorControl& editor, const SkewTSetup& setup) {
+    skewt::SkewTAdapterSVG adapter(stream, setup.pixelsX, setup.pixelsY, kSvgFontSize);
+    makeSkewT(adapter, data, editor, setup)->brandNewPlot();
+}
