@@ -5,6 +5,7 @@
 #include "Humidity.h"
 #include "Levels.h"
 #include "LevelsCsv.h"
+#include "Listing.h"
 #include "Missing.h"
 #include "Text.h"
 #include "UiText.h"
@@ -217,19 +218,15 @@ void LevelsView::leavingView() {
 }
 
 std::unique_ptr<QTextDocument> LevelsView::datalist() const {
-    auto listing = makeListing();
-    const Levels* levels = _editor->levels();
-    int row = 0;
-    for (; levels != nullptr && row < _levelsGrid->rowCount(); ++row) {
-        const Level& level = levels->levels()[static_cast<std::size_t>(levelIndex(row))];
+    return Listing::make(_editor->levels() == nullptr ? 0 : _levelsGrid->rowCount(), [this](int row) {
+        const Level& level = *levelOf(row);
         QString line =
             toQString(convertData(levelIndex(row), 3, "%3.0f")) + toQString(level.LTname()).rightJustified(kNameWidth);
         for (const ValueColumn& column : kValueColumns) {
             line += toQString(convertData(valueOf(level, column), 7, "%7.1f"));
         }
-        addListingLine(*listing, line + "  ", row);
-    }
-    return listing;
+        return line + "  ";
+    });
 }
 
 int LevelsView::printPreview() {

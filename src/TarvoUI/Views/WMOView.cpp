@@ -2,6 +2,7 @@
 
 #include "AtomicFile.h"
 #include "AutoSaveDirectory.h"
+#include "Listing.h"
 #include "Trailer.h"
 #include "UiText.h"
 #include "WMO.h"
@@ -297,17 +298,15 @@ bool WMOView::promptLine(const QString& title, const QString& label, const QStri
 }
 
 std::unique_ptr<QTextDocument> WMOView::datalist() const {
-    auto listing = makeListing();
-    int row = 0;
+    std::vector<std::string> lines;
     if (const WMO* wmo = _editor->wmo()) {
-        for (const std::string& line : wmo->textLines()) {
-            addListingLine(*listing, toQString(line), row++);
-        }
+        lines = wmo->textLines();
         if (isOn("TempAppendNNNN")) {
-            addListingLine(*listing, "NNNN", row);
+            lines.emplace_back("NNNN");
         }
     }
-    return listing;
+    return Listing::make(static_cast<int>(lines.size()),
+                         [&lines](int row) { return toQString(lines[static_cast<std::size_t>(row)]); });
 }
 
 int WMOView::printPreview() {

@@ -192,8 +192,8 @@ void takePictures(const QString& example, Album& album, Answers& answers) {
     album.keep(window, "qc-tab");
     keepXYgraph(*view, window, album);
 
-    for (const auto& [tab, name] : {std::pair("LevelsView", "levels-tab"), std::pair("WMOView", "wmo-tab"),
-                                    std::pair("SummaryView", "summary-tab")}) {
+    for (const auto& [tab, name] : {std::pair("SkewTView", "skewt-tab"), std::pair("LevelsView", "levels-tab"),
+                                    std::pair("WMOView", "wmo-tab"), std::pair("SummaryView", "summary-tab")}) {
         view->tabs()->setCurrentWidget(view->findChild<QWidget*>(tab));
         album.keep(window, name);
     }
