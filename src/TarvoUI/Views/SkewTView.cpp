@@ -9,6 +9,7 @@
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <array>
 
@@ -129,6 +130,11 @@ void SkewTView::update() {
     _skewT = makeSkewT(*_adapter, _data, *_editor, SkewTSetup(*_configSet));
     _adapter->setSkewT(_skewT.get());
     _skewT->brandNewPlot();
+}
+
+void SkewTView::showEvent(QShowEvent* event) {
+    TarvoView::showEvent(event);
+    QTimer::singleShot(0, _adapter, &skewt::SkewTAdapterQt::resizeTimeout);
 }
 
 void SkewTView::unzoom() {

@@ -25,6 +25,10 @@ public:
 
     skewt::SkewTAdapterQt* diagram() const { return _adapter; }
 
+protected:
+    /// A tab gets its size when it is first shown: the diagram takes it at once, and not after the pause of a resize.
+    void showEvent(QShowEvent* event) override;
+
 private slots:
     void setData();
     void unzoom();

@@ -161,10 +161,10 @@ TEST_F(ConfigurationTest, RestoresDefaultsWhenConfirmed) {
 TEST_F(ConfigurationTest, WithoutQCThereAreOnlyTheTabsOfTheFile) {
     start();
     open(makeSounding("one.csv"));
-    EXPECT_THAT(tabs(), ElementsAre("&Main", "&Raw", "&QC"));
+    EXPECT_THAT(tabs(), ElementsAre("&Main", "&Raw", "&QC", "&XY Graph", "Skew-&T", "&Levels", "&WMO", "&Summary"));
     configure("DoQC", 0.0);
     open(makeSounding("two.csv"));
-    EXPECT_THAT(tabs(), ElementsAre("&Main", "&Raw"));
+    EXPECT_THAT(tabs(), ElementsAre("&Main", "&Raw", "&XY Graph", "Skew-&T"));
     EXPECT_EQ(inView("RawView").findChild<QTableView*>()->model()->rowCount(), 121);
     trigger("_actionRecompute");
     EXPECT_THAT(answers.boxes(), IsEmpty());
