@@ -57,7 +57,7 @@ function(tarvo_qt_test name)
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
   target_link_libraries(${name} PRIVATE tarvo_options tarvo_test_support ${ARG_LINKS} Qt5::Test Qt5::Widgets GTest::gmock GTest::gtest)
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
-    PROPERTIES TIMEOUT 120 ENVIRONMENT QT_QPA_PLATFORM=offscreen)
+    PROPERTIES TIMEOUT 900 ENVIRONMENT QT_QPA_PLATFORM=offscreen)
 endfunction()
 
 # tarvo_benchmark(NAME SOURCES... [LINKS libraries...]): one Google Benchmark program, where that library is installed.
