@@ -37,11 +37,14 @@ constexpr std::array<ReferenceValue, 8> kReference{{
     {C::Alt, &Nc::setRefAlt},
 }};
 
-void putReference(TroveNcFile& file, const SndMetaData& metaData, const GivenColumns& columns) {
+void putReferenceTime(TroveNcFile& file, const SndMetaData& metaData) {
     const bool timeKnown = metaData.unixLaunchObsTime != static_cast<std::int64_t>(kMissing);
     const std::int64_t time = timeKnown ? metaData.unixLaunchObsTime - metaData.launchTime : metaData.unixLaunchObsTime;
     const auto seconds = static_cast<std::int32_t>(time);
     file.setRefTime(&seconds);
+}
+
+void putReference(TroveNcFile& file, const GivenColumns& columns) {
     for (const ReferenceValue& reference : kReference) {
         if (columns[reference.quantity] != nullptr) {
             const auto value = static_cast<float>(columns[reference.quantity][0]);
@@ -116,7 +119,10 @@ bool write(const std::string& path, int n, const SndMetaData& metaData, const Ed
     for (const auto& [key, text] : documentedAttributes(editor)) {
         file.addAtt(key, text);
     }
-    putReference(file, metaData, columns);
+    putReferenceTime(file, metaData);
+    if (n > 0) {
+        putReference(file, columns);
+    }
     if (count > 0) {
         putSamples(file, columns, count, !metaData.ascending);
     }
