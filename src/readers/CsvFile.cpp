@@ -139,9 +139,7 @@ CsvFile::CsvFile(std::string fileName, std::vector<std::string> csvLines)
     : SoundingFile(std::move(fileName), std::move(csvLines)) {
     readLines();
     _dataPoints = _sTime.lastIndex() + 1;
-    const auto date = {_year, _month, _day, _hour, _min, _sec};
-    const bool dated = std::none_of(date.begin(), date.end(), [](int field) { return field == -999; });
-    if (dated && _dataPoints > 0) {
+    if (dated() && _dataPoints > 0) {
         valid();
     } else {
         notValid();

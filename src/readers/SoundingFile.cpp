@@ -4,12 +4,19 @@
 #include "Text.h"
 #include "UtcTime.h"
 
+#include <algorithm>
+
 SoundingFile::SoundingFile(std::string fileName, std::vector<std::string> lines)
     : _fileName(std::move(fileName)), _valid(!lines.empty()), _lines(std::move(lines)) {}
 
 SoundingFile::~SoundingFile() = default;
 
 void SoundingFile::updateDescendingGeoAlt(double /*alt*/) {}
+
+bool SoundingFile::dated() const {
+    const auto date = {_year, _month, _day, _hour, _min, _sec};
+    return std::none_of(date.begin(), date.end(), [](int field) { return field == -999; });
+}
 
 std::string SoundingFile::description() const {
     auto separator = _fileName.rfind('\\');

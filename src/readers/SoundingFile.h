@@ -134,6 +134,9 @@ protected:
     void valid() { _valid = true; }
     void notValid() { _valid = false; }
 
+    /// Whether the whole of date and time has been told.
+    bool dated() const;
+
     /// All lines, consumed or not.
     const std::vector<std::string>& lines() const { return _lines; }
     bool linesLeft() const { return _nextLine < _lines.size(); }

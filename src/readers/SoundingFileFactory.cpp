@@ -2,10 +2,14 @@
 
 #include "ConfigSet.h"
 #include "CsvFile.h"
+#include "FRDFile.h"
+#include "Mw41File.h"
 #include "OmbraFile.h"
 #include "SoundingLines.h"
 #include "Text.h"
+#include "TroveFile.h"
 #include "WMOFile.h"
+#include "ZORFile.h"
 
 #include <algorithm>
 #include <array>
@@ -16,16 +20,20 @@ namespace {
 using Lines = std::vector<std::string>;
 using Maker = std::unique_ptr<SoundingFile> (*)(ConfigSet& config, std::string fileName, Lines lines);
 
-std::unique_ptr<SoundingFile> makeCsv(ConfigSet& /*config*/, std::string fileName, Lines lines) {
-    return std::make_unique<CsvFile>(std::move(fileName), std::move(lines));
-}
-
 std::unique_ptr<SoundingFile> makeOmbra(ConfigSet& config, std::string fileName, Lines lines) {
     return std::make_unique<OmbraFile>(std::move(fileName), std::move(lines), config.getSetName());
 }
 
-std::unique_ptr<SoundingFile> makeWmo(ConfigSet& /*config*/, std::string fileName, Lines lines) {
-    return std::make_unique<WMOFile>(std::move(fileName), std::move(lines));
+/// A format whose reader takes the file as it is.
+template <typename File>
+std::unique_ptr<SoundingFile> make(ConfigSet& /*config*/, std::string fileName, Lines lines) {
+    return std::make_unique<File>(std::move(fileName), std::move(lines));
+}
+
+/// A format whose reader sets the configuration to how such files are processed.
+template <typename File>
+std::unique_ptr<SoundingFile> makeWithConfig(ConfigSet& config, std::string fileName, Lines lines) {
+    return std::make_unique<File>(std::move(fileName), std::move(lines), config);
 }
 
 enum class Needs { Any, All };
@@ -41,21 +49,22 @@ struct Format {
 };
 
 /// In order of precedence: a WMO group anywhere in the header makes a message of any file.
-constexpr std::array<Format, 10> kFormats{{
+constexpr std::array<Format, 11> kFormats{{
     {Needs::Any,
      {"uuaa", "uubb", "uucc", "uudd", "ttaa", "ttbb", "ttcc", "ttdd", "iiaa", "iibb", "iicc", "iidd", "xxaa", "xxbb",
       "xxcc", "xxdd"},
      LinesAs::Text,
-     makeWmo},
-    {Needs::All, {"fileformat", "csv"}, LinesAs::Text, makeCsv},
+     make<WMOFile>},
+    {Needs::All, {"fileformat", "csv"}, LinesAs::Text, make<CsvFile>},
     {Needs::All, {"data type:", "mirra"}, LinesAs::Text, nullptr},
     {Needs::Any, {"ombra-t", "acs-t"}, LinesAs::Text, makeOmbra},
     {Needs::All, {"vesta"}, LinesAs::Text, nullptr},
     {Needs::All, {"pelo-t"}, LinesAs::Text, nullptr},
-    {Needs::All, {"data type/direction:", "zor"}, LinesAs::Text, nullptr},
-    {Needs::All, {"data type", "trove"}, LinesAs::Text, nullptr},
-    {Needs::All, {"dropwindsonde"}, LinesAs::Text, nullptr}, // FRD
-    {Needs::All, {"metadata"}, LinesAs::Raw, nullptr},       // MW41
+    {Needs::All, {"data type/direction:", "zor"}, LinesAs::Text, makeWithConfig<ZORFile>},
+    {Needs::All, {"data type", "trove"}, LinesAs::Text, make<TroveFile>},
+    {Needs::All, {"dropwindsonde"}, LinesAs::Text, makeWithConfig<FRDFile>},
+    {Needs::All, {"metadata"}, LinesAs::Raw, makeWithConfig<Mw41File>},
+    {Needs::All, {"data type:", "project id:"}, LinesAs::Text, make<TroveFile>}, // our product doesn't name its format
 }};
 
 bool isOf(const Format& format, const std::string& header) {
