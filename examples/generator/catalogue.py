@@ -8,7 +8,7 @@ from typing import Optional
 from . import truth
 from .atmosphere import Atmosphere
 from .faults import Faults
-from .formats import csvformat, ombra
+from .formats import csvformat, frd, mw41, ombra, trove, zor
 from .sonde import BEAD_SENSOR, BEAD_SENSOR_DRY, THIN_SENSOR, Parachute, SensorType, drop, rise
 from .sounding import Metadata, Sounding
 from .telemetry import GPS_LOCK, UPSONDE_NOISE, Noise, launch_observation, measure, prelaunch
@@ -403,6 +403,127 @@ def csv_polar():
                         flight, 1)
 
 
+def _row_example(file_name, description, flight, writer, sounding_type, warning=None, lost=0):
+    """An example of a format with one row for each record, of which a reader has to leave ``lost`` out."""
+    sounding = flight.sounding
+    reader = {
+        "launch_date": sounding.release.strftime("%Y-%m-%d"),
+        "launch_time": sounding.release.strftime("%H:%M:%S"),
+        "warning": warning,
+        "records": len(sounding.frames) - lost,
+        "sounding_type": sounding_type,
+    }
+    facts = _facts(file_name, description, flight, 0.0, reader)
+    return Example(file_name, writer.write(sounding), facts)
+
+
+def _short_drop(seed, release, atmosphere, pressure, position):
+    return _Drop(seed, release, atmosphere, pressure, position, THIN_SENSOR, 0.0, 850.0, prelaunch_seconds=0.0)
+
+
+def _ten_second_up(seed, release, atmosphere, top, position, **changes):
+    metadata = _metadata(platform_type="Ground station", observation_source="Station", **changes)
+    return _upsonde(seed, release, atmosphere, position, 10.0, top, metadata, "Synthetic site")
+
+
+def _tear(flight, faults, cuts):
+    """Rows that end after so many characters, by the time of their record."""
+    flight.sounding.options["torn"] = cuts
+    faults.notes += [{"time": time, "kind": "torn", "characters": count} for time, count in cuts.items()]
+    flight.notes = faults.notes
+
+
+def trove_up():
+    atmosphere = Atmosphere(979.1, SUMMER_PLAIN, ((0.6, 1300.0, 0.3),))
+    flight = _ten_second_up(1110, datetime(2022, 7, 6, 11, 14, 10), atmosphere, 60.0, (41.3, 12.75),
+                            sonde_id="S0420816", platform_id="SYN03", flight="SU03")
+    flight.sounding.options["layout"] = "named"
+    return _row_example("plain_up_20220706.trv", "Radiosonde over a summer plain, every 10 s, as other systems write it.",
+                        flight, trove, 2)
+
+
+def trove_drop():
+    flight = _short_drop(1111, datetime(2021, 9, 15, 5, 2, 40), Atmosphere(1008.2, MONSOON, ((0.5, 700.0, 0.4),)), 770.0,
+                         (17.5, 118.6))
+    faults = flight.faults
+    faults.spike(60, "pressure", change=14.0)
+    faults.spike(80, "temperature", change=5.0)
+    faults.spike(100, "rh", change=-28.0)
+    faults.spike(120, "speed", change=28.0)
+    faults.blank(30.0, 32.0, "pressure", "temperature", "rh", "altitude")
+    faults.blank(90.0, 91.0, "speed", "direction", "latitude", "longitude")
+    faults.gap(140.0, 144.0)
+    made = flight.flight(flight.sounding(_metadata(sonde_id="214350443", flight="SF08"), layout="product"))
+    _tear(made, faults, {110.0: 19})
+    return _row_example("monsoon_drop_20210915.trv", "Monsoon air from 770 mb in the layout of the product, with faults.",
+                        made, trove, 2)
+
+
+def zor_up():
+    atmosphere = Atmosphere(1004.6, POLAR_NIGHT, ((0.8, 1500.0, 1.4),))
+    flight = _ten_second_up(1112, datetime(2023, 1, 18, 23, 4, 20), atmosphere, 60.0, (78.9, 11.9),
+                            sonde_id="S0517734", platform_id="SYN04", flight="SU04")
+    return _row_example("fjord_up_20230118.zor", "Radiosonde in the polar night, every 10 s.", flight, zor, 6,
+                        "pass-through")
+
+
+def zor_drop():
+    flight = _short_drop(1113, datetime(2021, 8, 4, 23, 58, 45), Atmosphere(1013.1, TRADE_WIND, ((0.7, 1000.0, 2.4),)),
+                         780.0, (12.4, -47.1))
+    faults = flight.faults
+    faults.blank(20.0, 22.0, "pressure", "temperature", "rh")
+    faults.blank(50.0, 53.0, "speed", "direction", "ascent", "latitude", "longitude", "gps_altitude")
+    faults.gap(100.0, 103.0)
+    made = flight.flight(flight.sounding(_metadata(sonde_id="214350564", flight="SF09")))
+    _tear(made, faults, {70.0: 52, 85.0: 52})
+    return _row_example("tradewind_drop_20210804.zor", "Trade wind air from 780 mb across midnight, with faults.", made,
+                        zor, 6, "pass-through")
+
+
+def frd_drop():
+    flight = _short_drop(1114, datetime(2022, 5, 24, 9, 31, 5), Atmosphere(1016.8, SUBTROPICAL, ((0.4, 600.0, 2.2),)),
+                         790.0, (29.1, -19.5))
+    sounding = flight.sounding(_metadata(sonde_id="220411210", flight="SF10"))
+    return _row_example("subtropical_drop_20220524.frd", "Subtropical air from 790 mb.", flight.flight(sounding), frd, 7,
+                        "pass-through")
+
+
+def frd_damaged():
+    flight = _short_drop(1115, datetime(2023, 2, 12, 15, 10, 50), Atmosphere(998.1, WARM_FRONT, ((0.8, 800.0, 0.9),)),
+                         760.0, (-43.2, 48.4))
+    faults = flight.faults
+    faults.blank(15.0, 18.0, "pressure", "altitude")
+    faults.blank(40.0, 42.0, "temperature", "rh")
+    faults.blank(60.0, 63.0, "speed", "direction", "ascent", "latitude", "longitude")
+    faults.gap(120.0, 125.0)
+    made = flight.flight(flight.sounding(_metadata(sonde_id="231070039", flight="SF11")))
+    _tear(made, faults, {75.0: 49})
+    return _row_example("warmfront_drop_20230212.frd", "Warm front from 760 mb south of the equator, with faults.", made,
+                        frd, 7, "pass-through")
+
+
+def mw41_up():
+    atmosphere = Atmosphere(977.6, SUMMER_PLAIN, ((0.6, 1300.0, 1.2),))
+    flight = _ten_second_up(1116, datetime(2022, 7, 7, 11, 15, 0), atmosphere, 60.0, (41.3, 12.75),
+                            sonde_id="S0420817", platform_id="SYN03", flight="SU05")
+    return _row_example("plain_up_20220707.txt", "Radiosonde over a summer plain, every 10 s.", flight, mw41, 10,
+                        "pass-through")
+
+
+def mw41_damaged():
+    atmosphere = Atmosphere(1003.2, POLAR_NIGHT, ((0.8, 1500.0, 0.2),))
+    flight = _ten_second_up(1117, datetime(2023, 1, 19, 23, 5, 40), atmosphere, 60.0, (-68.6, -67.1),
+                            sonde_id="S0517735", platform_id="SYN05", flight="SU06")
+    faults = Faults(flight.sounding.frames)
+    faults.blank(300.0, 330.0, "pressure", "temperature", "rh")
+    faults.blank(1500.0, 1550.0, "speed", "direction", "latitude", "longitude", "gps_altitude")
+    faults.gap(2000.0, 2100.0)
+    _tear(flight, faults, {700.0: 31, 710.0: 7})
+    flight.sounding.options.update(extra_column=True, line_end="\r\n")
+    return _row_example("fjord_up_20230119.txt", "Radiosonde in the polar night of the south, every 10 s, with faults, an "
+                        "unknown column and CR LF line ends.", flight, mw41, 10, "pass-through", lost=2)
+
+
 EXAMPLES = {
     "D20210801_120003": clean_tropical,
     "D20210914_043120": spikes_and_crc,
@@ -413,4 +534,12 @@ EXAMPLES = {
     "tradewind_drop_20210803": csv_drop,
     "summer_up_20220705": csv_up,
     "polar_up_20230117": csv_polar,
+    "plain_up_20220706": trove_up,
+    "monsoon_drop_20210915": trove_drop,
+    "fjord_up_20230118": zor_up,
+    "tradewind_drop_20210804": zor_drop,
+    "subtropical_drop_20220524": frd_drop,
+    "warmfront_drop_20230212": frd_damaged,
+    "plain_up_20220707": mw41_up,
+    "fjord_up_20230119": mw41_damaged,
 }
