@@ -1,4 +1,4 @@
-// Raw and QC data of every example, written as CSV, come back through the reader as they were, to the digits of the
+// Raw and QC data of every example, written as CSV, TROVE, ZOR and FRD, come back through the reader as they were, to the digits of the
 // format.
 
 #include "EditorControl.h"
@@ -17,33 +17,118 @@ namespace fs = std::filesystem;
 
 const fs::path kExamples = fs::path(TARVO_SOURCE_DIR) / "examples/data";
 
+using C = ProductColumns;
+
+/// A quantity as a format prints it, and the column in which it comes back.
 struct Cells {
-    ProductColumns::Column column;
+    C::Column column;
     const char* digits;
+    C::Column back;
+    Cells(C::Column both, const char* shape) : Cells(both, shape, both) {}
+    Cells(C::Column from, const char* shape, C::Column to) : column(from), digits(shape), back(to) {}
 };
 
-const Cells kRead[] = {{ProductColumns::Time, "%.1f"},   {ProductColumns::Pres, "%.2f"}, {ProductColumns::Tdry, "%.2f"},
-                       {ProductColumns::RH, "%.2f"},     {ProductColumns::Wspd, "%.2f"}, {ProductColumns::Wdir, "%.2f"},
-                       {ProductColumns::Lat, "%.5f"},    {ProductColumns::Lon, "%.5f"},  {ProductColumns::Alt, "%.1f"},
-                       {ProductColumns::GpsAlt, "%.1f"}, {ProductColumns::Dz, "%.2f"}};
+struct Format {
+    const char* suffix;
+    bool raw;            ///< also made of raw data
+    double earliest;     ///< s; what is ahead of it doesn't come back
+    bool keepsDirection; ///< the others are dropsondes, whatever was written
+    std::vector<Cells> cells;
+};
+
+const Format kFormats[] = {
+    {".csv",
+     true,
+     -0.99,
+     true,
+     {{C::Time, "%.1f"},
+      {C::Pres, "%.2f"},
+      {C::Tdry, "%.2f"},
+      {C::RH, "%.2f"},
+      {C::Wspd, "%.2f"},
+      {C::Wdir, "%.2f"},
+      {C::Lat, "%.5f"},
+      {C::Lon, "%.5f"},
+      {C::Alt, "%.1f"},
+      {C::GpsAlt, "%.1f"},
+      {C::Dz, "%.2f"}}},
+    {".trv",
+     true,
+     0.0,
+     true,
+     {{C::Time, "%.1f"},
+      {C::Pres, "%.1f"},
+      {C::Tdry, "%.1f"},
+      {C::RH, "%.1f"},
+      {C::Wspd, "%.1f"},
+      {C::Wdir, "%.1f"},
+      {C::Dz, "%.1f"},
+      {C::Lon, "%.3f"},
+      {C::Lat, "%.3f"},
+      {C::Alt, "%.1f"}}},
+    {".zor",
+     true,
+     0.0,
+     true,
+     {{C::Time, "%.2f"},
+      {C::Pres, "%.2f"},
+      {C::Tdry, "%.2f"},
+      {C::RH, "%.2f"},
+      {C::Wspd, "%.2f"},
+      {C::Wdir, "%.2f"},
+      {C::Dz, "%.2f"},
+      {C::Alt, "%.2f"},
+      {C::Lon, "%.6f"},
+      {C::Lat, "%.6f"},
+      {C::GpsAlt, "%.2f"}}},
+    {".frd",
+     false,
+     -0.99,
+     false,
+     {{C::Time, "%.2f"},
+      {C::Pres, "%.1f"},
+      {C::Tdry, "%.2f"},
+      {C::RH, "%.1f"},
+      {C::Alt, "%.0f"},
+      {C::Wdir, "%.0f"},
+      {C::Wspd, "%.2f"},
+      {C::Sats, "%.0f"},
+      {C::W, "%.1f", C::Dz},
+      {C::Lat, "%.3f"},
+      {C::Lon, "%.3f"}}},
+};
 
 void open(EditorControl& editor, const fs::path& path) {
     std::ifstream stream(path);
     editor.getSounding(path.string(), &stream);
     ASSERT_TRUE(editor.isValid()) << path << editor.getSndfileErrorMsg();
-    editor.qcProcess();
 }
 
-void expectSame(const ProductColumns& written, const ProductColumns& back, const std::string& what) {
-    const int first = written.firstDataIsPrelaunch() ? 1 : 0;
-    const int firstBack = back.firstDataIsPrelaunch() ? 1 : 0;
-    ASSERT_EQ(written.nRows() - first, back.nRows() - firstBack) << what;
-    ASSERT_GT(back.nRows(), 300);
-    int differing = 0;
-    for (const Cells& cells : kRead) {
-        for (int i = 0; first + i < written.nRows(); ++i) {
-            differing += stringFormat(cells.digits, written[cells.column][first + i]) !=
-                         stringFormat(cells.digits, back[cells.column][firstBack + i]);
+std::vector<int> rowsFrom(double earliest, const ProductColumns& columns) {
+    std::vector<int> rows;
+    for (int i = 0; i < columns.nRows(); ++i) {
+        if (columns[C::Time][i] >= earliest) {
+            rows.push_back(i);
+        }
+    }
+    return rows;
+}
+
+std::string textOf(const char* digits, const ProductColumns& columns, C::Column column, int row) {
+    return stringFormat(digits, columns[column] == nullptr ? -999.0 : columns[column][row]);
+}
+
+void expectSame(const Format& format, const ProductColumns& written, const ProductColumns& back,
+                const std::string& what) {
+    const std::vector<int> rows = rowsFrom(format.earliest, written);
+    const std::vector<int> rowsBack = rowsFrom(format.earliest, back);
+    ASSERT_EQ(rows.size(), rowsBack.size()) << what;
+    ASSERT_GT(rows.size(), 300U);
+    for (const Cells& cells : format.cells) {
+        int differing = 0;
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            differing += textOf(cells.digits, written, cells.column, rows[i]) !=
+                         textOf(cells.digits, back, cells.back, rowsBack[i]);
         }
         EXPECT_EQ(differing, 0) << what << ", column " << cells.column;
     }
@@ -51,7 +136,7 @@ void expectSame(const ProductColumns& written, const ProductColumns& back, const
 
 } // namespace
 
-TEST(ExampleRoundTrip, CsvComesBackEqual) {
+TEST(ExampleRoundTrip, ProductsComeBackEqual) {
     int examples = 0;
     for (const auto& entry : fs::directory_iterator(kExamples)) {
         ++examples;
@@ -59,19 +144,28 @@ TEST(ExampleRoundTrip, CsvComesBackEqual) {
         MadeConfig config;
         EditorControl editor(config.set, "V3.4.8");
         open(editor, entry.path());
+        editor.qcProcess();
         const SndMetaData meta = editor.getSndMetaData(true);
         for (const bool raw : {true, false}) {
             const ProductColumns written = raw ? ProductColumns::raw(editor) : ProductColumns::qc(editor, config.set);
-            const std::string path = (folder / (raw ? "raw.csv" : "qc.csv")).string();
-            ASSERT_TRUE(FileSaver::saveFile("", path, ".csv", meta, editor, written, nullptr));
-            MadeConfig configBack;
-            EditorControl back(configBack.set, "V3.4.8");
-            open(back, path);
-            expectSame(written, ProductColumns::raw(back), entry.path().filename().string() + (raw ? " raw" : " QC"));
-            EXPECT_EQ(back.getSndMetaData(false).launchTime, meta.launchTime);
-            EXPECT_EQ(back.getSndMetaData(false).ascending, meta.ascending);
-            EXPECT_EQ(back.getSndMetaData(false).sondeId, meta.sondeId);
+            for (const Format& format : kFormats) {
+                if (raw && !format.raw) {
+                    continue;
+                }
+                const std::string what = entry.path().filename().string() + (raw ? " raw" : " QC") + format.suffix;
+                const std::string path = (folder / (std::string("product") + format.suffix)).string();
+                ASSERT_TRUE(FileSaver::saveFile("", path, format.suffix, meta, editor, written, nullptr));
+                MadeConfig configBack;
+                EditorControl back(configBack.set, "V3.4.8");
+                open(back, path);
+                expectSame(format, written, ProductColumns::raw(back), what);
+                const SndMetaData metaBack = back.getSndMetaData(false);
+                EXPECT_EQ(metaBack.launchTime, meta.launchTime) << what;
+                EXPECT_EQ(metaBack.ascending, format.keepsDirection && meta.ascending) << what;
+                EXPECT_EQ(metaBack.sondeId, meta.sondeId) << what;
+            }
         }
     }
-    EXPECT_EQ(examples, 9);
+    const auto truth = fs::directory_iterator(kExamples.parent_path() / "truth");
+    EXPECT_EQ(examples, std::distance(begin(truth), end(truth)));
 }

@@ -1,5 +1,6 @@
 #include "OmbraText.h"
 #include "ReadText.h"
+#include "RowText.h"
 
 #include <gtest/gtest.h>
 
@@ -18,6 +19,10 @@ std::string ombra() {
            comment("Launch Time (y,m,d,h,m,s):", "2021-08-01, 12:00:03") +
            comment("Met/Wind Offset (s):", "PTU lags wind by 0.5 sec") +
            comment("Pre-launch Obs Data System/Time:", "AIMS, 11:59:58") + shortDrop();
+}
+
+std::vector<std::string> everyFormat() {
+    return {csv(), ombra(), troveText(), zorText(), frdText(), mw41Text()};
 }
 
 /// Everything an owner of a reader asks for.
@@ -44,7 +49,7 @@ void replaceAll(std::string& text, const std::string& what, const std::string& b
 } // namespace
 
 TEST(ReaderRobustness, AFileMayEndAnywhere) {
-    for (const std::string& text : {csv(), ombra()}) {
+    for (const std::string& text : everyFormat()) {
         int valid = 0;
         for (std::size_t length = 0; length <= text.size(); ++length) {
             const auto file = readText(text.substr(0, length));
@@ -69,7 +74,7 @@ TEST(ReaderRobustness, ACutLastLineCostsNothingElse) {
 }
 
 TEST(ReaderRobustness, LineEndsMakeNoDifference) {
-    for (const std::string& text : {csv(), ombra()}) {
+    for (const std::string& text : {csv(), ombra(), troveText(), zorText(), frdText()}) {
         const auto plain = readText(text);
         std::string other = text;
         replaceAll(other, "\n", "\r\n\r\n \t\n");
@@ -93,7 +98,7 @@ TEST(ReaderRobustness, GarbageIsNoSounding) {
     std::mt19937 random(11);
     std::uniform_int_distribution<int> byte(0, 255);
     std::uniform_int_distribution<int> any(0, 1000000);
-    for (const std::string& text : {csv(), ombra()}) {
+    for (const std::string& text : everyFormat()) {
         for (int run = 0; run < 300; ++run) {
             std::string damaged = text;
             for (int i = 0; i < 1 + run / 10; ++i) {

@@ -6,10 +6,11 @@ namespace {
 
 std::string nameOfReader(const std::string& text) {
     const auto file = readText(text);
-    return !file                                       ? "none"
-           : file->soundingType() == SoundingType::Wmo ? "Wmo"
-           : file->WMOsondeType() == "96"              ? "Ombra"
-                                                       : "Csv";
+    if (!file) {
+        return "none";
+    }
+    const std::string name = SoundingTypeName(file->soundingType());
+    return name == "Unknown" ? "Csv" : name;
 }
 
 } // namespace
@@ -28,6 +29,14 @@ TEST(SoundingFileFactory, TellsTheFormatFromTheFirstTwoLines) {
         {"UZNT13 KNHC 251930\nXXAA  75198 99254", "Wmo"},
         {"xxOMBRA-T01 COM", "Ombra"},
         {"acs-t01", "Ombra"},
+        {"data TYPE/direction:\nZor", "Zor"},
+        {"Data Type: TROVE", "Trove"},
+        {"Data Type/Direction: zor trove", "Zor"},
+        {"Data Type: x\nProject ID: y", "Trove"},
+        {"Data Type: x\nProject ID: metadata", "Mw41"},
+        {"Data Type: x\nDropWindSonde Project ID:", "Frd"},
+        {"===\nDROPWINDSONDE", "Frd"},
+        {"FLEDT\tMetadata", "Mw41"},
         {"OMBRA-D01\nACS-D01", "none"},
         {"Data Type: MIRRA OMBRA-T01", "none"},
         {"VESTA-T01 ombra-t", "Ombra"},
