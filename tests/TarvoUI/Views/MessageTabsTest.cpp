@@ -88,6 +88,7 @@ protected:
     void answerPrompt(const std::string& title, const QString& text) {
         answers.operate(title, [text](QDialog& dialog) {
             auto* edit = dialog.findChild<QLineEdit*>();
+            EXPECT_GE(edit->width(), edit->fontMetrics().horizontalAdvance(QString(10, '0')));
             edit->selectAll();
             QTest::keyClicks(edit, text);
             QTest::keyClick(edit, Qt::Key_Return);
@@ -215,6 +216,7 @@ TEST_F(WMOTab, LaysTheGroupsOutAsTheLinesHaveThem) {
 }
 
 TEST_F(WMOTab, GroupsAreChangedAndRestored) {
+    view.setStyleSheet("* {font-size:20pt}"); // the prompt is as large
     const int system = rowOf("31313");
     grid.setCurrentCell(system, 1);
     answerPrompt("Modify Code Group", "09999");
