@@ -2,6 +2,10 @@
 
 #include "AtomicFile.h"
 #include "DataFileSaveCsv.h"
+#include "DataFileSaveFRD.h"
+#include "DataFileSaveNetcdf.h"
+#include "DataFileSaveTrove.h"
+#include "DataFileSaveZOR.h"
 #include "EditorControl.h"
 #include "ProductColumns.h"
 #include "SndMetaData.h"
@@ -23,18 +27,51 @@ void writeCsv(const std::string& filePath, std::ostream& stream, const SndMetaDa
                     c[Columns::Lon], c[Columns::Alt], c[Columns::GpsAlt], c[Columns::Dz], c.firstDataIsPrelaunch());
 }
 
+void writeTrove(const std::string& filePath, std::ostream& stream, const SndMetaData& metaData,
+                const EditorControl& editor, const Columns& c) {
+    DataFileSaveTrove(filePath, stream, c.nRows(), metaData, editor, c[Columns::Time], c[Columns::Pres],
+                      c[Columns::Tdry], c[Columns::RH], c[Columns::Wspd], c[Columns::Wdir], c[Columns::U],
+                      c[Columns::V], c[Columns::Lat], c[Columns::Lon], c[Columns::Alt], c[Columns::Dz]);
+}
+
+void writeZor(const std::string& filePath, std::ostream& stream, const SndMetaData& metaData,
+              const EditorControl& editor, const Columns& c) {
+    DataFileSaveZOR(filePath, stream, c.nRows(), metaData, editor, c[Columns::Time], c[Columns::Pres], c[Columns::Tdry],
+                    c[Columns::RH], c[Columns::Wspd], c[Columns::Wdir], c[Columns::U], c[Columns::V], c[Columns::Lat],
+                    c[Columns::Lon], c[Columns::Alt], c[Columns::GpsAlt], c[Columns::Dz]);
+}
+
+void writeFrd(const std::string& filePath, std::ostream& stream, const SndMetaData& metaData,
+              const EditorControl& editor, const Columns& c) {
+    DataFileSaveFRD(filePath, stream, c.nRows(), metaData, editor, c[Columns::Time], c[Columns::Pres], c[Columns::Tdry],
+                    c[Columns::RH], c[Columns::Wspd], c[Columns::Wdir], c[Columns::U], c[Columns::V], c[Columns::Lat],
+                    c[Columns::Lon], c[Columns::Alt], c[Columns::W], c[Columns::Sats]);
+}
+
+bool saveNetcdf(const std::string& filePath, const SndMetaData& metaData, const EditorControl& editor,
+                const Columns& c) {
+    return DataFileSaveNetcdf(filePath, c.nRows(), metaData, editor, c[Columns::Time], c[Columns::Pres],
+                              c[Columns::Tdry], c[Columns::RH], c[Columns::Wspd], c[Columns::Wdir], c[Columns::U],
+                              c[Columns::V], c[Columns::W], c[Columns::Lat], c[Columns::Lon], c[Columns::Alt],
+                              c[Columns::GpsAlt], c[Columns::Dz], c[Columns::DewPoint], c[Columns::MixingRatio],
+                              c[Columns::VirtualTemp], c[Columns::PotentialTemp])
+        .isSaved();
+}
+
 struct Format {
     const char* extension;
-    Writer write; ///< null for a format that has no writer yet
+    Writer write; ///< null for a format that has no writer yet, or one that opens its own file
+    bool (*save)(const std::string& filePath, const SndMetaData& metaData, const EditorControl& editor,
+                 const Columns& columns) = nullptr; ///< writes a file of its own
 };
 
 /// Looked through in this order, the first extension found in the filter text winning.
 constexpr std::array<Format, 6> kFormats{{
-    {".trv", nullptr},
-    {".nc", nullptr},
+    {".trv", &writeTrove},
+    {".nc", nullptr, &saveNetcdf},
     {".csv", &writeCsv},
-    {".zor", nullptr},
-    {".frd", nullptr},
+    {".zor", &writeZor},
+    {".frd", &writeFrd},
     {".bfr", nullptr},
 }};
 
@@ -46,6 +83,9 @@ bool FileSaver::saveFile(const std::string& /*revision*/, const std::string& fil
     for (const Format& format : kFormats) {
         if (!contains(filterText, format.extension)) {
             continue;
+        }
+        if (format.save != nullptr) {
+            return format.save(filePath, metaData, editor, columns);
         }
         if (format.write == nullptr) {
             return false;

@@ -127,12 +127,25 @@ TEST(BatchTool, ProcessesTheExamples) {
     EXPECT_TRUE(fs::exists(folder / "out/D20210801_120003QC.csv"));
 }
 
+TEST(BatchTool, AProductThatCantBeWrittenFailsItsFile) {
+    const TemporaryFolder folder;
+    fs::create_directories(folder / "out/D20210801_120003QC.nc/inside");
+    const Outcome outcome = tool(folder, "--out out --formats qc-trv,qc-nc --report - '" +
+                                             (kExamples / "D20210801_120003.1").string() + "'");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.err, HasSubstr("Could not save netcdf file: out/D20210801_120003QC.nc\n"));
+    const auto report = reportLines(outcome.out);
+    EXPECT_THAT(report.at(0)["products"], ElementsAre("out/D20210801_120003QC.trv"));
+    EXPECT_THAT(report.at(0)["error"], HasSubstr("QC.nc"));
+}
+
 TEST(BatchTool, MakesTheSameBytesWhateverTheNumberOfJobs) {
     const TemporaryFolder folder;
     for (const char* run : {"1", "4"}) {
         tool(folder,
              std::string("--quiet --out out") + run + " --jobs " + run +
-                 " --formats raw-csv,qc-csv,wmo,levels,summary '" + kExamples.string() + "'",
+                 " --formats raw-csv,qc-csv,raw-trv,qc-trv,raw-zor,qc-zor,qc-frd,raw-nc,qc-nc,wmo,levels,summary '" +
+                 kExamples.string() + "'",
              "TARVO_OVERRIDE_PROCESSING_TIME=1627819203");
     }
     int compared = 0;
@@ -140,7 +153,7 @@ TEST(BatchTool, MakesTheSameBytesWhateverTheNumberOfJobs) {
         EXPECT_EQ(readFile(entry.path()), readFile(folder / "out4" / entry.path().filename()));
         ++compared;
     }
-    EXPECT_EQ(compared, 5 * static_cast<int>(exampleNames().size()));
+    EXPECT_EQ(compared, 12 * static_cast<int>(exampleNames().size()));
 }
 
 TEST(BatchTool, AMessageOpensAgainWithTheSameLevels) {
