@@ -68,7 +68,7 @@ bool writeSkewTSvgFile(EditorControl& editor, const ConfigSet& config, const std
 
 bool writeSkewTPng(EditorControl& editor, const ConfigSet& config, const std::string& path) {
     std::ostringstream svg;
-    writeSkewTSvg(svg, skewTData(editor, defaultSkewTSource(editor)), editor, SkewTSetup(config));
+    writeSkewTSvg(svg, skewTData(editor, defaultSkewTSource(editor)), editor, SkewTSetup(config), false);
     AtomicFile file(path);
     return file.isOpen() && drawAsPng(svg.str(), file.temporaryPath()) && file.commit();
 }

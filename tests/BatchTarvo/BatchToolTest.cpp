@@ -156,6 +156,52 @@ TEST(BatchTool, MakesTheSameBytesWhateverTheNumberOfJobs) {
     EXPECT_EQ(compared, 12 * static_cast<int>(exampleNames().size()));
 }
 
+TEST(BatchTool, DrawsTheSkewT) {
+    const TemporaryFolder folder;
+    const std::string drop = "'" + (kExamples / "D20210914_043120.2").string() + "'";
+    const std::string size = " --override PlotPixelsX=640 --override PlotPixelsY=480 ";
+    const auto run = [&](const std::string& arguments) {
+        return tool(folder, "--quiet --formats skewt-svg,skewt-png" + size + arguments + " " + drop,
+                    "TARVO_OVERRIDE_PROCESSING_TIME=1627819203");
+    };
+    const auto product = [&](const char* out, const char* extension) {
+        return readFile(folder / out / (std::string("D20210914_043120skewt") + extension));
+    };
+    EXPECT_EQ(run("--out one").err, "");
+    EXPECT_EQ(run("--out two --jobs 2").status, 0);
+    const std::string svg = product("one", ".svg");
+    const std::string png = product("one", ".png");
+    EXPECT_THAT(svg, HasSubstr(" width=\"640\" height=\"480\">"));
+    EXPECT_EQ(png.substr(1, 3), "PNG");
+    EXPECT_EQ(png.substr(16, 8), std::string("\0\0\x02\x80\0\0\x01\xE0", 8)) << "640 by 480, in the header";
+    EXPECT_EQ(svg, product("two", ".svg"));
+    EXPECT_EQ(png, product("two", ".png"));
+    if (std::system("command -v xmllint >/dev/null") == 0) {
+        const std::string file = (folder / "one/D20210914_043120skewt.svg").string();
+        EXPECT_EQ(std::system(("xmllint --nonet --noout '" + file + "'").c_str()), 0);
+    }
+    // QC data where there are any: fewer than the raw ones of this file, by what the checks took out.
+    EXPECT_EQ(run("--out raw --override DoQC=0").status, 0);
+    const auto marks = [](const std::string& text) {
+        int count = 0;
+        for (std::size_t at = text.find("fill=\"red\"/>"); at != std::string::npos;
+             at = text.find("fill=\"red\"/>", at + 1)) {
+            ++count;
+        }
+        return count;
+    };
+    EXPECT_GT(marks(svg), 100);
+    EXPECT_GT(marks(product("raw", ".svg")), marks(svg));
+
+    for (const char* extension : {".svg", ".png"}) { // folders stand where the products should
+        fs::create_directories(folder / "full" / (std::string("D20210914_043120skewt") + extension) / "inside");
+    }
+    const Outcome full = run("--out full");
+    EXPECT_EQ(full.status, 1);
+    EXPECT_THAT(full.err, HasSubstr("skewt.png"));
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder / "full"), {}), 2) << "nothing half written";
+}
+
 TEST(BatchTool, AMessageOpensAgainWithTheSameLevels) {
     const TemporaryFolder folder;
     const std::string drop = (kExamples / "D20210801_120003.1").string();

@@ -23,8 +23,6 @@ constexpr double k2Cm = 0.78740294;
 constexpr double k25Cm = 0.984253675;
 constexpr double k03Cm = 0.11811044100000001;
 
-constexpr int kPreviewWidth = 750;
-constexpr int kPreviewHeight = 600;
 constexpr int kRuleWidth = 10;
 constexpr double kTextMarginMm = 7.5; // the bands below stand in the middle of the paper with it
 constexpr double kTextPoints = 9.0;
@@ -157,7 +155,6 @@ void TarvoView::paintPage(QPainter& painter, QTextDocument* doc, const PageTexts
     painter.restore();
 }
 
-/// A PDF file that was saved before isn't written once more.
 void TarvoView::printNatively() {
     _printer->setOutputFormat(QPrinter::NativeFormat);
     _printer->setOutputFileName(QString());
