@@ -6,6 +6,9 @@
 #include <QLabel>
 #include <QTableView>
 
+class QContextMenuEvent;
+class QMenu;
+
 /// What the Raw and the QC tab have in common: the description above, a grid of series, its listing on paper, and
 /// saving its data.
 class GridView : public TarvoView {
@@ -50,8 +53,10 @@ protected:
 
 private:
     void fitToFont();
+    void showMenu(const QContextMenuEvent& request);
     int wantedWidth(int column) const;
 
     int _rowMargin;
     QLabel* _topLabel;
+    QMenu* _menu = nullptr; // of the cells, once it was asked for
 };
