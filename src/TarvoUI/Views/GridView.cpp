@@ -5,9 +5,11 @@
 #include "RowHeight.h"
 #include "UiText.h"
 
+#include <QContextMenuEvent>
 #include <QFileInfo>
 #include <QFontMetrics>
 #include <QHeaderView>
+#include <QMenu>
 #include <QMessageBox>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -38,6 +40,31 @@ GridView::GridView(std::vector<GridColumn> columns, bool withAttributes, int row
     for (QWidget* typed : {static_cast<QWidget*>(_table), static_cast<QWidget*>(_table->horizontalHeader())}) {
         new FontWatch(typed, [this] { fitToFont(); });
     }
+    _table->installEventFilter(this);
+}
+
+bool GridView::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == _table && event->type() == QEvent::ContextMenu && !_table->actions().isEmpty()) {
+        showMenu(*static_cast<QContextMenuEvent*>(event));
+        return true;
+    }
+    return TarvoView::eventFilter(watched, event);
+}
+
+/// One menu for all times: of entries that stood in a menu before, a screen reader hears nothing in a second one. Asked
+/// for by a key it stands below the cell that it is for.
+void GridView::showMenu(const QContextMenuEvent& request) {
+    if (_menu == nullptr) {
+        _menu = new QMenu(_table);
+        _menu->addActions(_table->actions());
+    }
+    QPoint place = request.globalPos();
+    if (request.reason() == QContextMenuEvent::Keyboard) {
+        const QModelIndex cell = _table->currentIndex();
+        _table->scrollTo(cell);
+        place = _table->viewport()->mapToGlobal(_table->visualRect(cell).bottomLeft());
+    }
+    _menu->exec(place);
 }
 
 void GridView::fitToFont() {

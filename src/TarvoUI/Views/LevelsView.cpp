@@ -14,6 +14,7 @@
 
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QVBoxLayout>
 #include <array>
@@ -96,6 +97,8 @@ LevelsView::LevelsView(DocumentController* doc, QPrinter* printer, QWidget* pare
     auto* right = new QLabel("   Disabled Levels are highlighted in red.", this);
     right->setObjectName("_levelsLabel_RightLabel");
     _levelsGrid->setObjectName("_levelsGrid");
+    _levelsGrid->setAccessibleName("Levels");
+    _levelsGrid->installEventFilter(this);
     auto* hints = new QHBoxLayout;
     hints->addStretch();
     hints->addWidget(left);
@@ -211,6 +214,16 @@ void LevelsView::cellPressed(int row, int column) {
         field->setTag(!field->tag());
     }
     setLevelColor(row);
+}
+
+/// The space bar does what a press does, for who has no mouse.
+bool LevelsView::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != _levelsGrid || event->type() != QEvent::KeyPress ||
+        static_cast<QKeyEvent*>(event)->key() != Qt::Key_Space) {
+        return TarvoView::eventFilter(watched, event);
+    }
+    cellPressed(_levelsGrid->currentRow(), _levelsGrid->currentColumn());
+    return true;
 }
 
 void LevelsView::leavingView() {

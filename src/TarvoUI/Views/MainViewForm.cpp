@@ -111,10 +111,13 @@ void MainView::addRow(const MainViewRow& plan, QLineEdit* reported) {
             nullptr,           new NumberEdit(this), new QPushButton("Clear", this)};
     const QString quoted = QString(" \"%1\"").arg(plan.quoted);
     reported->setToolTip("Reported" + quoted);
+    reported->setAccessibleName(QString("Reported ") + plan.quoted);
     row.overrideEdit->setObjectName(plan.overrideName);
     row.overrideEdit->setToolTip("Override" + quoted);
+    row.overrideEdit->setAccessibleName(QString("Override ") + plan.quoted);
     row.clearButton->setObjectName(plan.clearName);
     row.clearButton->setToolTip("Clear" + quoted + " manual override");
+    row.clearButton->setAccessibleName(QString("Clear ") + plan.quoted);
     row.clearButton->setAutoDefault(false);
     if (plan.ignoreName != nullptr) {
         row.ignoreBox = new QCheckBox(this);
@@ -236,7 +239,9 @@ QGroupBox* MainView::makeHeightResults() {
     auto* box = new QGroupBox("Dropsonde Height Integration Results", this);
     box->setObjectName("_mainGroupBox_dhir");
     _estLaunchAlt = makeReadOnly("_estLaunchAlt");
+    _estLaunchAlt->setAccessibleName("Launch Altitude, Upward");
     _estTermAlt = makeReadOnly("_estTermAlt");
+    _estTermAlt->setAccessibleName("Low Altitude, Downward");
     auto* grid = new QGridLayout(box);
     grid->addWidget(new QLabel("Launch Altitude (m)", box), 0, 1);
     grid->addWidget(new QLabel("Low Altitude (m)     ", box), 0, 2);

@@ -47,6 +47,7 @@ constexpr std::array<AutoFormat, 6> kAutoFormats{{
 QCView::QCView(DocumentController* doc, QPrinter* printer, QWidget* parent)
     : GridView(columnsOf(doc->editor()->ascending()), false, kRowMargin, doc, printer, parent) {
     setObjectName("QCView");
+    _table->setAccessibleName("QC data");
     _table->horizontalHeader()->setSectionsClickable(false);
     _table->verticalHeader()->setSectionsClickable(false);
 }

@@ -55,6 +55,7 @@ SkewTView::SkewTView(DocumentController* doc, QPrinter* printer, QWidget* parent
     _unzoom->setAutoDefault(false);
     _skewtFrame = new QFrame(this);
     _skewtFrame->setObjectName("_skewtFrame");
+    _skewtFrame->setAccessibleName("Skew-T diagram");
     _skewtFrame->setFrameShape(QFrame::StyledPanel);
     _adapter = new skewt::SkewTAdapterQt(_skewtFrame, kAsParent, kAsParent, kSymbolSize, kResizeHoldOff);
     auto* inFrame = new QVBoxLayout(_skewtFrame);

@@ -20,6 +20,7 @@ SummaryView::SummaryView(DocumentController* doc, QPrinter* printer, QWidget* pa
     _topLabel->setObjectName("_summary_topLabel");
     _topLabel->setAlignment(Qt::AlignCenter);
     _text->setReadOnly(true);
+    _text->setAccessibleName("Summary");
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(_topLabel);
     layout->addWidget(_text);

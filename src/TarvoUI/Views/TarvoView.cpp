@@ -1,5 +1,6 @@
 #include "TarvoView.h"
 
+#include "FileDialogKeys.h"
 #include "UiText.h"
 
 #include <QDir>
@@ -100,7 +101,18 @@ QString TarvoView::getSaveFilename(const QString& title, const QString& filter, 
     if (!folder.endsWith('/')) {
         folder += "/";
     }
-    const QString name =
-        QFileDialog::getSaveFileName(this, title, folder + getRootFilename() + suffix, filter, selectedFilter);
-    return withExtension(name, selectedFilter == nullptr ? QString() : *selectedFilter, title);
+    QFileDialog dialog(this, title, folder, filter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.selectFile(getRootFilename() + suffix);
+    reachFileTypesByKeys(dialog);
+    if (selectedFilter == nullptr) {
+        return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    }
+    dialog.selectNameFilter(*selectedFilter);
+    if (dialog.exec() != QDialog::Accepted) {
+        return {};
+    }
+    *selectedFilter = dialog.selectedNameFilter();
+    return withExtension(dialog.selectedFiles().value(0), *selectedFilter, title);
 }

@@ -47,6 +47,7 @@ WMOView::WMOView(DocumentController* doc, QPrinter* printer, QWidget* parent)
     _originalGroups->setObjectName("_originalGroups");
     _modifiedGroups->setObjectName("_modifiedGroups");
     _table->setObjectName("_table");
+    _table->setAccessibleName("WMO message");
     _table->setColumnCount(kColumns);
     _table->setShowGrid(false);
     _table->horizontalHeader()->hide();
