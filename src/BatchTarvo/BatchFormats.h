@@ -6,6 +6,9 @@
 class ConfigSet;
 class EditorControl;
 
+/// The item that says where the BUFR tables are. It belongs to the run and to no configuration file.
+inline constexpr const char* kBufrTablesItem = "BufrTables";
+
 /// One product that the batch tool knows.
 struct BatchFormat {
     const char* name;   ///< as in --formats

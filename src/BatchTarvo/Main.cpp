@@ -212,6 +212,9 @@ int main(int argc, char** argv) {
             return usageError(config.error());
         }
     }
+    if (!config.useBufrTables(options.bufrTables)) {
+        return usageError(config.error());
+    }
     std::vector<const BatchFormat*> formats;
     std::string error;
     if (options.formats.empty()) {

@@ -1,6 +1,7 @@
 #include "FileSaver.h"
 
 #include "AtomicFile.h"
+#include "DataFileSaveBufr.h"
 #include "DataFileSaveCsv.h"
 #include "EditorControl.h"
 #include "ProductColumns.h"
@@ -23,6 +24,17 @@ void writeCsv(const std::string& filePath, std::ostream& stream, const SndMetaDa
                     c[Columns::Lon], c[Columns::Alt], c[Columns::GpsAlt], c[Columns::Dz], c.firstDataIsPrelaunch());
 }
 
+bool saveBufr(const std::string& filePath, const SndMetaData& metaData, const EditorControl& editor, const Columns& c,
+              const Levels* levels, const std::string& tableDir) {
+    AtomicFile file(filePath, std::ios::out | std::ios::binary);
+    return file.isOpen() &&
+           DataFileSaveBufr(tableDir, filePath, file.stream(), c.nRows(), metaData, editor, levels, c[Columns::Time],
+                            c[Columns::Pres], c[Columns::Tdry], c[Columns::RH], c[Columns::Wspd], c[Columns::Wdir],
+                            c[Columns::Lat], c[Columns::Lon], c[Columns::Alt])
+               .isWhole() &&
+           file.commit();
+}
+
 struct Format {
     const char* extension;
     Writer write; ///< null for a format that has no writer yet
@@ -42,13 +54,14 @@ constexpr std::array<Format, 6> kFormats{{
 
 bool FileSaver::saveFile(const std::string& /*revision*/, const std::string& filePath, const std::string& filterText,
                          const SndMetaData& metaData, const EditorControl& editor, const ProductColumns& columns,
-                         const Levels* /*levels*/) {
+                         const Levels* levels, const std::string& bufrTableDir) {
     for (const Format& format : kFormats) {
         if (!contains(filterText, format.extension)) {
             continue;
         }
         if (format.write == nullptr) {
-            return false;
+            return contains(format.extension, ".bfr") &&
+                   saveBufr(filePath, metaData, editor, columns, levels, bufrTableDir);
         }
         AtomicFile file(filePath);
         if (!file.isOpen()) {
