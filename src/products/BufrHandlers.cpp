@@ -15,6 +15,7 @@ namespace {
 constexpr int kRadiosondeUnknownMaker = 9; // code tables of the WMO
 constexpr int kTrackingNotSpecified = 19;
 constexpr int kLaunchTimeSignificance = 18;
+constexpr int kRowSequence = 303054;
 constexpr int kElementsOfRow = 10;
 constexpr int kPositionsOfRow = kElementsOfRow + 1;
 constexpr int kMostRows = 65535;
@@ -184,7 +185,8 @@ int TarvoToBUFR::bufr_303054_plevels(bufr_desc* /*descriptor*/, int position) {
 void TarvoToBUFR::codeRow(std::size_t row, int position) {
     for (int i = 0; i < kPositionsOfRow; ++i) {
         bufr_desc* descriptor = bufr_datasubset_get_descriptor(_subset, position + i);
-        if (descriptor == nullptr || !codeRowElement(descriptor, row)) {
+        const bool isMarker = descriptor != nullptr && descriptor->descriptor == kRowSequence;
+        if (descriptor == nullptr || isMarker != (i == 0) || (i > 0 && !codeRowElement(descriptor, row))) {
             fault("unexpected descriptor found in the 303054 sequence");
         }
     }
@@ -226,6 +228,6 @@ bool TarvoToBUFR::codeRowElement(bufr_desc* descriptor, std::size_t row) {
     case 11002:
         return set(value(R::Wspd) != kMissing, value(R::Wspd));
     default:
-        return descriptor->descriptor == 303054;
+        return false;
     }
 }
