@@ -4,6 +4,7 @@
 #include "OpenSounding.h"
 #include "QCView.h"
 #include "RawView.h"
+#include "TarvoSettings.h"
 
 #include <QDir>
 #include <QFileDialog>
