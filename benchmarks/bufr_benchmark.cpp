@@ -1,3 +1,4 @@
+#include "Environment.h"
 #include "TarvoToBUFR_BC25.h"
 
 #include <benchmark/benchmark.h>
@@ -29,6 +30,7 @@ struct MadeColumns {
 };
 
 void bufrMessage(benchmark::State& state) {
+    keepFreedMemory(); // as the programs do
     const int n = static_cast<int>(state.range(0));
     const MadeColumns c(n);
     SndMetaData meta;

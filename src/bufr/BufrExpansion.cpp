@@ -7,6 +7,7 @@
 namespace {
 
 constexpr std::size_t kLongestList = std::size_t{1} << 21;
+constexpr std::size_t kRoomBehind = 64; // for what follows a long group, so that the list isn't moved for it
 constexpr int kDeepestNesting = 64;
 
 using List = std::vector<bufr_desc>;
@@ -48,8 +49,7 @@ public:
             return false;
         }
         for (const bufr_desc* at = begin; at != end;) {
-            if (_list.size() > kLongestList) {
-                bufr_print("Error: the template becomes too long\n");
+            if (isTooLong(0)) {
                 return false;
             }
             // What has been expanded is followed by what it stands for, and what sleeps isn't expanded.
@@ -100,12 +100,29 @@ private:
         return false;
     }
 
+    /// Expands the group once; its other copies are the same.
     bool repeat(std::int64_t count, const bufr_desc* begin, const bufr_desc* end, int depth) {
-        for (std::int64_t i = 0; i < count; ++i) {
-            if (!walk(begin, end, depth + 1)) {
-                return false;
-            }
+        const std::size_t first = _list.size();
+        if (!walk(begin, end, depth + 1)) {
+            return false;
         }
+        const std::size_t size = _list.size() - first;
+        const std::size_t others = size * static_cast<std::size_t>(count - 1);
+        if (isTooLong(others)) {
+            return false;
+        }
+        _list.reserve(_list.size() + others + kRoomBehind);
+        for (std::size_t i = 0; i < others; ++i) {
+            _list.push_back(_list[first + i % size]);
+        }
+        return true;
+    }
+
+    bool isTooLong(std::size_t added) const {
+        if (_list.size() + added <= kLongestList) {
+            return false;
+        }
+        bufr_print("Error: the template becomes too long\n");
         return true;
     }
 
