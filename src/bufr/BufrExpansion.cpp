@@ -259,6 +259,7 @@ bool bufr_make_desc(int descriptor, const BufrTables* tables, bufr_desc& desc) {
 
 bool bufr_check_sequence(const std::vector<bufr_desc>& descriptors, const BufrTables* tables) {
     std::vector<int> codes;
+    codes.reserve(descriptors.size());
     for (const bufr_desc& desc : descriptors) {
         codes.push_back(desc.descriptor);
     }

@@ -20,6 +20,7 @@ DataFileSaveBufr::DataFileSaveBufr(const std::string& tableDir, const std::strin
     } else {
         bufr = std::make_unique<TarvoToBUFR_BC26>();
     }
-    _isWhole = bufr->process(n, metaData, attributes, levels, time, pres, tdry, rh, wspd, wdir, lat, lon, alt) &&
-               bufr->save(&stream);
+    const bool isProcessed =
+        bufr->process(n, metaData, attributes, levels, time, pres, tdry, rh, wspd, wdir, lat, lon, alt);
+    _isWhole = bufr->save(&stream) && isProcessed;
 }
