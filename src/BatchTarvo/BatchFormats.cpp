@@ -14,6 +14,7 @@
 #include "WMO.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <sstream>
 
 namespace {
@@ -23,12 +24,17 @@ bool save(const EditorControl& editor, const std::string& path, const char* exte
                                editor, columns, editor.levels());
 }
 
-bool writeRawCsv(EditorControl& editor, const ConfigSet& /*config*/, const std::string& path) {
-    return save(editor, path, ".csv", ProductColumns::raw(editor));
+/// The extension of \p path, which the suffix gave it, tells the format.
+std::string extension(const std::string& path) {
+    return std::filesystem::path(path).extension().string();
 }
 
-bool writeQcCsv(EditorControl& editor, const ConfigSet& config, const std::string& path) {
-    return save(editor, path, ".csv", ProductColumns::qc(editor, config));
+bool writeRaw(EditorControl& editor, const ConfigSet& /*config*/, const std::string& path) {
+    return save(editor, path, extension(path).c_str(), ProductColumns::raw(editor));
+}
+
+bool writeQc(EditorControl& editor, const ConfigSet& config, const std::string& path) {
+    return save(editor, path, extension(path).c_str(), ProductColumns::qc(editor, config));
 }
 
 template <typename Write>
@@ -94,15 +100,15 @@ std::string BatchFormat::hindrance(const EditorControl& editor) const {
 
 const std::vector<BatchFormat>& batchFormats() {
     static const std::vector<BatchFormat> formats{
-        {"raw-csv", "RAW.csv", "BatchSaveRawCSV", BatchFormat::Nothing, &writeRawCsv},
-        {"qc-csv", "QC.csv", "BatchSaveQCCSV", BatchFormat::QcData, &writeQcCsv},
-        {"raw-trv", "RAW.trv", "BatchSaveRawTRV", BatchFormat::Nothing, nullptr},
-        {"qc-trv", "QC.trv", "BatchSaveQCTRV", BatchFormat::QcData, nullptr},
-        {"raw-zor", "RAW.zor", "BatchSaveRawZOR", BatchFormat::Nothing, nullptr},
-        {"qc-zor", "QC.zor", "BatchSaveQCZOR", BatchFormat::QcData, nullptr},
-        {"qc-frd", "QC.frd", "BatchSaveQCFRD", BatchFormat::QcData, nullptr},
-        {"raw-nc", "RAW.nc", "BatchSaveRawCDF", BatchFormat::Nothing, nullptr},
-        {"qc-nc", "QC.nc", "BatchSaveQCCDF", BatchFormat::QcData, nullptr},
+        {"raw-csv", "RAW.csv", "BatchSaveRawCSV", BatchFormat::Nothing, &writeRaw},
+        {"qc-csv", "QC.csv", "BatchSaveQCCSV", BatchFormat::QcData, &writeQc},
+        {"raw-trv", "RAW.trv", "BatchSaveRawTRV", BatchFormat::Nothing, &writeRaw},
+        {"qc-trv", "QC.trv", "BatchSaveQCTRV", BatchFormat::QcData, &writeQc},
+        {"raw-zor", "RAW.zor", "BatchSaveRawZOR", BatchFormat::Nothing, &writeRaw},
+        {"qc-zor", "QC.zor", "BatchSaveQCZOR", BatchFormat::QcData, &writeQc},
+        {"qc-frd", "QC.frd", "BatchSaveQCFRD", BatchFormat::QcData, &writeQc},
+        {"raw-nc", "RAW.nc", "BatchSaveRawCDF", BatchFormat::Nothing, &writeRaw},
+        {"qc-nc", "QC.nc", "BatchSaveQCCDF", BatchFormat::QcData, &writeQc},
         {"qc-bfr", "QC.bfr", "BatchSaveQCBUFR", BatchFormat::QcData, &writeQcBufr},
         {"wmo", "WMO.txt", "BatchSaveWMO", BatchFormat::Message, &writeWmo},
         {"levels", "Levels.csv", "BatchSaveLevels", BatchFormat::LevelSet, &writeLevels},

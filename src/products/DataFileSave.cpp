@@ -1,5 +1,6 @@
 #include "DataFileSave.h"
 
+#include "LaunchParameter.h"
 #include "Missing.h"
 #include "Text.h"
 
@@ -27,4 +28,14 @@ std::string DataFileSave::formatLoc(double v) const {
     const double magnitude = std::abs(v);
     const double degrees = std::trunc(magnitude);
     return stringFormat("%.0f ", degrees) + stringFormat("%05.2f", (magnitude - degrees) * 60.0);
+}
+
+std::string DataFileSave::formatLaunch(const char* format, const LaunchParameter& launch,
+                                       const std::string& missing) const {
+    return launch.avail(false) ? formatVal(format, launch.value()) : missing;
+}
+
+std::string DataFileSave::formatLaunchLoc(const LaunchParameter& angle, const char* positive,
+                                          const char* negative) const {
+    return angle.avail(false) ? formatLoc(angle.value()) + (angle.value() < 0.0 ? negative : positive) : "-999";
 }

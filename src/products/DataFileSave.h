@@ -2,6 +2,8 @@
 
 #include <string>
 
+class LaunchParameter;
+
 /// The base of all product writers. A writer does all its work in its constructor, on an open stream, and looks at no
 /// stream error: whoever opened the stream decides whether the product stands.
 class DataFileSave {
@@ -24,6 +26,10 @@ public:
 
 protected:
     const std::string& fileName() const { return _fileName; }
+    /// A launch value through the format; \p missing when there is none.
+    std::string formatLaunch(const char* format, const LaunchParameter& launch, const std::string& missing) const;
+    /// formatLoc() and the mark of the hemisphere, in which zero is positive; "-999" without a launch value.
+    std::string formatLaunchLoc(const LaunchParameter& angle, const char* positive, const char* negative) const;
 
 private:
     std::string _fileName;

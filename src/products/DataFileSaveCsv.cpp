@@ -3,6 +3,7 @@
 #include "EditorControl.h"
 #include "Humidity.h"
 #include "Missing.h"
+#include "ProductText.h"
 #include "RevisionInfo.h"
 #include "SndMetaData.h"
 #include "Text.h"
@@ -162,7 +163,7 @@ void DataFileSaveCsv::writeTexts(const SndMetaData& metaData) {
     }
 }
 
-/// The build and what the product says of its making. A sounding that QC hasn't worked on names no configuration.
+/// The build and what the product says of its making.
 void DataFileSaveCsv::writeAttributes(const EditorControl& editor) {
     const RevisionInfo revision;
     const std::array<std::array<const char*, 2>, 2> buildLines{
@@ -173,11 +174,7 @@ void DataFileSaveCsv::writeAttributes(const EditorControl& editor) {
             writeText(keyword, text);
         }
     }
-    EditorControl::Attributes attributes = editor.filteredAttributes();
-    if (attributes["DoQC"] != "1") {
-        attributes = editor.baseAttributes();
-    }
-    for (const auto& [key, text] : attributes) {
+    for (const auto& [key, text] : documentedAttributes(editor)) {
         writeText(key, text);
     }
 }

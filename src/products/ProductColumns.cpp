@@ -34,6 +34,10 @@ ProductColumns::ProductColumns(const Sources& sources) {
     _missing.assign(static_cast<std::size_t>(_rows.nRows()), kMissing);
     int next = 0;
     for (std::size_t column = 0; column < sources.size(); ++column) {
-        _columns[column] = sources[column] != nullptr ? _rows.getColumn(next++) : _missing.data();
+        const Series* series = sources[column];
+        _columns[column] = series != nullptr ? _rows.getColumn(next++) : _missing.data();
+        if (column >= DewPoint && (series == nullptr || series->lastIndex() < 0)) {
+            _columns[column] = nullptr;
+        }
     }
 }

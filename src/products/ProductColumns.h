@@ -9,29 +9,30 @@ class ConfigSet;
 class EditorControl;
 
 /// The nineteen columns that every product writer takes its subset of, in rows of one time each. Missing cells are
-/// -999.0; a quantity that the sounding doesn't have is a column of nothing else.
+/// -999.0; a quantity that the sounding doesn't have is a column of nothing else. The last four, which can be worked
+/// out from the others, are null when the file didn't give them.
 class ProductColumns {
 public:
     enum Column {
-        Time,     ///< s from launch
-        Pres,     ///< mb
-        Tdry,     ///< deg C
-        RH,       ///< %
-        Wspd,     ///< m/s
-        Wdir,     ///< degrees
-        U,        ///< m/s eastward
-        V,        ///< m/s northward
-        W,        ///< m/s upward, of the air
-        Lat,      ///< degrees
-        Lon,      ///< degrees
-        Alt,      ///< m
-        GpsAlt,   ///< m
-        Dz,       ///< m/s upward, of the sonde
-        Sats,     ///< count
-        DewPoint, ///< deg C, as the file gave it
-        MixingRatio,
-        VirtualTemp,
-        PotentialTemp,
+        Time,          ///< s from launch
+        Pres,          ///< mb
+        Tdry,          ///< deg C
+        RH,            ///< %
+        Wspd,          ///< m/s
+        Wdir,          ///< degrees
+        U,             ///< m/s eastward
+        V,             ///< m/s northward
+        W,             ///< m/s upward, of the air
+        Lat,           ///< degrees
+        Lon,           ///< degrees
+        Alt,           ///< m
+        GpsAlt,        ///< m
+        Dz,            ///< m/s upward, of the sonde
+        Sats,          ///< count
+        DewPoint,      ///< deg C, as the file gave it
+        MixingRatio,   ///< g/kg, likewise
+        VirtualTemp,   ///< K, likewise
+        PotentialTemp, ///< K, likewise
         NumColumns
     };
 
@@ -46,7 +47,7 @@ public:
     ProductColumns& operator=(const ProductColumns&) = delete;
 
     int nRows() const { return _rows.nRows(); }
-    /// The nRows() values of a column.
+    /// The nRows() values of a column; null without rows.
     const double* operator[](Column column) const { return _columns[column]; }
     /// Whether row 0 is the launch observation.
     bool firstDataIsPrelaunch() const { return _rows.firstDataIsPrelaunch(); }

@@ -1,11 +1,9 @@
 #include "DataFileSaveCsv.h"
-#include "EditorControl.h"
 #include "FileSaver.h"
 #include "ProductColumns.h"
 #include "SoundingFileFactory.h"
 
-#include "CsvText.h"
-#include "MadeConfig.h"
+#include "MadeAnalysis.h"
 #include "SeriesText.h"
 #include "TemporaryFolder.h"
 
@@ -16,23 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-CsvText drop() {
-    CsvText text(false);
-    text.line("Pressure,499.96,\"units=mb\"").line("Temperature,-5.5").line("Latitude,25.12346");
-    text.line("SondeId,204715063").line("Comments,\"synthetic\"").line("PtuWindTimeDiff,\"-0.5\"");
-    text.fields("Time,Pressure,Temperature,RH,Speed,Direction,Latitude,Longitude,Altitude,Ascent,GpsAlt");
-    text.data("0,500.004,-5.5,,10,90,25.123456,-80.5,5500,-11,5510");
-    text.data("0.5,505.5,-5.25,50,10,90,,,5420,-11,");
-    return text;
-}
-
-struct Analysis {
-    explicit Analysis(const CsvText& text = drop()) : editor(config.set, "V3.4.8") {
-        std::istringstream stream(text.text());
-        editor.getSounding("drop.csv", &stream);
-        config.set.set("CabinTemp", -5.5); // as at the launch: nothing has to settle
-        editor.qcProcess();
-    }
+struct Analysis : MadeAnalysis {
     std::string csv(const ProductColumns& c) {
         std::ostringstream out;
         using C = ProductColumns;
@@ -41,8 +23,6 @@ struct Analysis {
                         c[C::GpsAlt], c[C::Dz], c.firstDataIsPrelaunch());
         return out.str();
     }
-    MadeConfig config;
-    EditorControl editor;
 };
 
 /// The lines of \p text from the first that begins with \p first to the one ahead of \p behind.
@@ -174,6 +154,9 @@ TEST(ProductColumns, TakeTheirSeries) {
     EXPECT_EQ(raw[C::U][1], -999.0);
     EXPECT_EQ(raw[C::Dz][2], -11.0);
     EXPECT_EQ(raw[C::GpsAlt][2], -999.0);
+    EXPECT_EQ(raw[C::DewPoint], nullptr) << "the file gives none";
+    analysis.editor.getSeries("RawDp")->appendValue(-20.0, 0.5);
+    EXPECT_EQ(C::raw(analysis.editor)[C::DewPoint][2], -20.0);
 
     const C computed = C::qc(analysis.editor, analysis.config.set);
     EXPECT_EQ(computed[C::Lat][1], -999.0) << "nothing has computed a position yet";

@@ -270,7 +270,7 @@ void TarvoMainWindow::about() {
 }
 
 void TarvoMainWindow::openDocument(const QString& path, const QString& failure) {
-    if (!QDesktopServices::openUrl(QUrl("file://" + path))) {
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(path))) {
         QMessageBox::critical(this, "ERROR", failure);
     }
 }

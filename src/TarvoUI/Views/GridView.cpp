@@ -1,9 +1,10 @@
 #include "GridView.h"
 
+#include "FontWatch.h"
 #include "Listing.h"
+#include "RowHeight.h"
 #include "UiText.h"
 
-#include <QEvent>
 #include <QFileInfo>
 #include <QFontMetrics>
 #include <QHeaderView>
@@ -20,37 +21,27 @@ constexpr int kRowsToLookAt = 100; // for the width of a column
 GridView::GridView(std::vector<GridColumn> columns, bool withAttributes, int rowMargin, DocumentController* doc,
                    QPrinter* printer, QWidget* parent)
     : TarvoView(doc, printer, parent), _grid(new SeriesGrid(std::move(columns), withAttributes, this)),
-      _table(new QTableView(this)), _rowMargin(rowMargin), _topLabel(new QLabel(this)) {
+      _table(new QTableView(this)), _topLabel(new QLabel(this)) {
     _topLabel->setAlignment(Qt::AlignCenter);
     _topLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
     _table->setModel(_grid);
     _table->setObjectName("_grid");
     _table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     _table->setWordWrap(false);
-    _table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    _table->verticalHeader()->setMinimumSectionSize(1);
     _table->horizontalHeader()->setResizeContentsPrecision(kRowsToLookAt);
     _table->setTabKeyNavigation(false);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(_topLabel);
     layout->addWidget(_table);
+    fitRowsToFont(_table, rowMargin);
     fitToFont();
     for (QWidget* typed : {static_cast<QWidget*>(_table), static_cast<QWidget*>(_table->horizontalHeader())}) {
-        typed->installEventFilter(this);
+        new FontWatch(typed, [this] { fitToFont(); });
     }
-}
-
-/// The size of the text is changed while the window is open.
-bool GridView::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FontChange) {
-        fitToFont();
-    }
-    return TarvoView::eventFilter(watched, event);
 }
 
 void GridView::fitToFont() {
     const int height = QFontMetrics(_table->font()).height();
-    _table->verticalHeader()->setDefaultSectionSize(height + _rowMargin);
     _table->setIconSize({height, height});
     for (int column = 0; column < _grid->columnCount(); ++column) {
         _table->setColumnWidth(column, wantedWidth(column));
@@ -81,14 +72,12 @@ std::unique_ptr<QTextDocument> GridView::datalist() const {
 }
 
 int GridView::printPreview() {
-    setUpPage();
     const Words w = words();
     const auto listing = datalist();
     return previewText(listing.get(), w.listingTitle, w.listingHead, QString("Tarvo - Print Preview ") + w.title);
 }
 
 int GridView::print() {
-    setUpPage();
     const Words w = words();
     const auto listing = datalist();
     return printDoc(listing.get(), w.listingTitle, w.listingHead);

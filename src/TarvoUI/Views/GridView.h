@@ -12,7 +12,6 @@ class GridView : public TarvoView {
     Q_OBJECT
 
 public:
-    bool eventFilter(QObject* watched, QEvent* event) override;
     int printPreview() override;
     int print() override;
     int save() override;
@@ -52,6 +51,5 @@ private:
     void fitToFont();
     int wantedWidth(int column) const;
 
-    int _rowMargin;
     QLabel* _topLabel;
 };

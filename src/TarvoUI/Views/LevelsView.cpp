@@ -7,6 +7,7 @@
 #include "LevelsCsv.h"
 #include "Listing.h"
 #include "Missing.h"
+#include "RowHeight.h"
 #include "Text.h"
 #include "UiText.h"
 #include "Wind.h"
@@ -19,6 +20,7 @@
 
 namespace {
 
+constexpr int kRowMargin = 8; // pixels
 constexpr int kIndexColumn = 0;
 constexpr int kTypeColumn = 1;
 
@@ -129,6 +131,7 @@ void LevelsView::initGrid() {
     _levelsGrid->setHorizontalHeaderLabels(headings);
     _levelsGrid->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     _levelsGrid->verticalHeader()->hide();
+    fitRowsToFont(_levelsGrid, kRowMargin);
     _levelsGrid->setSelectionMode(QAbstractItemView::NoSelection);
     _levelsGrid->setEditTriggers(QAbstractItemView::NoEditTriggers);
 }

@@ -41,17 +41,17 @@ MainView::MainView(DocumentController* doc, QPrinter* printer, QWidget* parent) 
     right->addWidget(makeHeightOverrides());
     right->addWidget(makeDropSurface());
     right->addStretch();
-    auto* form = new QWidget(this);
-    auto* columns = new QHBoxLayout(form);
+    _form = new QWidget(this);
+    auto* columns = new QHBoxLayout(_form);
     columns->addLayout(left);
     columns->addLayout(right);
     columns->addStretch();
     auto* scroll = new QScrollArea(this); // large type on a small screen
-    scroll->setWidget(form);
+    scroll->setWidget(_form);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->viewport()->setAutoFillBackground(false);
-    form->setAutoFillBackground(false);
+    _form->setAutoFillBackground(false);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(_topLabel);
     layout->addWidget(scroll);

@@ -10,6 +10,7 @@
 namespace {
 
 const char* const kTitle = "Summary";
+constexpr double kPrintedPoints = 10.0;
 
 } // namespace
 
@@ -42,7 +43,11 @@ void SummaryView::update() {
 }
 
 std::unique_ptr<QTextDocument> SummaryView::datalist() const {
-    return std::unique_ptr<QTextDocument>(_text->document()->clone());
+    std::unique_ptr<QTextDocument> listing(_text->document()->clone());
+    QFont font = listing->defaultFont();
+    font.setPointSizeF(kPrintedPoints); // whatever the size of the text on the screen
+    listing->setDefaultFont(font);
+    return listing;
 }
 
 int SummaryView::printPreview() {

@@ -79,7 +79,8 @@ QString TarvoView::getRootFilename() const {
 /// dialog asked about isn't replaced without a question: empty when the user keeps it.
 QString TarvoView::withExtension(const QString& name, const QString& filter, const QString& title) {
     const QString extension = filter.section("(*", 1).section(')', 0, 0);
-    if (name.isEmpty() || extension.isEmpty() || name.endsWith(extension, Qt::CaseInsensitive)) {
+    if (name.isEmpty() || extension.isEmpty() || extension.contains('*') ||
+        name.endsWith(extension, Qt::CaseInsensitive)) {
         return name;
     }
     const QString whole = name + extension;

@@ -3,6 +3,7 @@
 #include "DocumentController.h"
 
 #include <QLineEdit>
+#include <QPixmap>
 #include <QPrinter>
 #include <QString>
 #include <QTableWidget>
@@ -70,6 +71,8 @@ protected:
     int printGrab(const QString& dialogTitle);
     int previewGrab(const QString& dialogTitle);
     void paintGrab(QPrinter* printer);
+    /// What is printed of it.
+    virtual QPixmap picture() { return grab(); }
 
     TarvoConfigSet* _configSet;
     DocumentController* _doc;
@@ -90,5 +93,6 @@ private:
 
     QString withExtension(const QString& name, const QString& filter, const QString& title);
     void printNatively();
+    void setUpText();
     void paintPage(QPainter& painter, QTextDocument* doc, const PageTexts& texts, int page);
 };

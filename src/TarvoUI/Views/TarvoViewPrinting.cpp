@@ -1,5 +1,6 @@
 // How the tabs come onto paper.
 
+#include "AtomicFile.h"
 #include "Listing.h"
 #include "TarvoView.h"
 #include "UiText.h"
@@ -162,8 +163,14 @@ void TarvoView::printNatively() {
     _printer->setOutputFileName(QString());
 }
 
-int TarvoView::printDoc(QTextDocument* doc, const QString& title, const QString& subTitle) {
+/// Texts stand upright, whichever tab has used the printer before.
+void TarvoView::setUpText() {
     printNatively();
+    _printer->setPageOrientation(QPageLayout::Portrait);
+}
+
+int TarvoView::printDoc(QTextDocument* doc, const QString& title, const QString& subTitle) {
+    setUpText();
     QPrintDialog dialog(_printer, this);
     dialog.setWindowTitle("Tarvo Print Document");
     if (dialog.exec() == QDialog::Accepted) {
@@ -178,7 +185,7 @@ void TarvoView::previewDoc(QTextDocument* doc, const QString& title, const QStri
 
 int TarvoView::previewText(QTextDocument* doc, const QString& title, const QString& subTitle,
                            const QString& dialogTitle) {
-    printNatively();
+    setUpText();
     QPrintPreviewDialog dialog(_printer, this);
     dialog.setWindowTitle(dialogTitle);
     dialog.setMinimumSize(kPreviewWidth, kPreviewHeight);
@@ -201,9 +208,11 @@ int TarvoView::saveDoc(QTextDocument* doc, const QString& title, const QString& 
         _configSet->set("WmoSaveDir", QFileInfo(name).path().toStdString());
         saveConfig();
     }
+    setUpText();
+    AtomicFile file(name.toStdString());
     _printer->setOutputFormat(QPrinter::PdfFormat);
-    _printer->setOutputFileName(name);
-    if (!printPages(doc, title, subTitle)) {
+    _printer->setOutputFileName(toQString(file.temporaryPath()));
+    if (!file.isOpen() || !printPages(doc, title, subTitle) || !file.commit()) {
         QMessageBox::critical(this, "File Save Error", "Tarvo can't save the file.");
     }
     printNatively();
@@ -231,11 +240,11 @@ int TarvoView::previewGrab(const QString& dialogTitle) {
 }
 
 void TarvoView::paintGrab(QPrinter* printer) {
-    const QPixmap pixmap = grab();
+    const QPixmap pixmap = picture();
     QPainter painter(printer);
     const QRect viewport = painter.viewport();
     const QSize size = pixmap.size().scaled(viewport.size(), Qt::KeepAspectRatio);
     painter.setViewport(viewport.x(), viewport.y(), size.width(), size.height());
     painter.setWindow(pixmap.rect());
-    painter.drawPixmap(0, 0, pixmap);
+    painter.drawPixmap(pixmap.rect(), pixmap); // also one of a dense screen fills its place
 }

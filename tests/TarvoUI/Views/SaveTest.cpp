@@ -12,6 +12,8 @@
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::StartsWith;
+using testing::UnorderedElementsAre;
 
 namespace {
 
@@ -55,6 +57,17 @@ public:
     QString folderOffered;
     QString nameOffered;
 };
+
+/// What the files of a folder hold.
+std::vector<std::string> contentsOf(const TemporaryFolder& folder) {
+    std::vector<std::string> contents;
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
+        if (entry.is_regular_file()) {
+            contents.push_back(readFile(entry.path()));
+        }
+    }
+    return contents;
+}
 
 const char* const kRawDialog = "Tarvo - Save Raw";
 const char* const kQcDialog = "Tarvo - Save QC";
@@ -102,6 +115,31 @@ TEST(Save, TheExtensionOfTheFilterIsAdded) {
     }
 }
 
+TEST(Save, EveryFormatOfTheRawTab) {
+    for (const auto& [filter, start] : {std::pair("TROVE (*.trv)", "Data Type:"),
+                                        {"netCDF (*.nc)", "CDF\1"},
+                                        {kCsv, "FileFormat,CSV"},
+                                        {"KIVU ZOR (*.zor)", "Data Type/Direction:"}}) {
+        SaveTab<RawView> tab;
+        tab.saveAs(kRawDialog, filter, "data");
+        EXPECT_THAT(contentsOf(tab.folder), ElementsAre(StartsWith(start))) << filter;
+        EXPECT_THAT(tab.answers.texts(), IsEmpty());
+    }
+}
+
+TEST(Save, EveryFormatOfTheQcTab) {
+    for (const auto& [filter, start] : {std::pair("TROVE (*.trv)", "Data Type:"),
+                                        {"netCDF (*.nc)", "CDF\1"},
+                                        {"NOAA FRD (*.frd)", " ==="},
+                                        {kCsv, "FileFormat,CSV"},
+                                        {"KIVU ZOR (*.zor)", "Data Type/Direction:"}}) {
+        SaveTab<QCView> tab;
+        tab.saveAs(kQcDialog, filter, "data");
+        EXPECT_THAT(contentsOf(tab.folder), ElementsAre(StartsWith(start))) << filter;
+        EXPECT_THAT(tab.answers.texts(), IsEmpty());
+    }
+}
+
 TEST(Save, AFileIsOnlyReplacedByConsent) {
     for (const auto& [answer, replaced] : {std::pair(QMessageBox::No, false), std::pair(QMessageBox::Yes, true)}) {
         SaveTab<RawView> tab;
@@ -118,7 +156,7 @@ TEST(Save, WhatCantBeWrittenIsTold) {
     SaveTab<RawView> tab;
     QDir().mkpath(tab.path("folder.csv/inside"));
     tab.saveAs(kRawDialog, kCsv, "no/such/place.csv");
-    tab.saveAs(kRawDialog, "KIVU ZOR (*.zor)", "data.zor");
+    tab.saveAs(kRawDialog, "netCDF (*.nc)", "no/such/place.nc");
     EXPECT_THAT(tab.answers.texts(), ElementsAre("Tarvo can't save the file.", "Tarvo can't save the file."));
     EXPECT_EQ(tab.answers.boxes().back().title, "File Save Error");
     EXPECT_EQ(tab.answers.boxes().back().icon, QMessageBox::Critical);
@@ -137,13 +175,15 @@ TEST(AutoSave, WritesEachFormatThatIsOnAndTellsOfEachFailure) {
 
     // A folder stands where the file should.
     QDir().mkpath(tab.path("D20210914_043120QC.zor/inside"));
-    tab.config.set("QCAutoSaveFmtZor", 1.0);
-    tab.config.set("QCAutoSaveFmtCsv", 1.0);
+    for (const char* format : {"Zor", "Frd", "Trv", "Nc", "Csv"}) {
+        tab.config.set(std::string("QCAutoSaveFmt") + format, 1.0);
+    }
     tab.view->autoSave();
     EXPECT_THAT(tab.answers.texts(), ElementsAre("Tarvo can't save the file to format .zor"));
     EXPECT_EQ(tab.answers.boxes().front().title, "File Save Error");
     EXPECT_EQ(tab.answers.boxes().front().icon, QMessageBox::Warning);
-    EXPECT_THAT(readFile(tab.folder / "D20210914_043120QC.csv"), testing::HasSubstr("FileFormat,CSV"));
+    EXPECT_THAT(contentsOf(tab.folder), UnorderedElementsAre(StartsWith(" ==="), StartsWith("Data Type:"),
+                                                             StartsWith("CDF\1"), StartsWith("FileFormat,CSV")));
 }
 
 TEST(AutoSave, BufrTakesItsTablesFromTheFolderOfTheConfiguration) {

@@ -1,6 +1,7 @@
 #include "XYgraphView.h"
 
 #include "ModalAnswers.h"
+#include "Pictures.h"
 #include "TarvoMainWindow.h"
 #include "TarvoSettings.h"
 #include "TarvoViewController.h"
@@ -9,12 +10,14 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPainter>
 #include <QtTest/QtTest>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <qwt_plot.h>
 #include <qwt_plot_curve.h>
 #include <qwt_plot_grid.h>
+#include <qwt_scale_map.h>
 #include <qwt_symbol.h>
 
 namespace {
@@ -75,6 +78,33 @@ protected:
             titles.push_back(item->title().text().toStdString());
         }
         return titles;
+    }
+    /// What the canvas shows, as large as told, whatever room the words around it leave it.
+    QImage canvas(const QSize& size) const {
+        QImage image(size, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QwtScaleMap maps[QwtPlot::axisCnt];
+        for (int axis = 0; axis < QwtPlot::axisCnt; ++axis) {
+            maps[axis] = plot->canvasMap(axis);
+            const bool vertical = axis == QwtPlot::yLeft || axis == QwtPlot::yRight;
+            maps[axis].setPaintInterval(vertical ? size.height() : 0, vertical ? 0 : size.width());
+        }
+        QPainter painter(&image);
+        plot->drawItems(&painter, image.rect(), maps);
+        return image;
+    }
+    /// All six types, two columns of three.
+    QImage sheet() {
+        constexpr QSize kTile(240, 180);
+        QImage image(2 * kTile.width(), 3 * kTile.height(), QImage::Format_RGB32);
+        QPainter painter(&image);
+        int tile = 0;
+        for (const char* type : {"_tdryRH", "_spdDir", "_latLon", "_satsDz", "_presAlt", "_RHs"}) {
+            click(type);
+            painter.drawImage(QPoint(tile % 2 * kTile.width(), tile / 2 * kTile.height()), canvas(kTile));
+            ++tile;
+        }
+        return image;
     }
     void saveAs(const QString& path, const char* filter) {
         answers.operate("Tarvo - Save XY Plot", [=](QDialog& dialog) {
@@ -293,4 +323,19 @@ TEST_F(XYgraph, PrintsToPDFByItsDialog) {
     });
     view->print();
     EXPECT_EQ(readFile(folder / "print.pdf").substr(0, 5), "%PDF-");
+}
+
+TEST_F(XYgraph, LooksAsItDid) {
+    open("D20210914_043120.2");
+    click("_pres");
+    click("_qc"); // no levels: their labels are words, which differ from machine to machine
+    choose("_flags", "All");
+    choose("_styles", "MarkPts");
+    const QImage drawn = sheet();
+    const QImage reference = referencePicture(TARVO_SOURCE_DIR "/tests/TarvoUI/XYgraph/reference/xy.png", drawn);
+    ASSERT_EQ(drawn.size(), reference.size());
+    constexpr int kSlack = 48; // another rasteriser
+    EXPECT_LT(differences(drawn, reference, kSlack), 700) << "of 259200 pixels";
+    choose("_flags", "None");
+    EXPECT_GT(differences(sheet(), reference, kSlack), 1500) << "the comparison sees what is missing";
 }

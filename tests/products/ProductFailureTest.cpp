@@ -1,0 +1,116 @@
+// Products whose file can't be written: the caller is told, and nothing is left behind.
+
+#include "FileSaver.h"
+#include "ProductColumns.h"
+#include "SndMetaData.h"
+
+#include "MadeAnalysis.h"
+#include "TemporaryFolder.h"
+
+#include <csignal>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <iostream>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const char* const kExtensions[] = {".trv", ".nc", ".csv", ".zor", ".frd", ".bfr"};
+
+/// As if the disk were full behind so many bytes of a file.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytes) : _handler(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &_before);
+        const rlimit limit{bytes, _before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &_before);
+        std::signal(SIGXFSZ, _handler);
+    }
+
+private:
+    void (*_handler)(int);
+    rlimit _before{};
+};
+
+class ProductFailure : public testing::Test {
+protected:
+    ProductFailure() : columns(ProductColumns::qc(analysis.editor, analysis.config.set)) {}
+
+    bool save(const fs::path& path, const std::string& filter) {
+        return FileSaver::saveFile("V3.4.8", path.string(), filter, analysis.editor.getSndMetaData(true),
+                                   analysis.editor, columns, nullptr, TARVO_SOURCE_DIR "/resources/bufr");
+    }
+
+    TemporaryFolder folder;
+    MadeAnalysis analysis;
+    ProductColumns columns;
+};
+
+} // namespace
+
+TEST_F(ProductFailure, AFullDiskLeavesNothing) {
+    for (const std::string extension : kExtensions) {
+        const fs::path path = folder / ("whole" + extension);
+        ASSERT_TRUE(save(path, extension));
+        const auto size = fs::file_size(path);
+        const std::string whole = readFile(path);
+        for (const auto bytes : {std::uintmax_t{0}, std::uintmax_t{1}, size / 2, size - 1}) {
+            testing::internal::CaptureStderr();
+            bool saved = false;
+            {
+                const FullDisk disk(bytes);
+                saved = save(path, extension);
+            }
+            const std::string told = testing::internal::GetCapturedStderr();
+            std::cerr.clear(); // the captured text had no room either
+            EXPECT_FALSE(saved) << extension << " of " << size << " bytes cut at " << bytes;
+            EXPECT_EQ(readFile(path), whole) << "what stood there stays";
+            if (bytes > 100) {
+                EXPECT_EQ(told, extension == ".nc" ? "Could not save netcdf file: " + path.string() + "\n" : "");
+            }
+        }
+    }
+    EXPECT_EQ(folder.size(), static_cast<int>(std::size(kExtensions)));
+}
+
+TEST_F(ProductFailure, APlaceThatTakesNoFileIsTold) {
+    fs::create_directory(folder / "folder");
+    for (const std::string extension : kExtensions) {
+        for (const fs::path& path : {fs::path("/proc/tarvo-product"), folder / "no/such/file", folder / "folder"}) {
+            testing::internal::CaptureStderr();
+            EXPECT_FALSE(save(path, extension));
+            EXPECT_EQ(testing::internal::GetCapturedStderr(),
+                      extension == ".nc" ? "Could not save netcdf file: " + path.string() + "\n" : "");
+        }
+    }
+    EXPECT_EQ(folder.size(), 1);
+}
+
+TEST_F(ProductFailure, NetcdfTakesNoPipeAndRemovesNone) {
+    const fs::path pipe = folder / "pipe";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
+    EXPECT_FALSE(save(pipe, ".nc"));
+    EXPECT_TRUE(fs::is_fifo(pipe));
+    close(reader);
+}
+
+TEST_F(ProductFailure, ANameIsTakenAsItIs) {
+    fs::create_directory(folder / " blank");
+    const fs::path before = fs::current_path();
+    fs::current_path(folder.path());
+    for (const char* name : {" blank/x.nc", "http:x#mode=nczarr.nc", "c:\\x [1].nc", "\xff.nc"}) {
+        EXPECT_TRUE(save(name, ".nc")) << name;
+        EXPECT_TRUE(fs::is_regular_file(name)) << name;
+    }
+    fs::current_path(before);
+}
