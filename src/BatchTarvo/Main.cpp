@@ -24,7 +24,7 @@ int usageError(const std::string& reason) {
     return kUsageError;
 }
 
-/// The formats that a comma list names. False, with the reason in \p error, for one that isn't known or isn't built.
+/// The formats that a comma list names. False, with the reason in \p error, for one that isn't known.
 bool parseFormats(const std::string& list, std::vector<const BatchFormat*>& formats, std::string& error) {
     for (const std::string& name : tokenize(list, ",")) {
         if (name.empty()) {
@@ -38,10 +38,6 @@ bool parseFormats(const std::string& list, std::vector<const BatchFormat*>& form
             }
             return false;
         }
-        if (!format->isBuilt()) {
-            error = "the format " + name + " is not built yet";
-            return false;
-        }
         if (std::find(formats.begin(), formats.end(), format) == formats.end()) {
             formats.push_back(format);
         }
@@ -53,16 +49,9 @@ bool parseFormats(const std::string& list, std::vector<const BatchFormat*>& form
     return true;
 }
 
-/// What the set asks for, less what isn't built, or the QC data as CSV.
+/// What the set asks for, or the QC data as CSV.
 std::vector<const BatchFormat*> defaultFormats(BatchConfig& config) {
-    std::vector<const BatchFormat*> formats;
-    for (const BatchFormat* format : config.defaultFormats()) {
-        if (format->isBuilt()) {
-            formats.push_back(format);
-        } else {
-            std::cerr << "tarvo-batch: the configuration asks for " << format->name << ", which is not built yet\n";
-        }
-    }
+    const std::vector<const BatchFormat*> formats = config.defaultFormats();
     return formats.empty() ? std::vector<const BatchFormat*>{findBatchFormat("qc-csv")} : formats;
 }
 
@@ -76,7 +65,7 @@ int listSets(const BatchConfig& config) {
 int listFormats() {
     for (const BatchFormat& format : batchFormats()) {
         std::cout << format.name << std::string(11 - std::string(format.name).size(), ' ') << "NAME" << format.suffix
-                  << (format.isBuilt() ? "" : "   (not built yet)") << "\n";
+                  << "\n";
     }
     return kAllProcessed;
 }
@@ -211,6 +200,9 @@ int main(int argc, char** argv) {
         if (!config.applyOverride(assignment)) {
             return usageError(config.error());
         }
+    }
+    if (!config.useBufrTables(options.bufrTables)) {
+        return usageError(config.error());
     }
     std::vector<const BatchFormat*> formats;
     std::string error;

@@ -68,7 +68,7 @@ TEST(BatchTool, AnswersWithoutAFile) {
                                                "research-dropsonde\nsample\nupsonde-10s\nupsonde-1s\n");
     const Outcome formats = tool(folder, "--list-formats");
     EXPECT_EQ(formats.status, 0);
-    EXPECT_THAT(formats.out, AllOf(HasSubstr("qc-csv     NAMEQC.csv\n"), HasSubstr("qc-bfr     NAMEQC.bfr   (not")));
+    EXPECT_THAT(formats.out, AllOf(HasSubstr("qc-csv     NAMEQC.csv\n"), HasSubstr("qc-bfr     NAMEQC.bfr\n")));
 }
 
 TEST(BatchTool, TellsWrongUsage) {
@@ -81,7 +81,7 @@ TEST(BatchTool, TellsWrongUsage) {
         {"--no-such-option x", "--no-such-option"},
         {"--set nosuch x", "editsonde"},
         {"--formats nosuch x", "raw-csv"},
-        {"--formats qc-csv,qc-bfr x", "qc-bfr is not built yet"},
+        {"--bufr-tables . x", "no table_b_bufr"},
         {"--formats , x", "names no format"},
         {"--override NoSuchKey=1 x", "NoSuchKey"},
         {"--override PresOffset=two x", "PresOffset"},
@@ -144,7 +144,8 @@ TEST(BatchTool, MakesTheSameBytesWhateverTheNumberOfJobs) {
     for (const char* run : {"1", "4"}) {
         tool(folder,
              std::string("--quiet --out out") + run + " --jobs " + run +
-                 " --formats raw-csv,qc-csv,raw-trv,qc-trv,raw-zor,qc-zor,qc-frd,raw-nc,qc-nc,wmo,levels,summary '" +
+                 " --formats "
+                 "raw-csv,qc-csv,raw-trv,qc-trv,raw-zor,qc-zor,qc-frd,raw-nc,qc-nc,qc-bfr,wmo,levels,summary '" +
                  kExamples.string() + "'",
              "TARVO_OVERRIDE_PROCESSING_TIME=1627819203");
     }
@@ -153,7 +154,39 @@ TEST(BatchTool, MakesTheSameBytesWhateverTheNumberOfJobs) {
         EXPECT_EQ(readFile(entry.path()), readFile(folder / "out4" / entry.path().filename()));
         ++compared;
     }
-    EXPECT_EQ(compared, 12 * static_cast<int>(exampleNames().size()));
+    EXPECT_EQ(compared, 13 * static_cast<int>(exampleNames().size()));
+}
+
+TEST(BatchTool, FindsTheBufrTables) {
+    const TemporaryFolder folder;
+    const std::string drop = "--formats qc-bfr '" + (kExamples / "D20210801_120003.1").string() + "'";
+    const fs::path resources = fs::path(TARVO_SOURCE_DIR) / "resources";
+    const std::string shipped = "'" + (resources / "tarvo.xml").string() + "' ";
+    EXPECT_EQ(tool(folder, "--config " + shipped + drop).status, 0) << "those of the program";
+
+    // Those beside the configuration file go before, the environment before them, and the option before all.
+    fs::copy_file(resources / "tarvo.xml", folder / "mine.xml");
+    writeFile(folder / "table_b_bufr", "damaged");
+    writeFile(folder / "table_d_bufr", "damaged");
+    const Outcome damaged = tool(folder, "--config mine.xml " + drop);
+    EXPECT_EQ(damaged.status, 1);
+    EXPECT_THAT(damaged.err, AllOf(HasSubstr("unable to finalize the BUFR template"), HasSubstr("can't be written")));
+    const std::string good = (resources / "bufr").string();
+    EXPECT_EQ(tool(folder, "--config mine.xml " + drop, "BUFR_TABLES='" + good + "'").status, 0);
+    EXPECT_EQ(tool(folder, "--config mine.xml --bufr-tables '" + good + "' " + drop, "BUFR_TABLES=. AFSISIO=.").status,
+              0);
+}
+
+TEST(BatchTool, ABufrProductThatFailsLeavesNothing) {
+    const TemporaryFolder folder;
+    const std::string drop = "--out out --formats qc-bfr '" + (kExamples / "D20210801_120003.1").string() + "'";
+    const Outcome outcome = tool(folder, drop, "BUFR_TABLES=/nonexistent");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.err, HasSubstr("The product can't be written: out/D20210801_120003QC.bfr"));
+    EXPECT_TRUE(fs::is_empty(folder / "out"));
+    fs::remove(folder / "out");
+    fs::create_directory_symlink("/proc", folder / "out"); // where nobody may write
+    EXPECT_EQ(tool(folder, drop).status, 1);
 }
 
 TEST(BatchTool, DrawsTheSkewT) {

@@ -5,6 +5,7 @@
 #include "FileSaver.h"
 #include "ProductColumns.h"
 #include "RevisionInfo.h"
+#include "TarvoSettings.h"
 
 #include <QHeaderView>
 #include <QMessageBox>
@@ -103,5 +104,6 @@ bool QCView::saveTo(const QString& path, const QString& filter) const {
     }
     return FileSaver::saveFile(RevisionInfo().text("REPO_REVISION"), path.toStdString(), filter.toStdString(),
                                _editor->getSndMetaData(true), *_editor, ProductColumns::qc(*_editor, *_configSet),
-                               _editor->levels());
+                               _editor->levels(),
+                               TarvoSettings().value(TarvoSettings::kXmlDir).toString().toStdString());
 }
