@@ -5,7 +5,7 @@ import pathlib
 import shutil
 import sys
 
-from hands import Keyboard, Mouse
+from hands import FILES, Keyboard, Mouse
 from screen import Program, children, is_in, look, need_screen, text, wait
 
 NAME = "D20210914_043120.2"
@@ -18,12 +18,13 @@ FROM_END = 40  # row of the end of drop, from the last one
 
 
 def start(program, hand):
-    """The boxes of a first start, and the empty window."""
-    for title in "Tarvo File Open", "Tarvo File Update", "Tarvo File Update":
+    """The boxes of a first start, and the empty window, which soon asks for a file of itself."""
+    for title in ["Tarvo File Open"] + 4 * ["Tarvo File Update"]:  # manual, log, two tables
         box = program.window(title)
         hand.answer(box, "OK")
         wait(title + " to go", lambda: box not in program.windows())
-    program.window(TITLE)
+    program.window(FILES)
+    assert TITLE in [window.get_name() for window in program.windows()]
 
 
 def check_window(program, name):
@@ -105,6 +106,7 @@ def whole_way(program, hand):
     check_data(program, "QC data", sample_time, float(end))
     hand.save("Tarvo - Save QC", "Comma Separated (*.csv)")
     wait("the saved file", lambda: os.path.exists(os.path.expanduser("~/" + SAVED)))
+    hand.ask_for_files()
     hand.open(SAVED, "All D files (D*)")
     check_window(program, SAVED)
     hand.go_to_tab("Raw")

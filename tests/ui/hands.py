@@ -1,6 +1,8 @@
 """The two ways in which a user does things: with the mouse alone, and with the keyboard alone."""
 from screen import Atspi, children, is_in, look, place, still_place, text, wait, xdotool
 
+FILES = "Tarvo - Open Sounding File"
+
 
 class Mouse:
     """Clicks, drags and the wheel; no key is pressed."""
@@ -20,9 +22,11 @@ class Mouse:
         self.click(thing, button=3)
         self.click(self.program.menu_entry(entry))
 
-    def open(self, name, file_type):
+    def ask_for_files(self):
         self.click(self.program.find("push button", "Open"))
-        dialog = self.program.window("Tarvo - Open Sounding File")
+
+    def open(self, name, file_type):
+        dialog = self.program.window(FILES)
         self.choose_type(dialog, file_type)
         self.click(self.program.find("table cell", name), times=2)
 
@@ -125,9 +129,11 @@ class Keyboard:
     def answer(self, box, button):
         self.press("alt+" + button[0].lower() if button != "OK" else "Return")
 
-    def open(self, name, _):
+    def ask_for_files(self):
         self.press("ctrl+o")
-        self.program.window("Tarvo - Open Sounding File")
+
+    def open(self, name, _):
+        self.program.window(FILES)
         self.type("File name:", name)
         self.press("Return")
 

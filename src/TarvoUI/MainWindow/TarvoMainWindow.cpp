@@ -198,7 +198,8 @@ void TarvoMainWindow::timerEvent(QTimerEvent* event) {
     if (event->timerId() == _autoOpenTimer) {
         killTimer(_autoOpenTimer);
         _autoOpenTimer = 0;
-        if (isOn("AutoFile") && _busy == 0) {
+        // Who was quicker than the timer isn't asked twice.
+        if (isOn("AutoFile") && _busy == 0 && activeView() == nullptr) {
             open();
         }
     } else if (event->timerId() == _recomputeTimer) {
