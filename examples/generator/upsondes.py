@@ -16,7 +16,7 @@ MOUNTAIN = tuple((z + 640.0, t + 3.0, rh, direction, 0.6 * speed) for z, t, rh, 
 VALLEY = tuple((z + 120.0, t - 4.0, 0.9 * rh, direction + 30.0, 0.7 * speed)
                for z, t, rh, direction, speed in SUMMER_PLAIN)
 COAST = tuple((z, t + 14.0, rh, direction - 60.0, 0.8 * speed) for z, t, rh, direction, speed in POLAR_NIGHT)
-PELO_INTERVAL = 2.0
+PELO_INTERVAL = 1.0
 
 
 def _station(number, **changes):
@@ -81,14 +81,14 @@ def _descent(flight, down):
 
 def pelo_up_and_down():
     flight, down = _pelo(1110, datetime(2022, 9, 14, 10, 58, 40), Atmosphere(941.2, MOUNTAIN, ((0.5, 1200.0, 0.3),)),
-                         430.0, _station(0, sonde_id="R4520117", sonde_model="PS41", flight="SU10"))
-    return _example("pelo_updown_20220914.dat", "Radiosonde up to 430 mb and down again on its parachute, every 2 s.",
+                         620.0, _station(0, sonde_id="R4520117", sonde_model="PS41", flight="SU10"))
+    return _example("pelo_updown_20220914.dat", "Radiosonde up to 620 mb and down again on its parachute, every second.",
                     flight, keyed.write, 5, **_descent(flight, down))
 
 
 def pelo_damaged():
     flight, _ = _pelo(1111, datetime(2022, 9, 15, 22, 59, 10), Atmosphere(938.6, MOUNTAIN, ((0.7, 1500.0, 1.3),)),
-                      500.0, _station(0, sonde_id="R4520118", sonde_model="PS41", flight="SU11"))
+                      600.0, _station(0, sonde_id="R4520118", sonde_model="PS41", flight="SU11"))
     _plant(flight, (
         (100.0, "pressure", -25.0),
         (160.0, "temperature", 11.0),
@@ -109,7 +109,7 @@ def pelo_damaged():
         return lines, 1
 
     return _example("pelo_damaged_20220915.dat",
-                    "Radiosonde up to 500 mb and down again, with spikes, missing values, a garbled time and a cut end.",
+                    "Radiosonde up to 600 mb and down again, with spikes, missing values, a garbled time and a cut end.",
                     flight, keyed.write, 5, "garbled time, values missing", spoil)
 
 
