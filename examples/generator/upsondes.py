@@ -87,7 +87,7 @@ def pelo_up_and_down():
 
 
 def pelo_damaged():
-    flight, _ = _pelo(1111, datetime(2022, 9, 15, 22, 59, 10), Atmosphere(938.6, MOUNTAIN, ((0.7, 1500.0, 1.3),)),
+    flight, down = _pelo(1111, datetime(2022, 9, 15, 22, 59, 10), Atmosphere(938.6, MOUNTAIN, ((0.7, 1500.0, 1.3),)),
                       600.0, _station(0, sonde_id="R4520118", sonde_model="PS41", flight="SU11"))
     _plant(flight, (
         (100.0, "pressure", -25.0),
@@ -110,7 +110,7 @@ def pelo_damaged():
 
     return _example("pelo_damaged_20220915.dat",
                     "Radiosonde up to 600 mb and down again, with spikes, missing values, a garbled time and a cut end.",
-                    flight, keyed.write, 5, "garbled time, values missing", spoil)
+                    flight, keyed.write, 5, "garbled time, values missing", spoil, **_descent(flight, down))
 
 
 def _ten_seconds(seed, release, atmosphere, position, top, metadata, **options):
