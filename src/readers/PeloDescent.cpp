@@ -104,14 +104,15 @@ std::string beginningOf(const std::string& path, std::size_t length) {
     return text;
 }
 
-bool mayReplace(const std::string& path, const std::string& text) {
+/// \p least is how much of \p text a file must hold to be ours.
+bool mayReplace(const std::string& path, const std::string& text, std::size_t least) {
     std::error_code error;
     const fs::file_status status = fs::symlink_status(path, error);
     if (status.type() != fs::file_type::regular) {
         return status.type() == fs::file_type::not_found || status.type() == fs::file_type::none;
     }
     const std::string there = withoutAltitude(beginningOf(path, text.size() + 1));
-    return !there.empty() && withoutAltitude(text).compare(0, there.size(), there) == 0;
+    return there.size() >= least && withoutAltitude(text).compare(0, there.size(), there) == 0;
 }
 
 /// A directory that nobody may write isn't written by those either whom permissions don't stop.
@@ -167,7 +168,7 @@ std::string PeloDescent::text() const {
 
 PeloDescent::Outcome PeloDescent::save(const std::string& path) const {
     const std::string content = text();
-    if (!mayReplace(path, content)) {
+    if (!mayReplace(path, content, content.find(_lines[kLaunchLine]) + _lines[kLaunchLine].size())) {
         return Outcome::Foreign;
     }
     if (!mayWriteInto(fs::path(path).parent_path())) {

@@ -29,8 +29,9 @@ public:
     /// The content of the file.
     std::string text() const;
     /// Writes the file, whole or not at all. A file that stands at \p path is replaced only when it is a regular one
-    /// that holds what we would write or the beginning of it, whatever the altitude of the burst: such a one we wrote
-    /// ourselves, of this sounding as it is or as it was when less had been received.
+    /// that holds what we would write or the beginning of it, at least up to the time of the burst, and whatever the
+    /// altitude of the burst: such a one we wrote ourselves, of this sounding as it is or as it was when less had been
+    /// received.
     Outcome save(const std::string& path) const;
 
 private:

@@ -153,7 +153,8 @@ TEST(PeloDescent, ReplacesNothingButItself) {
     const std::string own = ours.written();
     std::string otherLaunch = own;
     otherLaunch.replace(own.find("113003"), 6, "113004");
-    for (const std::string& foreign : {std::string("a letter"), std::string(), own + "\r\n", otherLaunch}) {
+    for (const std::string& foreign :
+         {std::string("a letter"), std::string(), own + "\r\n", otherLaunch, own.substr(0, own.find("113003") - 1)}) {
         Opened opened;
         writeFile(opened.derived, foreign);
         opened.open(upAndDown());

@@ -233,7 +233,7 @@ TEST_F(OpeningTest, DescentOpensByItselfWithTheSecondSet) {
     answers.forget();
     open(path(name));
     EXPECT_THAT(openFiles(), ElementsAre(name, name + "d"));
-    EXPECT_EQ(view().windowTitle(), name + "d");
+    EXPECT_EQ(view().windowTitle().toStdString(), name + "d");
     EXPECT_EQ(view().configSet()->getSetName(), "descending-PELO");
     ASSERT_FALSE(answers.boxes().empty());
     const auto told = std::find_if(answers.boxes().begin(), answers.boxes().end(),
