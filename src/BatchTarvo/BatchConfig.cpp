@@ -154,6 +154,12 @@ bool BatchConfig::useBufrTables(const std::string& directory) {
     return true;
 }
 
+std::string BatchConfig::secondSetName() const {
+    const auto names = setNames();
+    const std::string second = _registry->getActive2SetName();
+    return std::find(names.begin(), names.end(), second) == names.end() ? _registry->getActive1SetName() : second;
+}
+
 std::vector<const BatchFormat*> BatchConfig::defaultFormats() {
     std::vector<const BatchFormat*> formats;
     for (const BatchFormat& format : batchFormats()) {

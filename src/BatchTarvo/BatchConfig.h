@@ -28,6 +28,9 @@ public:
     ConfigSet& set() { return *_set; }
     std::vector<std::string> setNames() const { return _registry->getSetNames(); }
 
+    /// The set for soundings that a reader made of others: the second active one, or the first where the file has none.
+    std::string secondSetName() const;
+
     /// The products that the set asks for, in their order.
     std::vector<const BatchFormat*> defaultFormats();
     /// The directory that the set names for products; empty when there is none.

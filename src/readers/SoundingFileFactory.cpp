@@ -2,9 +2,12 @@
 
 #include "ConfigSet.h"
 #include "CsvFile.h"
+#include "MirraFile.h"
 #include "OmbraFile.h"
+#include "PeloFile.h"
 #include "SoundingLines.h"
 #include "Text.h"
+#include "VestaFile.h"
 #include "WMOFile.h"
 
 #include <algorithm>
@@ -20,8 +23,22 @@ std::unique_ptr<SoundingFile> makeCsv(ConfigSet& /*config*/, std::string fileNam
     return std::make_unique<CsvFile>(std::move(fileName), std::move(lines));
 }
 
+std::unique_ptr<SoundingFile> makeMirra(ConfigSet& /*config*/, std::string fileName, Lines lines) {
+    return std::make_unique<MirraFile>(std::move(fileName), std::move(lines));
+}
+
 std::unique_ptr<SoundingFile> makeOmbra(ConfigSet& config, std::string fileName, Lines lines) {
     return std::make_unique<OmbraFile>(std::move(fileName), std::move(lines), config.getSetName());
+}
+
+std::unique_ptr<SoundingFile> makePelo(ConfigSet& config, std::string fileName, Lines lines) {
+    bool derivesDescent = false;
+    config.boolValue("descendingPELO", derivesDescent);
+    return std::make_unique<PeloFile>(std::move(fileName), std::move(lines), derivesDescent);
+}
+
+std::unique_ptr<SoundingFile> makeVesta(ConfigSet& /*config*/, std::string fileName, Lines lines) {
+    return std::make_unique<VestaFile>(std::move(fileName), std::move(lines));
 }
 
 std::unique_ptr<SoundingFile> makeWmo(ConfigSet& /*config*/, std::string fileName, Lines lines) {
@@ -48,10 +65,10 @@ constexpr std::array<Format, 10> kFormats{{
      LinesAs::Text,
      makeWmo},
     {Needs::All, {"fileformat", "csv"}, LinesAs::Text, makeCsv},
-    {Needs::All, {"data type:", "mirra"}, LinesAs::Text, nullptr},
+    {Needs::All, {"data type:", "mirra"}, LinesAs::Text, makeMirra},
     {Needs::Any, {"ombra-t", "acs-t"}, LinesAs::Text, makeOmbra},
-    {Needs::All, {"vesta"}, LinesAs::Text, nullptr},
-    {Needs::All, {"pelo-t"}, LinesAs::Text, nullptr},
+    {Needs::All, {"vesta"}, LinesAs::Text, makeVesta},
+    {Needs::All, {"pelo-t"}, LinesAs::Text, makePelo},
     {Needs::All, {"data type/direction:", "zor"}, LinesAs::Text, nullptr},
     {Needs::All, {"data type", "trove"}, LinesAs::Text, nullptr},
     {Needs::All, {"dropwindsonde"}, LinesAs::Text, nullptr}, // FRD

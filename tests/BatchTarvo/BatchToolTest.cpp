@@ -123,6 +123,7 @@ TEST(BatchTool, ProcessesTheExamples) {
         }
         const bool late = names[i] == "D20220523_091501.3";
         EXPECT_EQ(line["error"].get<std::string>().find("late launch detect") != std::string::npos, late) << names[i];
+        EXPECT_FALSE(fs::exists(kExamples / (names[i] + "d"))) << "no descent was asked for";
     }
     EXPECT_TRUE(fs::exists(folder / "out/D20210801_120003QC.csv"));
 }
@@ -267,6 +268,61 @@ TEST(BatchTool, AMessageOpensAgainWithTheSameLevels) {
     EXPECT_EQ(message.status, 1);
     EXPECT_THAT(message.err, HasSubstr("Without a coded message"));
     EXPECT_FALSE(fs::exists(folder / "out/D20210801_120003WMOWMO.txt"));
+}
+
+TEST(BatchTool, ProcessesTheDescentOfASoundingAsAFurtherFile) {
+    const TemporaryFolder folder;
+    fs::create_directory(folder / "in");
+    const char* const name = "pelo_updown_20220914.dat";
+    fs::copy(kExamples / name, folder / "in" / name);
+    const std::string run = "--set upsonde-1s --formats qc-csv --report - --override descendingPELO=true --out ";
+    // The second time the descent is among the inputs, and still processed after the ascent.
+    for (const std::string out : {"first", "second"}) {
+        const Outcome outcome = tool(folder, run + out + " in");
+        EXPECT_EQ(outcome.status, 0) << outcome.err;
+        EXPECT_THAT(outcome.err, HasSubstr("the descent of in/pelo_updown_20220914.dat, with the configuration set "
+                                           "descending-PELO\n"));
+        EXPECT_THAT(outcome.err, HasSubstr("2 of 2 files processed"));
+        const auto lines = reportLines(outcome.out);
+        ASSERT_EQ(lines.size(), 2u);
+        EXPECT_FALSE(lines[0].contains("derivedFrom"));
+        EXPECT_EQ(lines[1]["file"], "in/pelo_updown_20220914.datd");
+        EXPECT_EQ(lines[1]["derivedFrom"], "in/pelo_updown_20220914.dat");
+        EXPECT_EQ(lines[1]["set"], "descending-PELO");
+        EXPECT_THAT(lines[1]["products"], ElementsAre(out + "/pelo_updown_20220914_descentQC.csv"));
+        EXPECT_THAT(readFile(folder / out / "pelo_updown_20220914QC.csv"), HasSubstr("ConfigSetName,\"upsonde-1s\""));
+        const std::string descent = readFile(folder / out / "pelo_updown_20220914_descentQC.csv");
+        EXPECT_THAT(descent, HasSubstr("ConfigSetName,\"descending-PELO\""));
+        EXPECT_THAT(descent, HasSubstr("Ascending,\"false\""));
+        // QC has told where the descent began: the air's height at the smallest pressure, where the file says 4026.9.
+        const auto altitude = descent.find("\nAltitude,");
+        ASSERT_NE(altitude, std::string::npos);
+        EXPECT_NEAR(std::stod(descent.substr(altitude + 10)), 4022.0, 10.0);
+    }
+    const std::string derived = readFile(folder / "in/pelo_updown_20220914.datd");
+
+    // Without the item it is a file like any other; in a folder that can't be written there is none.
+    const Outcome plain = tool(folder, "--set upsonde-1s --formats qc-csv --report - --out plain in");
+    EXPECT_EQ(plain.status, 0) << plain.err;
+    EXPECT_EQ(reportLines(plain.out).size(), 2u);
+    EXPECT_THAT(plain.err, Not(HasSubstr("the descent of")));
+    fs::remove(folder / "in/pelo_updown_20220914.datd");
+    fs::permissions(folder / "in", fs::perms::owner_read | fs::perms::owner_exec);
+    const Outcome locked = tool(folder, run + "locked in");
+    EXPECT_EQ(locked.status, 0) << locked.err;
+    EXPECT_EQ(reportLines(locked.out).size(), 1u);
+    EXPECT_THAT(locked.err, HasSubstr("The descent can't be written: in/pelo_updown_20220914.datd"));
+    EXPECT_FALSE(fs::exists(folder / "in/pelo_updown_20220914.datd"));
+    fs::permissions(folder / "in", fs::perms::owner_all);
+
+    // What stands in its place and isn't ours stays, and is a file like any other.
+    writeFile(folder / "in/pelo_updown_20220914.datd", "a letter\n");
+    const Outcome foreign = tool(folder, run + "foreign in");
+    EXPECT_EQ(foreign.status, 1);
+    EXPECT_THAT(foreign.err, HasSubstr("was not made from this sounding"));
+    EXPECT_THAT(foreign.err, HasSubstr("1 of 2 files processed"));
+    EXPECT_EQ(readFile(folder / "in/pelo_updown_20220914.datd"), "a letter\n");
+    EXPECT_THAT(derived, HasSubstr("A00"));
 }
 
 TEST(BatchTool, BadInputCostsOnlyItself) {

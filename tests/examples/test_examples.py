@@ -101,7 +101,9 @@ class Example:
         return next(frame for frame in self.file.frames if abs(frame["time"] - self.zero - time) < 0.01)
 
 
-ALL = [Example(path) for path in sorted((EXAMPLES / "truth").glob("*.json"))]
+# Examples of other formats have checks of their own.
+ALL = [Example(path) for path in sorted((EXAMPLES / "truth").glob("*.json"))
+       if path.name.startswith("D2") or "csv" in json.loads(path.read_text("ascii"))["file"]]
 DROPS = [example for example in ALL if example.down]
 D_FILES = [example for example in ALL if not example.is_csv]
 
@@ -176,7 +178,8 @@ class Truth(unittest.TestCase):
     def test_all_nine_are_there(self):
         self.assertEqual(len(ALL), 9)
         self.assertEqual(len(D_FILES), 6)
-        self.assertEqual({path.name for path in (EXAMPLES / "data").iterdir()}, {example.path.name for example in ALL})
+        told = [json.loads(path.read_text("ascii")) for path in (EXAMPLES / "truth").iterdir()]
+        self.assertEqual(sorted(path.name for path in (EXAMPLES / "data").iterdir()), sorted(t["file"] for t in told))
         self.assertEqual(len({example.path.stem for example in ALL}), 9)
         for example in ALL:
             self.assertIs(example.truth["synthetic"], True)

@@ -6,10 +6,13 @@ namespace {
 
 std::string nameOfReader(const std::string& text) {
     const auto file = readText(text);
-    return !file                                       ? "none"
-           : file->soundingType() == SoundingType::Wmo ? "Wmo"
-           : file->WMOsondeType() == "96"              ? "Ombra"
-                                                       : "Csv";
+    return !file                                         ? "none"
+           : file->soundingType() == SoundingType::Wmo   ? "Wmo"
+           : file->soundingType() == SoundingType::Mirra ? "Mirra"
+           : file->soundingType() == SoundingType::Pelo  ? "Pelo"
+           : file->platformType() == "KIVU VESTA"        ? "Vesta"
+           : file->WMOsondeType() == "96"                ? "Ombra"
+                                                         : "Csv";
 }
 
 } // namespace
@@ -29,7 +32,10 @@ TEST(SoundingFileFactory, TellsTheFormatFromTheFirstTwoLines) {
         {"xxOMBRA-T01 COM", "Ombra"},
         {"acs-t01", "Ombra"},
         {"OMBRA-D01\nACS-D01", "none"},
-        {"Data Type: MIRRA OMBRA-T01", "none"},
+        {"Data Type: MIRRA OMBRA-T01", "Mirra"},
+        {"x\nvesta PELO-T01", "Vesta"},
+        {"pelo-t dropwindsonde", "Pelo"},
+        {"PELO-D01", "none"},
         {"VESTA-T01 ombra-t", "Ombra"},
         {"\n\nFileFormat,CSV", "none"},
         {"\nFileFormat,CSV", "Csv"},

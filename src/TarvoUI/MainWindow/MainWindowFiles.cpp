@@ -122,9 +122,9 @@ void TarvoMainWindow::raiseWindow(QMdiSubWindow* window) {
 }
 
 /// A reader may have made a second sounding out of its file. It is processed with the second active set, or with the
-/// first where the configuration has no second one.
+/// first where the configuration has no second one. One that couldn't be written is passed over.
 void TarvoMainWindow::processDerivedFile(const QString& derived) {
-    if (derived.isEmpty() || findView(derived) != nullptr || isFull(derived)) {
+    if (derived.isEmpty() || !QFileInfo::exists(derived) || findView(derived) != nullptr || isFull(derived)) {
         return;
     }
     const std::string first = _registry->getActive1SetName();
