@@ -8,7 +8,9 @@ from pathlib import Path
 if __package__ in (None, ""):
     sys.path.insert(0, str(Path(__file__).resolve().parents[1]))
 
-from generator.catalogue import EXAMPLES
+from generator import catalogue, upsondes
+
+EXAMPLES = {**catalogue.EXAMPLES, **upsondes.EXAMPLES}
 
 
 def main(arguments=None):

@@ -1,5 +1,6 @@
 #include "BatchConfig.h"
 
+#include "Environment.h"
 #include "ParameterTable.h"
 #include "ShippedConfiguration.h"
 #include "TarvoConfigSet.h"
@@ -38,6 +39,17 @@ std::unique_ptr<RegistryXML> openRegistry(const std::string& path, const std::st
                         : std::make_unique<RegistryXML>(path, setName);
 }
 
+bool hasBufrTables(const fs::path& folder) {
+    std::error_code error;
+    return fs::is_regular_file(folder / "table_b_bufr", error) && fs::is_regular_file(folder / "table_d_bufr", error);
+}
+
+/// Where the tables are installed with this program, or made ready beside a program that isn't installed.
+fs::path installedBufrTables() {
+    std::error_code error;
+    return fs::read_symlink("/proc/self/exe", error).parent_path().parent_path() / "share/tarvo";
+}
+
 std::string quoted(const std::string& text) {
     return "\"" + text + "\"";
 }
@@ -67,6 +79,7 @@ bool BatchConfig::fail(const std::string& reason) {
 
 bool BatchConfig::load(const std::string& file, const std::string& setName) {
     const std::string path = file.empty() ? userFile() : file;
+    _path = path;
     _registry = openRegistry(path, setName);
     if (_registry->status() != RegistryXML::LOADED && !setName.empty()) {
         // The file may be good and the name not: without the name it tells its sets.
@@ -124,6 +137,27 @@ bool BatchConfig::applyOverride(const std::string& assignment) {
         _set->set(key, number);
     }
     return true;
+}
+
+bool BatchConfig::useBufrTables(const std::string& directory) {
+    if (!directory.empty()) {
+        if (!hasBufrTables(directory)) {
+            return fail("there are no table_b_bufr and table_d_bufr in " + directory);
+        }
+        setBufrTables(directory);
+    }
+    fs::path folder = fs::path(_path).parent_path();
+    if (_path.empty() || !hasBufrTables(folder)) {
+        folder = installedBufrTables();
+    }
+    _set->add(kBufrTablesItem, folder.string(), false, false, false);
+    return true;
+}
+
+std::string BatchConfig::secondSetName() const {
+    const auto names = setNames();
+    const std::string second = _registry->getActive2SetName();
+    return std::find(names.begin(), names.end(), second) == names.end() ? _registry->getActive1SetName() : second;
 }
 
 std::vector<const BatchFormat*> BatchConfig::defaultFormats() {

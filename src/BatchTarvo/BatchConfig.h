@@ -19,9 +19,17 @@ public:
     /// Applies "KEY=VALUE". False for an unknown key or a value that doesn't fit it; error() says why.
     bool applyOverride(const std::string& assignment);
 
+    /// Takes the BUFR tables from \p directory, whatever the environment says, or from the default place when that is
+    /// empty: beside the configuration file, else where they are installed with the program. False when \p directory
+    /// doesn't hold them; error() says so.
+    bool useBufrTables(const std::string& directory);
+
     const std::string& error() const { return _error; }
     ConfigSet& set() { return *_set; }
     std::vector<std::string> setNames() const { return _registry->getSetNames(); }
+
+    /// The set for soundings that a reader made of others: the second active one, or the first where the file has none.
+    std::string secondSetName() const;
 
     /// The products that the set asks for, in their order.
     std::vector<const BatchFormat*> defaultFormats();
@@ -31,6 +39,7 @@ public:
 private:
     bool fail(const std::string& reason);
 
+    std::string _path;                      // of the configuration file; empty for the one built in
     std::unique_ptr<RegistryXML> _registry; // outlives the set
     std::unique_ptr<ConfigSet> _set;
     std::string _error;

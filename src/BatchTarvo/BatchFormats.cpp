@@ -1,6 +1,7 @@
 #include "BatchFormats.h"
 
 #include "AtomicFile.h"
+#include "ConfigSet.h"
 #include "EditorControl.h"
 #include "FileSaver.h"
 #include "Levels.h"
@@ -68,9 +69,16 @@ bool writeSkewTSvgFile(EditorControl& editor, const ConfigSet& config, const std
 
 bool writeSkewTPng(EditorControl& editor, const ConfigSet& config, const std::string& path) {
     std::ostringstream svg;
-    writeSkewTSvg(svg, skewTData(editor, defaultSkewTSource(editor)), editor, SkewTSetup(config));
+    writeSkewTSvg(svg, skewTData(editor, defaultSkewTSource(editor)), editor, SkewTSetup(config), false);
     AtomicFile file(path);
     return file.isOpen() && drawAsPng(svg.str(), file.temporaryPath()) && file.commit();
+}
+
+bool writeQcBufr(EditorControl& editor, const ConfigSet& config, const std::string& path) {
+    std::string tableDir;
+    config.text(kBufrTablesItem, tableDir);
+    return FileSaver::saveFile(RevisionInfo().text("REPO_REVISION"), path, ".bfr", editor.getSndMetaData(true), editor,
+                               ProductColumns::qc(editor, config), editor.levels(), tableDir);
 }
 
 } // namespace
@@ -101,7 +109,7 @@ const std::vector<BatchFormat>& batchFormats() {
         {"qc-frd", "QC.frd", "BatchSaveQCFRD", BatchFormat::QcData, &writeQc},
         {"raw-nc", "RAW.nc", "BatchSaveRawCDF", BatchFormat::Nothing, &writeRaw},
         {"qc-nc", "QC.nc", "BatchSaveQCCDF", BatchFormat::QcData, &writeQc},
-        {"qc-bfr", "QC.bfr", "BatchSaveQCBUFR", BatchFormat::QcData, nullptr},
+        {"qc-bfr", "QC.bfr", "BatchSaveQCBUFR", BatchFormat::QcData, &writeQcBufr},
         {"wmo", "WMO.txt", "BatchSaveWMO", BatchFormat::Message, &writeWmo},
         {"levels", "Levels.csv", "BatchSaveLevels", BatchFormat::LevelSet, &writeLevels},
         {"summary", "Summary.txt", nullptr, BatchFormat::Nothing, &writeSummary},

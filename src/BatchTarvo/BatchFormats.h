@@ -6,18 +6,20 @@
 class ConfigSet;
 class EditorControl;
 
+/// The item that says where the BUFR tables are. It belongs to the run and to no configuration file.
+inline constexpr const char* kBufrTablesItem = "BufrTables";
+
 /// One product that the batch tool knows.
 struct BatchFormat {
     const char* name;   ///< as in --formats
     const char* suffix; ///< follows the input's name cut at its last "."
     const char* item;   ///< the configuration item that asks for it by default; null when there is none
     enum Needs { Nothing, QcData, LevelSet, Message } needs; ///< what it is made of, and not every sounding has
-    /// Writes the product whole or not at all; null for a format that isn't built yet.
+    /// Writes the product whole or not at all.
     bool (*write)(EditorControl& editor, const ConfigSet& config, const std::string& path);
 
     /// Why this sounding can't have the product; empty when it can.
     std::string hindrance(const EditorControl& editor) const;
-    bool isBuilt() const { return write != nullptr; }
 };
 
 /// All of them, in the order in which they are listed and written.

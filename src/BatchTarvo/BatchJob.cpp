@@ -8,6 +8,7 @@
 #include <chrono>
 #include <cstring>
 #include <exception>
+#include <filesystem>
 #include <fstream>
 
 namespace {
@@ -17,6 +18,17 @@ void addLine(std::string& text, const std::string& line) {
         text += '\n';
     }
     text += line;
+}
+
+/// Takes note of the second sounding that the reader made of the file, if it did.
+void takeDerived(const EditorControl& editor, FileReport& report) {
+    const std::string derived = editor.derivedSndFile();
+    std::error_code error;
+    if (std::filesystem::exists(derived, error)) {
+        report.derived = derived;
+    } else if (!derived.empty()) {
+        addLine(report.error, "The descent can't be written: " + derived);
+    }
 }
 
 void process(const BatchJob& job, ConfigSet& config, FileReport& report) {
@@ -42,6 +54,7 @@ void process(const BatchJob& job, ConfigSet& config, FileReport& report) {
         report.qcResult = qcResultLines(editor);
     }
     report.failed = false;
+    takeDerived(editor, report);
     for (const BatchJob::Product& product : job.products) {
         const std::string hindrance = product.format->hindrance(editor);
         if (!hindrance.empty()) {

@@ -17,7 +17,9 @@ struct BatchJob {
 
     std::string input;
     std::vector<Product> products;
-    std::string refusal; ///< why the file isn't processed at all; empty when it is
+    std::string refusal;         ///< why the file isn't processed at all; empty when it is
+    std::string derivedFrom;     ///< the file that its reader made this one of; empty for any other
+    ConfigSet* config = nullptr; ///< null: the one of the run
 };
 
 /// Reads, processes and writes one file with the configuration as it stands. Never throws.

@@ -47,6 +47,10 @@ bool parseBatchOptions(int argc, char** argv, BatchOptions& options, int& status
     app.add_option("--override", options.overrides, "Set a parameter for this run only; may be repeated")
         ->type_name("KEY=VALUE")
         ->allow_extra_args(false);
+    app.add_option("--bufr-tables", options.bufrTables,
+                   "Where table_b_bufr and table_d_bufr are; by default beside the configuration file if they are\n"
+                   "there, else those that came with the program")
+        ->type_name("DIR");
     app.add_flag("--recursive", options.recursive, "Descend into directories");
     app.add_option("--jobs", options.jobs, "Files at once")
         ->type_name("N")

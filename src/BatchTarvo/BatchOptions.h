@@ -14,6 +14,7 @@ struct BatchOptions {
     std::string out;    ///< empty for the default
     std::string formats;
     std::vector<std::string> overrides;
+    std::string bufrTables; ///< empty for the default
     bool recursive = false;
     int jobs = 1;
     double timeout = 300.0;

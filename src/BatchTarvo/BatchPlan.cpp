@@ -6,8 +6,6 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
-#include <map>
-#include <set>
 
 namespace fs = std::filesystem;
 
@@ -71,47 +69,93 @@ std::string productPlace(const fs::path& directory, const std::string& name) {
     return fs::is_symlink(path, error) ? placeOf(AtomicFile::linkTarget(path.string())) : path.string();
 }
 
+/// The file that \p path is a descent of, by its name; empty for any other file.
+std::string descentSource(const std::string& path) {
+    std::error_code error;
+    if (path.back() != 'd' || !fs::is_regular_file(path.substr(0, path.size() - 1), error)) {
+        return {};
+    }
+    return path.substr(0, path.size() - 1);
+}
+
 std::string productStem(const std::string& input) {
     const std::string name = fs::path(input).filename().string();
-    return name.substr(0, name.rfind('.'));
+    return name.substr(0, name.rfind('.')) + (descentSource(input).empty() ? "" : "_descent");
 }
 
 } // namespace
 
-std::vector<BatchJob> planBatch(const std::vector<std::string>& paths, bool recursive,
-                                const std::vector<const BatchFormat*>& formats, const std::string& outDir) {
-    std::vector<BatchJob> jobs;
+BatchPlan::BatchPlan(const std::vector<std::string>& paths, bool recursive, std::vector<const BatchFormat*> formats,
+                     std::string outDir, bool derivesDescents)
+    : _formats(std::move(formats)), _outDir(std::move(outDir)), _outPlace(placeOf(_outDir)) {
+    std::vector<BatchJob> found;
     for (const std::string& path : paths) {
-        addPath(path, true, recursive, jobs);
+        addPath(path, true, recursive, found);
     }
-    std::set<std::string> inputs;
-    for (const BatchJob& job : jobs) {
-        inputs.insert(placeOf(job.input));
+    for (const BatchJob& job : found) {
+        _inputs.insert(placeOf(job.input));
     }
-    const fs::path out = placeOf(outDir);
-    std::map<std::string, std::string> writers; // place of a product to the input that makes it
-    for (BatchJob& job : jobs) {
-        if (!job.refusal.empty()) {
-            continue;
-        }
-        const std::string stem = productStem(job.input);
-        std::vector<std::string> places;
-        for (const BatchFormat* format : formats) {
-            const std::string name = stem + format->suffix;
-            places.push_back(productPlace(out, name));
-            const auto earlier = writers.find(places.back());
-            if (earlier != writers.end()) {
-                job.refusal = "Its product " + name + " would overwrite that of " + earlier->second;
-            } else if (inputs.count(places.back()) != 0) {
-                job.refusal = "Its product " + name + " would overwrite an input file";
+    for (BatchJob& job : found) {
+        const std::string source = job.refusal.empty() && derivesDescents ? descentSource(job.input) : std::string();
+        if (!source.empty() && _inputs.count(placeOf(source)) != 0) {
+            if (_waiting.try_emplace(placeOf(source), job).second) {
+                continue;
             }
-            job.products.push_back({format, (fs::path(outDir) / name).string()});
+            job.refusal = "This file is given twice";
         }
-        if (job.refusal.empty()) {
-            for (const std::string& place : places) {
-                writers.emplace(place, job.input);
-            }
+        claimProducts(job);
+        _jobs.push_back(std::move(job));
+    }
+}
+
+void BatchPlan::leaveOut(const std::string& path) {
+    std::error_code error;
+    _jobs.erase(std::remove_if(_jobs.begin(), _jobs.end(),
+                               [&](const BatchJob& job) { return fs::equivalent(job.input, path, error); }),
+                _jobs.end());
+}
+
+bool BatchPlan::follow(std::size_t index, const std::string& derived, ConfigSet* config) {
+    const std::string source = _jobs[index].input;
+    const auto waiting = _waiting.find(placeOf(source));
+    BatchJob job;
+    if (waiting != _waiting.end()) {
+        job = std::move(waiting->second);
+        _waiting.erase(waiting);
+    } else if (derived.empty()) {
+        return false;
+    } else {
+        job.input = derived;
+    }
+    if (!derived.empty()) {
+        job.derivedFrom = source;
+        job.config = config;
+    }
+    claimProducts(job);
+    _jobs.push_back(std::move(job));
+    return true;
+}
+
+void BatchPlan::claimProducts(BatchJob& job) {
+    if (!job.refusal.empty()) {
+        return;
+    }
+    const std::string stem = productStem(job.input);
+    std::vector<std::string> places;
+    for (const BatchFormat* format : _formats) {
+        const std::string name = stem + format->suffix;
+        places.push_back(productPlace(_outPlace, name));
+        const auto earlier = _writers.find(places.back());
+        if (earlier != _writers.end()) {
+            job.refusal = "Its product " + name + " would overwrite that of " + earlier->second;
+        } else if (_inputs.count(places.back()) != 0) {
+            job.refusal = "Its product " + name + " would overwrite an input file";
+        }
+        job.products.push_back({format, (fs::path(_outDir) / name).string()});
+    }
+    if (job.refusal.empty()) {
+        for (const std::string& place : places) {
+            _writers.emplace(place, job.input);
         }
     }
-    return jobs;
 }

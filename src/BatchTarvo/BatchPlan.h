@@ -2,11 +2,41 @@
 
 #include "BatchJob.h"
 
+#include <map>
+#include <set>
 #include <string>
 #include <vector>
 
-/// The jobs for \p paths: files as they are, directories with their direct files in order of name (hidden ones left
-/// out), and those below with \p recursive. What can't be a job is one with a refusal: a path that isn't there or is
-/// no regular file, and an input whose product would overwrite that of an earlier input, or an input.
-std::vector<BatchJob> planBatch(const std::vector<std::string>& paths, bool recursive,
-                                const std::vector<const BatchFormat*>& formats, const std::string& outDir);
+/// The jobs of a run: files as they are, directories with their direct files in order of name (hidden ones left out),
+/// and those below on request. What can't be a job is one with a refusal: a path that isn't there or is no regular
+/// file, and an input whose product would overwrite that of an earlier input, or an input.
+///
+/// A file that a reader made out of another is named like that one with a "d" behind it, which the name of a product
+/// wouldn't show; its products are named "..._descent". Where readers make such files (\p derivesDescents), one among
+/// the inputs waits until the one that it was made of is done, since that may make it anew.
+class BatchPlan {
+public:
+    BatchPlan(const std::vector<std::string>& paths, bool recursive, std::vector<const BatchFormat*> formats,
+              std::string outDir, bool derivesDescents);
+
+    /// Grows at its end.
+    const std::vector<BatchJob>& jobs() const { return _jobs; }
+    /// Leaves out an input that is the file \p path.
+    void leaveOut(const std::string& path);
+
+    /// Adds the job that follows from that of \p index: the file \p derived that its reader made (empty: none), with
+    /// the configuration \p config; or a file that waited in vain. True when there is one.
+    bool follow(std::size_t index, const std::string& derived, ConfigSet* config);
+
+private:
+    /// Names the products, or refuses the job.
+    void claimProducts(BatchJob& job);
+
+    std::vector<const BatchFormat*> _formats;
+    std::string _outDir;
+    std::string _outPlace;
+    std::vector<BatchJob> _jobs;
+    std::map<std::string, BatchJob> _waiting;    // by the place of the input that it waits for
+    std::set<std::string> _inputs;               // places
+    std::map<std::string, std::string> _writers; // place of a product to the input that makes it
+};

@@ -15,7 +15,12 @@ Json fields(const FileReport& report) {
 } // namespace
 
 std::string FileReport::toJson() const {
-    return fields(*this).dump(-1, ' ', false, Json::error_handler_t::replace);
+    Json json = fields(*this);
+    if (!derivedFrom.empty()) {
+        json["derivedFrom"] = derivedFrom;
+        json["set"] = set;
+    }
+    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
 FileReport FileReport::failure(const std::string& file, const std::string& error) {
@@ -29,6 +34,7 @@ std::string packReport(const FileReport& report) {
     Json json = fields(report);
     json["failed"] = report.failed;
     json["qcResult"] = report.qcResult;
+    json["derived"] = report.derived;
     const std::vector<std::uint8_t> bytes = Json::to_cbor(json);
     return {bytes.begin(), bytes.end()};
 }
@@ -46,6 +52,7 @@ bool unpackReport(const std::string& text, FileReport& report) {
     report.seconds = json.value("seconds", 0.0);
     report.products = json.value("products", std::vector<std::string>());
     report.failed = json.value("failed", true);
+    report.derived = json.value("derived", "");
     report.qcResult = json.value("qcResult", std::vector<std::string>());
     return true;
 }

@@ -13,6 +13,10 @@ struct FileReport {
     double seconds = 0.0;
     std::vector<std::string> products; ///< the paths written
     std::vector<std::string> qcResult; ///< what QC did, in a few lines for people; not part of the line itself
+    std::string derived; ///< the second sounding that its reader made of the file; not part of the line itself
+    std::string
+        derivedFrom;    ///< the file that this one was made of, and the configuration set used for it in its place;
+    std::string set;    ///< both empty, and not part of the line, for any other file
     bool failed = true; ///< invalid, or a product that was asked for is missing; not part of the line itself
 
     /// One JSON object on one line, without the line end. Bytes that aren't UTF-8 are replaced.

@@ -24,7 +24,7 @@ int usageError(const std::string& reason) {
     return kUsageError;
 }
 
-/// The formats that a comma list names. False, with the reason in \p error, for one that isn't known or isn't built.
+/// The formats that a comma list names. False, with the reason in \p error, for one that isn't known.
 bool parseFormats(const std::string& list, std::vector<const BatchFormat*>& formats, std::string& error) {
     for (const std::string& name : tokenize(list, ",")) {
         if (name.empty()) {
@@ -38,10 +38,6 @@ bool parseFormats(const std::string& list, std::vector<const BatchFormat*>& form
             }
             return false;
         }
-        if (!format->isBuilt()) {
-            error = "the format " + name + " is not built yet";
-            return false;
-        }
         if (std::find(formats.begin(), formats.end(), format) == formats.end()) {
             formats.push_back(format);
         }
@@ -53,16 +49,9 @@ bool parseFormats(const std::string& list, std::vector<const BatchFormat*>& form
     return true;
 }
 
-/// What the set asks for, less what isn't built, or the QC data as CSV.
+/// What the set asks for, or the QC data as CSV.
 std::vector<const BatchFormat*> defaultFormats(BatchConfig& config) {
-    std::vector<const BatchFormat*> formats;
-    for (const BatchFormat* format : config.defaultFormats()) {
-        if (format->isBuilt()) {
-            formats.push_back(format);
-        } else {
-            std::cerr << "tarvo-batch: the configuration asks for " << format->name << ", which is not built yet\n";
-        }
-    }
+    const std::vector<const BatchFormat*> formats = config.defaultFormats();
     return formats.empty() ? std::vector<const BatchFormat*>{findBatchFormat("qc-csv")} : formats;
 }
 
@@ -76,7 +65,7 @@ int listSets(const BatchConfig& config) {
 int listFormats() {
     for (const BatchFormat& format : batchFormats()) {
         std::cout << format.name << std::string(11 - std::string(format.name).size(), ' ') << "NAME" << format.suffix
-                  << (format.isBuilt() ? "" : "   (not built yet)") << "\n";
+                  << "\n";
     }
     return kAllProcessed;
 }
@@ -123,38 +112,75 @@ bool mayHoldReport(const std::string& path) {
     return first == std::ifstream::traits_type::eof() || first == '{';
 }
 
-/// A report among the inputs is one of an earlier run, in a directory that was asked for.
-void leaveOutReport(const std::string& path, std::vector<BatchJob>& jobs) {
-    std::error_code error;
-    if (!path.empty() && fs::is_regular_file(path, error)) {
-        jobs.erase(std::remove_if(jobs.begin(), jobs.end(),
-                                  [&](const BatchJob& job) { return fs::equivalent(job.input, path, error); }),
-                   jobs.end());
+/// Where lines of the report go. False, with a usage error in \p status, when they can't go there.
+bool openReport(const BatchOptions& options, BatchPlan& plan, std::ofstream& file, std::ostream*& stream, int& status) {
+    if (options.report == "-") {
+        stream = &std::cout;
+    } else if (!options.report.empty()) {
+        if (!mayHoldReport(options.report)) {
+            status = usageError("the report would replace a file that is no report: " + options.report);
+            return false;
+        }
+        std::error_code error;
+        if (fs::is_regular_file(options.report, error)) {
+            plan.leaveOut(options.report); // the report of an earlier run, in a directory that was asked for
+        }
+        file.open(options.report);
+        if (!file) {
+            status = usageError("the report can't be written: " + options.report);
+            return false;
+        }
+        stream = &file;
     }
+    return true;
 }
+
+/// What the command line says beyond the file and the set. False with an error of the configuration.
+bool applyOptions(const BatchOptions& options, BatchConfig& config) {
+    return std::all_of(options.overrides.begin(), options.overrides.end(),
+                       [&](const std::string& assignment) { return config.applyOverride(assignment); }) &&
+           config.useBufrTables(options.bufrTables);
+}
+
+/// The configuration for soundings that readers make of others; loaded only when they do.
+struct SecondConfig {
+    bool wanted = false;
+    std::string name;
+    BatchConfig config;
+
+    /// False when there should be one and can't be.
+    bool load(const BatchOptions& options, BatchConfig& first) {
+        first.set().boolValue("descendingPELO", wanted);
+        if (!wanted) {
+            return true;
+        }
+        name = first.secondSetName();
+        return config.load(options.config, name) && applyOptions(options, config);
+    }
+};
 
 int processAll(const BatchOptions& options, BatchConfig& config, const std::vector<const BatchFormat*>& formats,
                const std::string& outDir) {
-    std::vector<BatchJob> jobs = planBatch(options.paths, options.recursive, formats, outDir);
+    SecondConfig second;
+    if (!second.load(options, config)) {
+        return usageError(second.config.error());
+    }
+    BatchPlan plan(options.paths, options.recursive, formats, outDir, second.wanted);
     std::ofstream reportFile;
     std::ostream* reportStream = nullptr;
-    if (options.report == "-") {
-        reportStream = &std::cout;
-    } else if (!options.report.empty()) {
-        if (!mayHoldReport(options.report)) {
-            return usageError("the report would replace a file that is no report: " + options.report);
-        }
-        leaveOutReport(options.report, jobs);
-        reportFile.open(options.report);
-        if (!reportFile) {
-            return usageError("the report can't be written: " + options.report);
-        }
-        reportStream = &reportFile;
+    int status = kUsageError;
+    if (!openReport(options, plan, reportFile, reportStream, status)) {
+        return status;
     }
-    Progress progress(jobs.size(), options.quiet, options.report == "-");
+    Progress progress(plan.jobs().size(), options.quiet, options.report == "-");
     OrderedReport report(reportStream);
     WorkerPool pool({options.jobs, options.timeout}, config.set());
-    const int signal = pool.run(jobs, [&](std::size_t index, const FileReport& done) {
+    const int signal = pool.run(plan.jobs(), [&](std::size_t index, FileReport done) {
+        done.derivedFrom = plan.jobs()[index].derivedFrom;
+        done.set = done.derivedFrom.empty() ? std::string() : second.name;
+        if (second.wanted && plan.follow(index, done.derived, &second.config.set())) {
+            progress.expectMore();
+        }
         progress.fileDone(done);
         report.add(index, done);
     });
@@ -207,10 +233,8 @@ int main(int argc, char** argv) {
     if (options.action == BatchOptions::Action::ListSets) {
         return listSets(config);
     }
-    for (const std::string& assignment : options.overrides) {
-        if (!config.applyOverride(assignment)) {
-            return usageError(config.error());
-        }
+    if (!applyOptions(options, config)) {
+        return usageError(config.error());
     }
     std::vector<const BatchFormat*> formats;
     std::string error;

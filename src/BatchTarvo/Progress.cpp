@@ -77,6 +77,10 @@ void Progress::fileDone(const FileReport& report) {
                 products += " " + product;
             }
             std::fprintf(_lines, "%s: %s ->%s\n", report.file.c_str(), report.type.c_str(), products.c_str());
+            if (!report.derivedFrom.empty()) {
+                std::fprintf(_lines, "    the descent of %s, with the configuration set %s\n",
+                             report.derivedFrom.c_str(), report.set.c_str());
+            }
             for (const std::string& line : report.qcResult) {
                 std::fprintf(_lines, "    %s\n", line.c_str());
             }

@@ -17,6 +17,8 @@ public:
     Progress& operator=(const Progress&) = delete;
     ~Progress();
 
+    /// There is one file more than was told.
+    void expectMore() { ++_total; }
     void fileDone(const FileReport& report);
     /// The last line: how many of how many, and how long it took.
     void finish();

@@ -133,7 +133,8 @@ bool WorkerPool::start(const std::vector<BatchJob>& jobs, std::size_t index, std
             close(other.pipe);
         }
         if (getppid() == parent) {
-            writeAll(ends[1], packReport(runBatchJob(jobs[index], _config)));
+            ConfigSet& config = jobs[index].config != nullptr ? *jobs[index].config : _config;
+            writeAll(ends[1], packReport(runBatchJob(jobs[index], config)));
         }
         _exit(0);
     }

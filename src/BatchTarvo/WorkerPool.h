@@ -14,7 +14,8 @@ public:
         int jobs = 1;           ///< processes at once
         double timeout = 300.0; ///< s for one file
     };
-    /// Hears of every report, in the order in which the files finish, with the job's index.
+    /// Hears of every report, in the order in which the files finish, with the job's index. It may add jobs at the end
+    /// of the list.
     using Listener = std::function<void(std::size_t index, const FileReport& report)>;
 
     WorkerPool(Limits limits, ConfigSet& config) : _limits(limits), _config(config) {}

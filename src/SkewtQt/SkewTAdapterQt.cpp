@@ -1,5 +1,6 @@
 #include "SkewTAdapterQt.h"
 
+#include "AtomicFile.h"
 #include "SkewT.h"
 #include "SkewTPainter.h"
 #include "WaitCursor.h"
@@ -177,7 +178,10 @@ bool SkewTAdapterQt::savePlot(std::string file, int width, int height, PlotFileT
         QPainter painter(&picture);
         drawElements(painter, picture.size());
     }
-    return picture.save(QString::fromStdString(file), type == PlotFileType::Jpeg ? "JPEG" : "PNG");
+    AtomicFile output(file);
+    return output.isOpen() &&
+           picture.save(QString::fromStdString(output.temporaryPath()), type == PlotFileType::Jpeg ? "JPEG" : "PNG") &&
+           output.commit();
 }
 
 void SkewTAdapterQt::resizeTimeout() {

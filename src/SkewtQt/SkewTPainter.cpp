@@ -8,10 +8,8 @@ namespace skewt {
 
 namespace {
 
-/// Points of a trace that lie closer than this can't be told apart, pixels.
-constexpr double kSmallestStep = 0.25;
-/// A line that rises by less than this is level, pixels.
 constexpr int kPiece = 40; // segments
+/// A line that rises by less than this is level, pixels.
 constexpr double kStraight = 1e-3;
 
 QColor colourOf(unsigned colour) {
@@ -47,7 +45,7 @@ void snapToPixels(QPolygonF& points) {
 }
 
 bool isNear(const QPointF& a, const QPointF& b) {
-    return std::abs(a.x() - b.x()) < kSmallestStep && std::abs(a.y() - b.y()) < kSmallestStep;
+    return std::abs(a.x() - b.x()) < PageStyle::kSmallestStep && std::abs(a.y() - b.y()) < PageStyle::kSmallestStep;
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 //     tarvo-skewt-png OUTPUT.png < picture.svg
 
 #include <QFile>
+#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QImage>
 #include <QImageWriter>
@@ -10,7 +11,36 @@
 
 #include <iostream>
 
+namespace {
+
+/// What Qt tells of the machine, such as that a server has no session, is nothing to the user of the batch tool.
+void tellErrorsOnly(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message) {
+    if (type == QtCriticalMsg || type == QtFatalMsg) {
+        std::cerr << message.toStdString() << '\n';
+    }
+}
+
+/// The first of the document's families that the machine has: the renderer takes a list of them for one name.
+void nameFamily(QByteArray& svg) {
+    const QByteArray begin = "font-family=\"";
+    const int at = svg.indexOf(begin) + begin.size();
+    const int length = svg.indexOf('"', at) - at;
+    if (at < begin.size() || length <= 0) {
+        return;
+    }
+    const QStringList there = QFontDatabase().families();
+    for (const QString& family : QString::fromUtf8(svg.mid(at, length)).split(", ")) {
+        if (there.contains(family)) {
+            svg.replace(at, length, family.toUtf8());
+            return;
+        }
+    }
+}
+
+} // namespace
+
 int main(int argc, char** argv) {
+    qInstallMessageHandler(&tellErrorsOnly);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
     if (argc != 2) {
@@ -19,7 +49,9 @@ int main(int argc, char** argv) {
     }
     QFile input;
     QSvgRenderer renderer;
-    if (!input.open(stdin, QIODevice::ReadOnly) || !renderer.load(input.readAll())) {
+    QByteArray svg = input.open(stdin, QIODevice::ReadOnly) ? input.readAll() : QByteArray();
+    nameFamily(svg);
+    if (!renderer.load(svg)) {
         std::cerr << "Standard input is no SVG document.\n";
         return 1;
     }

@@ -5,6 +5,7 @@
 #include "ProductText.h"
 #include "Text.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -53,10 +54,8 @@ std::string timeOfDay(double seconds) {
 
 /// The dew points of air that is at least as moist as an RH of 0.1 %.
 std::vector<double> dewPoints(int n, const double* tdry, const double* rh) {
-    std::vector<double> moist;
-    for (int i = 0; i < n; ++i) {
-        moist.push_back(atLeastMoist(rh[i]));
-    }
+    std::vector<double> moist(rh, rh + n);
+    std::transform(moist.begin(), moist.end(), moist.begin(), atLeastMoist);
     return makeDp(n, tdry, moist.data());
 }
 

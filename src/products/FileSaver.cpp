@@ -1,6 +1,7 @@
 #include "FileSaver.h"
 
 #include "AtomicFile.h"
+#include "DataFileSaveBufr.h"
 #include "DataFileSaveCsv.h"
 #include "DataFileSaveFRD.h"
 #include "DataFileSaveNetcdf.h"
@@ -48,8 +49,8 @@ void writeFrd(const std::string& filePath, std::ostream& stream, const SndMetaDa
                     c[Columns::Lon], c[Columns::Alt], c[Columns::W], c[Columns::Sats]);
 }
 
-bool saveNetcdf(const std::string& filePath, const SndMetaData& metaData, const EditorControl& editor,
-                const Columns& c) {
+bool saveNetcdf(const std::string& filePath, const SndMetaData& metaData, const EditorControl& editor, const Columns& c,
+                const Levels* /*levels*/, const std::string& /*bufrTableDir*/) {
     return DataFileSaveNetcdf(filePath, c.nRows(), metaData, editor, c[Columns::Time], c[Columns::Pres],
                               c[Columns::Tdry], c[Columns::RH], c[Columns::Wspd], c[Columns::Wdir], c[Columns::U],
                               c[Columns::V], c[Columns::W], c[Columns::Lat], c[Columns::Lon], c[Columns::Alt],
@@ -58,11 +59,23 @@ bool saveNetcdf(const std::string& filePath, const SndMetaData& metaData, const 
         .isSaved();
 }
 
+bool saveBufr(const std::string& filePath, const SndMetaData& metaData, const EditorControl& editor, const Columns& c,
+              const Levels* levels, const std::string& bufrTableDir) {
+    AtomicFile file(filePath, std::ios::out | std::ios::binary);
+    return file.isOpen() &&
+           DataFileSaveBufr(bufrTableDir, filePath, file.stream(), c.nRows(), metaData, editor, levels,
+                            c[Columns::Time], c[Columns::Pres], c[Columns::Tdry], c[Columns::RH], c[Columns::Wspd],
+                            c[Columns::Wdir], c[Columns::Lat], c[Columns::Lon], c[Columns::Alt])
+               .isWhole() &&
+           file.commit();
+}
+
 struct Format {
     const char* extension;
-    Writer write; ///< null for a format that has no writer yet, or one that opens its own file
+    Writer write; ///< writes to a stream that can only fail as one
     bool (*save)(const std::string& filePath, const SndMetaData& metaData, const EditorControl& editor,
-                 const Columns& columns) = nullptr; ///< writes a file of its own
+                 const Columns& columns, const Levels* levels,
+                 const std::string& bufrTableDir) = nullptr; ///< in place of write: makes the whole file, or fails
 };
 
 /// Looked through in this order, the first extension found in the filter text winning.
@@ -72,23 +85,20 @@ constexpr std::array<Format, 6> kFormats{{
     {".csv", &writeCsv},
     {".zor", &writeZor},
     {".frd", &writeFrd},
-    {".bfr", nullptr},
+    {".bfr", nullptr, &saveBufr},
 }};
 
 } // namespace
 
 bool FileSaver::saveFile(const std::string& /*revision*/, const std::string& filePath, const std::string& filterText,
                          const SndMetaData& metaData, const EditorControl& editor, const ProductColumns& columns,
-                         const Levels* /*levels*/) {
+                         const Levels* levels, const std::string& bufrTableDir) {
     for (const Format& format : kFormats) {
         if (!contains(filterText, format.extension)) {
             continue;
         }
         if (format.save != nullptr) {
-            return format.save(filePath, metaData, editor, columns);
-        }
-        if (format.write == nullptr) {
-            return false;
+            return format.save(filePath, metaData, editor, columns, levels, bufrTableDir);
         }
         AtomicFile file(filePath);
         if (!file.isOpen()) {

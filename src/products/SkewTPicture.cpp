@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <tuple>
 
 namespace {
 
@@ -86,6 +87,13 @@ SkewTSetup::SkewTSetup(const ConfigSet& config) {
     pixelsY = std::clamp(pixelsY, 1, kMostPixels);
 }
 
+bool operator==(const SkewTSetup& a, const SkewTSetup& b) {
+    const auto all = [](const SkewTSetup& s) {
+        return std::tie(s.numWinds, s.tmin, s.tmax, s.pTop, s.pBottom, s.pixelsX, s.pixelsY);
+    };
+    return all(a) == all(b);
+}
+
 std::unique_ptr<skewt::SkewT> makeSkewT(skewt::SkewTAdapter& adapter, const SkewTData& data,
                                         const EditorControl& editor, const SkewTSetup& setup) {
     return std::make_unique<skewt::SkewT>(adapter, static_cast<int>(data.pres.size()), data.tdry.data(), data.dp.data(),
@@ -94,7 +102,9 @@ std::unique_ptr<skewt::SkewT> makeSkewT(skewt::SkewTAdapter& adapter, const Skew
                                           setup.tmax, setup.pTop, setup.pBottom);
 }
 
-void writeSkewTSvg(std::ostream& stream, const SkewTData& data, const EditorControl& editor, const SkewTSetup& setup) {
+void writeSkewTSvg(std::ostream& stream, const SkewTData& data, const EditorControl& editor, const SkewTSetup& setup,
+                   bool marks) {
     skewt::SkewTAdapterSVG adapter(stream, setup.pixelsX, setup.pixelsY, kSvgFontSize);
+    adapter.markPoints(marks);
     makeSkewT(adapter, data, editor, setup)->brandNewPlot();
 }

@@ -29,6 +29,7 @@ SkewTSource defaultSkewTSource(const EditorControl& editor);
 
 /// The limits of the diagram, and the size of pictures, as the configuration has them.
 struct SkewTSetup {
+    SkewTSetup() = default;
     explicit SkewTSetup(const ConfigSet& config);
 
     int numWinds = 20;
@@ -39,10 +40,12 @@ struct SkewTSetup {
     int pixelsX = 1000;
     int pixelsY = 700;
 };
+bool operator==(const SkewTSetup& a, const SkewTSetup& b);
 
 /// A diagram of the sounding on \p adapter, which outlives it.
 std::unique_ptr<skewt::SkewT> makeSkewT(skewt::SkewTAdapter& adapter, const SkewTData& data,
                                         const EditorControl& editor, const SkewTSetup& setup);
 
-/// The diagram as an SVG document.
-void writeSkewTSvg(std::ostream& stream, const SkewTData& data, const EditorControl& editor, const SkewTSetup& setup);
+/// The diagram as an SVG document, with a mark at each datum of the traces or with their lines alone.
+void writeSkewTSvg(std::ostream& stream, const SkewTData& data, const EditorControl& editor, const SkewTSetup& setup,
+                   bool marks = true);

@@ -1,5 +1,6 @@
 #include "KeyedFile.h"
 
+#include "CommaParts.h"
 #include "NumberText.h"
 #include "Text.h"
 #include "Words.h"
@@ -9,22 +10,28 @@ double KeyedFile::FrameColumn::valueOf(std::string_view word) const {
     return number == mark || number == secondMark ? kMissing : number;
 }
 
-void KeyedFile::takeFrame(std::string_view& words, const FrameColumn* first, const FrameColumn* last, double time) {
+bool KeyedFile::takeFrame(std::string_view& words, const FrameColumn* first, const FrameColumn* last, double time) {
+    bool complete = true;
     for (const FrameColumn* column = first; column != last; ++column) {
         const std::string_view word = nextWord(words);
+        complete = complete && !word.empty();
         if (column->series != nullptr) {
-            (this->*column->series).appendValue(column->valueOf(word), time);
+            (this->*column->series).appendValue(word.empty() ? _absent : column->valueOf(word), time);
         }
     }
+    return complete;
 }
 
-void KeyedFile::takeLaunchObs(std::string_view& words, const FrameColumn* first, const FrameColumn* last) {
+bool KeyedFile::takeLaunchObs(std::string_view& words, const FrameColumn* first, const FrameColumn* last) {
+    bool complete = true;
     for (const FrameColumn* column = first; column != last; ++column) {
         const std::string_view word = nextWord(words);
+        complete = complete && !word.empty();
         if (column->launch != nullptr) {
-            this->*column->launch = column->valueOf(word);
+            this->*column->launch = word.empty() ? _absent : column->valueOf(word);
         }
     }
+    return complete;
 }
 
 bool KeyedFile::takeLaunchObsSource(const std::string& value) {
@@ -41,12 +48,19 @@ void KeyedFile::addComment(const std::string& comment) {
     _comments += _comments.empty() ? comment : ", " + comment;
 }
 
+void KeyedFile::takeNameAndComment(const std::string& value) {
+    takeCommaPart(value, 0, _sysOperator);
+    if (const auto comment = commaPart(value, 1)) {
+        addComment(*comment);
+    }
+}
+
 void KeyedFile::describeSonde() {
     _descriptionText = _sondeId + " " + trimBoth(_descriptionText);
 }
 
 std::array<Series*, 15> KeyedFile::allFrameSeries() {
-    return {&_sTime, &_sPres, &_sTdry, &_sRh0, &_sRh1, &_sRh2,   &_sWdir, &_sWspd,
+    return {&_sTime, &_sPres, &_sTdry, &_sRh0, &_sRh1,    &_sRh2,  &_sWdir, &_sWspd,
             &_sDz,   &_sLon,  &_sLat,  &_sAlt, &_sGpsalt, &_sSats, &_sWe};
 }
 

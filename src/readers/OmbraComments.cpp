@@ -2,6 +2,7 @@
 
 #include "OmbraFile.h"
 
+#include "CommaParts.h"
 #include "NumberText.h"
 #include "Text.h"
 #include "Words.h"
@@ -80,24 +81,14 @@ void OmbraFile::scanForSondeType(const std::string& text) {
 }
 
 void OmbraFile::takeProject(const Comment& comment) {
-    const auto parts = fields(comment.value);
-    if (!parts.empty()) {
-        _project = parts[0];
-    }
-    if (parts.size() > 1) {
-        _flight = parts[1];
-    }
+    takeCommaPart(comment.value, 0, _project);
+    takeCommaPart(comment.value, 1, _flight);
     _descriptionText += comment.value + " ";
 }
 
 void OmbraFile::takeAircraft(const Comment& comment) {
-    const auto parts = fields(comment.value);
-    if (!parts.empty()) {
-        _platformType = parts[0];
-    }
-    if (parts.size() > 1) {
-        _platformId = parts[1];
-    }
+    takeCommaPart(comment.value, 0, _platformType);
+    takeCommaPart(comment.value, 1, _platformId);
     _descriptionText += comment.value + " ";
 }
 
@@ -142,13 +133,7 @@ void OmbraFile::takeStdComments(const Comment& comment) {
 }
 
 void OmbraFile::takeNameComments(const Comment& comment) {
-    const auto parts = fields(comment.value);
-    if (!parts.empty()) {
-        _sysOperator = parts[0];
-    }
-    if (parts.size() > 1) {
-        addComment(parts[1]);
-    }
+    takeNameAndComment(comment.value);
 }
 
 /// The sonde's model, as older systems write it.

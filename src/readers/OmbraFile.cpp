@@ -12,6 +12,7 @@
 
 namespace {
 
+constexpr double kSecondDzMark = 99.0;
 constexpr double kLongFrameVersion = 1.6;      // frames carry wind error and GPS altitude from it on
 constexpr double kDryBiasStart = 1230768000.0; // 2009-01-01 00:00:00, s since 1970
 constexpr const char* kMiniSet = "mini-dropsonde";
@@ -26,38 +27,17 @@ struct OmbraFile::FrameLayout {
 };
 
 OmbraFile::FrameLayout OmbraFile::frameLayout() const {
-    static constexpr std::array<FrameColumn, 15> kColumns{{
-        {&OmbraFile::_sPres, &OmbraFile::_launchPres, 9999.0},
-        {&OmbraFile::_sTdry, &OmbraFile::_launchTdry, 99.0},
-        {&OmbraFile::_sRh0, &OmbraFile::_launchRH, 999.0},
-        {&OmbraFile::_sWdir, &OmbraFile::_launchWdir, 999.0},
-        {&OmbraFile::_sWspd, &OmbraFile::_launchWspd, 999.0},
-        {&OmbraFile::_sDz, nullptr, 99.0, 999.0},
-        {&OmbraFile::_sLon, &OmbraFile::_launchLon, 999.0},
-        {&OmbraFile::_sLat, &OmbraFile::_launchLat, 99.0},
-        {&OmbraFile::_sAlt, &OmbraFile::_launchAlt, 99999.0},
-        {&OmbraFile::_sSats, nullptr, 99.0},
-        {&OmbraFile::_sRh1, nullptr, 999.0},
-        {&OmbraFile::_sRh2, nullptr, 999.0},
-        // from the long frame on
-        {nullptr, nullptr, kMissing},
-        {&OmbraFile::_sWe, nullptr, 99.0},
-        {&OmbraFile::_sGpsalt, &OmbraFile::_launchGpsAlt, 99999.0},
-    }};
-    constexpr std::size_t kShortFrame = 12;
+    static constexpr auto kColumns = frameColumns(kSecondDzMark, &OmbraFile::_sWe);
     return {kColumns.data(), kColumns.data() + (_formatVersion < kLongFrameVersion ? kShortFrame : kColumns.size())};
 }
 
 OmbraFile::OmbraFile(std::string fileName, std::vector<std::string> dLines, std::string activeSetName)
-    : KeyedFile(std::move(fileName), std::move(dLines)), _activeSetName(std::move(activeSetName)) {
+    : KeyedFile(std::move(fileName), std::move(dLines), 0.0), _activeSetName(std::move(activeSetName)) {
     _soundingType = SoundingType::Ombra;
     _ascending = false;
     valid();
     readData();
-    _WMOtrackingType = "08";
-    _WMOradCorrection = "0";
-    _WMOequipType = "8";
-    _WMOsondeType = "96";
+    takeWmoCodes("96");
 }
 
 void OmbraFile::readData() {
@@ -102,7 +82,6 @@ void OmbraFile::findFormatVersion() {
 void OmbraFile::readLines() {
     while (linesLeft()) {
         const std::string& line = nextLine();
-        ++_lineNumber;
         switch (const OmbraLine type = ombraLineType(line)) {
         case OmbraLine::SoundingData:
         case OmbraLine::PrelaunchData:
@@ -148,12 +127,12 @@ bool OmbraFile::takeFrameTime(std::string_view& words, double& time) {
     const std::string_view date = nextWord(words);
     const std::string_view clock = nextWord(words);
     if (!isDateText(date) || !isTimeText(clock)) {
-        _errorMsg += "- Error in the date or time value in line " + std::to_string(_lineNumber) + "\n";
+        _errorMsg += "- Error in the date or time value in line " + std::to_string(lineNumber()) + "\n";
         return false;
     }
     time = timeTag(date, clock);
     if (_lastFrameTime >= time) {
-        _errorMsg += "- Time values out of sequence in line" + std::to_string(_lineNumber) + "\n";
+        _errorMsg += "- Time values out of sequence in line" + std::to_string(lineNumber()) + "\n";
         notValid();
     }
     _lastFrameTime = time;

@@ -74,7 +74,6 @@ private:
 
     double _formatVersion = 1.4;
     double _lastFrameTime = 0.0;
-    int _lineNumber = 0;
     std::optional<WrittenTime> _toldLaunch;
     bool _toldLaunchIsATime = false;
     double _launchTime = 0.0;

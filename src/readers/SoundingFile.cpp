@@ -39,6 +39,19 @@ std::int64_t SoundingFile::unixLaunchObsTime() {
     return _unixLaunchObsTime;
 }
 
+void SoundingFile::warnOnce(const std::string& warning) {
+    if (!contains(_errorMsg, warning)) {
+        _errorMsg += warning + std::to_string(lineNumber()) + "\n";
+    }
+}
+
+void SoundingFile::takeWmoCodes(const char* sondeType) {
+    _WMOtrackingType = "08";
+    _WMOradCorrection = "0";
+    _WMOequipType = "8";
+    _WMOsondeType = sondeType;
+}
+
 void SoundingFile::adjustErrStats(double endTime) {
     _crcErrorsAfterEnd = CrcErrors();
     // The record kept from ahead of the launch was never counted.

@@ -142,6 +142,12 @@ protected:
     bool linesLeft() const { return _nextLine < _lines.size(); }
     /// The next line, which must exist; it counts as consumed.
     const std::string& nextLine() { return _lines[_nextLine++]; }
+    /// The number of the line consumed last, from 1.
+    std::size_t lineNumber() const { return _nextLine; }
+    /// Adds \p warning, completed by the number of the current line, unless the same was said of an earlier line.
+    void warnOnce(const std::string& warning);
+    /// Sets the codes that messages describe the system with; most systems differ in \p sondeType only.
+    void takeWmoCodes(const char* sondeType);
     void registerRHchan(int channel) { _rhChannels.insert(channel); }
 
     std::string _fileName;

@@ -3,11 +3,14 @@
 #include "ConfigSet.h"
 #include "CsvFile.h"
 #include "FRDFile.h"
+#include "MirraFile.h"
 #include "Mw41File.h"
 #include "OmbraFile.h"
+#include "PeloFile.h"
 #include "SoundingLines.h"
 #include "Text.h"
 #include "TroveFile.h"
+#include "VestaFile.h"
 #include "WMOFile.h"
 #include "ZORFile.h"
 
@@ -22,6 +25,12 @@ using Maker = std::unique_ptr<SoundingFile> (*)(ConfigSet& config, std::string f
 
 std::unique_ptr<SoundingFile> makeOmbra(ConfigSet& config, std::string fileName, Lines lines) {
     return std::make_unique<OmbraFile>(std::move(fileName), std::move(lines), config.getSetName());
+}
+
+std::unique_ptr<SoundingFile> makePelo(ConfigSet& config, std::string fileName, Lines lines) {
+    bool derivesDescent = false;
+    config.boolValue("descendingPELO", derivesDescent);
+    return std::make_unique<PeloFile>(std::move(fileName), std::move(lines), derivesDescent);
 }
 
 /// A format whose reader takes the file as it is.
@@ -39,8 +48,7 @@ std::unique_ptr<SoundingFile> makeWithConfig(ConfigSet& config, std::string file
 enum class Needs { Any, All };
 enum class LinesAs { Text, Raw };
 
-/// How one format shows in the lower-cased header, and who reads it. A format without a maker is known to be none of
-/// the later ones, and not read.
+/// How one format shows in the lower-cased header, and who reads it.
 struct Format {
     Needs needs;
     std::array<std::string_view, 16> marks; // empty ones at the end don't count
@@ -56,10 +64,10 @@ constexpr std::array<Format, 11> kFormats{{
      LinesAs::Text,
      make<WMOFile>},
     {Needs::All, {"fileformat", "csv"}, LinesAs::Text, make<CsvFile>},
-    {Needs::All, {"data type:", "mirra"}, LinesAs::Text, nullptr},
+    {Needs::All, {"data type:", "mirra"}, LinesAs::Text, make<MirraFile>},
     {Needs::Any, {"ombra-t", "acs-t"}, LinesAs::Text, makeOmbra},
-    {Needs::All, {"vesta"}, LinesAs::Text, nullptr},
-    {Needs::All, {"pelo-t"}, LinesAs::Text, nullptr},
+    {Needs::All, {"vesta"}, LinesAs::Text, make<VestaFile>},
+    {Needs::All, {"pelo-t"}, LinesAs::Text, makePelo},
     {Needs::All, {"data type/direction:", "zor"}, LinesAs::Text, makeWithConfig<ZORFile>},
     {Needs::All, {"data type", "trove"}, LinesAs::Text, make<TroveFile>},
     {Needs::All, {"dropwindsonde"}, LinesAs::Text, makeWithConfig<FRDFile>},

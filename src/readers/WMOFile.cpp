@@ -8,10 +8,7 @@ WMOFile::WMOFile(std::string fileName, std::vector<std::string> messageLines)
     : SoundingFile(std::move(fileName), std::move(messageLines)) {
     valid();
     _soundingType = SoundingType::Wmo;
-    _WMOtrackingType = "08";
-    _WMOradCorrection = "0";
-    _WMOequipType = "8";
-    _WMOsondeType = "90";
+    takeWmoCodes("90");
     std::string text;
     for (const std::string& line : lines()) {
         text += line + "\n";

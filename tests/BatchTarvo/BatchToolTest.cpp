@@ -68,7 +68,7 @@ TEST(BatchTool, AnswersWithoutAFile) {
                                                "research-dropsonde\nsample\nupsonde-10s\nupsonde-1s\n");
     const Outcome formats = tool(folder, "--list-formats");
     EXPECT_EQ(formats.status, 0);
-    EXPECT_THAT(formats.out, AllOf(HasSubstr("qc-csv     NAMEQC.csv\n"), HasSubstr("qc-bfr     NAMEQC.bfr   (not")));
+    EXPECT_THAT(formats.out, AllOf(HasSubstr("qc-csv     NAMEQC.csv\n"), HasSubstr("qc-bfr     NAMEQC.bfr\n")));
 }
 
 TEST(BatchTool, TellsWrongUsage) {
@@ -81,7 +81,7 @@ TEST(BatchTool, TellsWrongUsage) {
         {"--no-such-option x", "--no-such-option"},
         {"--set nosuch x", "editsonde"},
         {"--formats nosuch x", "raw-csv"},
-        {"--formats qc-csv,qc-bfr x", "qc-bfr is not built yet"},
+        {"--bufr-tables . x", "no table_b_bufr"},
         {"--formats , x", "names no format"},
         {"--override NoSuchKey=1 x", "NoSuchKey"},
         {"--override PresOffset=two x", "PresOffset"},
@@ -123,6 +123,7 @@ TEST(BatchTool, ProcessesTheExamples) {
         }
         const bool late = names[i] == "D20220523_091501.3";
         EXPECT_EQ(line["error"].get<std::string>().find("late launch detect") != std::string::npos, late) << names[i];
+        EXPECT_FALSE(fs::exists(kExamples / (names[i] + "d"))) << "no descent was asked for";
     }
     EXPECT_TRUE(fs::exists(folder / "out/D20210801_120003QC.csv"));
 }
@@ -144,7 +145,8 @@ TEST(BatchTool, MakesTheSameBytesWhateverTheNumberOfJobs) {
     for (const char* run : {"1", "4"}) {
         tool(folder,
              std::string("--quiet --out out") + run + " --jobs " + run +
-                 " --formats raw-csv,qc-csv,raw-trv,qc-trv,raw-zor,qc-zor,qc-frd,raw-nc,qc-nc,wmo,levels,summary '" +
+                 " --formats "
+                 "raw-csv,qc-csv,raw-trv,qc-trv,raw-zor,qc-zor,qc-frd,raw-nc,qc-nc,qc-bfr,wmo,levels,summary '" +
                  kExamples.string() + "'",
              "TARVO_OVERRIDE_PROCESSING_TIME=1627819203");
     }
@@ -153,7 +155,85 @@ TEST(BatchTool, MakesTheSameBytesWhateverTheNumberOfJobs) {
         EXPECT_EQ(readFile(entry.path()), readFile(folder / "out4" / entry.path().filename()));
         ++compared;
     }
-    EXPECT_EQ(compared, 12 * static_cast<int>(exampleNames().size()));
+    EXPECT_EQ(compared, 13 * static_cast<int>(exampleNames().size()));
+}
+
+TEST(BatchTool, FindsTheBufrTables) {
+    const TemporaryFolder folder;
+    const std::string drop = "--formats qc-bfr '" + (kExamples / "D20210801_120003.1").string() + "'";
+    const fs::path resources = fs::path(TARVO_SOURCE_DIR) / "resources";
+    const std::string shipped = "'" + (resources / "tarvo.xml").string() + "' ";
+    EXPECT_EQ(tool(folder, "--config " + shipped + drop).status, 0) << "those of the program";
+
+    // Those beside the configuration file go before, the environment before them, and the option before all.
+    fs::copy_file(resources / "tarvo.xml", folder / "mine.xml");
+    writeFile(folder / "table_b_bufr", "damaged");
+    writeFile(folder / "table_d_bufr", "damaged");
+    const Outcome damaged = tool(folder, "--config mine.xml " + drop);
+    EXPECT_EQ(damaged.status, 1);
+    EXPECT_THAT(damaged.err, AllOf(HasSubstr("unable to finalize the BUFR template"), HasSubstr("can't be written")));
+    const std::string good = (resources / "bufr").string();
+    EXPECT_EQ(tool(folder, "--config mine.xml " + drop, "BUFR_TABLES='" + good + "'").status, 0);
+    EXPECT_EQ(tool(folder, "--config mine.xml --bufr-tables '" + good + "' " + drop, "BUFR_TABLES=. AFSISIO=.").status,
+              0);
+}
+
+TEST(BatchTool, ABufrProductThatFailsLeavesNothing) {
+    const TemporaryFolder folder;
+    const std::string drop = "--out out --formats qc-bfr '" + (kExamples / "D20210801_120003.1").string() + "'";
+    const Outcome outcome = tool(folder, drop, "BUFR_TABLES=/nonexistent");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.err, HasSubstr("The product can't be written: out/D20210801_120003QC.bfr"));
+    EXPECT_TRUE(fs::is_empty(folder / "out"));
+    fs::remove(folder / "out");
+    fs::create_directory_symlink("/proc", folder / "out"); // where nobody may write
+    EXPECT_EQ(tool(folder, drop).status, 1);
+}
+
+TEST(BatchTool, DrawsTheSkewT) {
+    const TemporaryFolder folder;
+    const std::string drop = "'" + (kExamples / "D20210914_043120.2").string() + "'";
+    const std::string size = " --override PlotPixelsX=640 --override PlotPixelsY=480 ";
+    const auto run = [&](const std::string& arguments) {
+        return tool(folder, "--quiet --formats skewt-svg,skewt-png" + size + arguments + " " + drop,
+                    "TARVO_OVERRIDE_PROCESSING_TIME=1627819203");
+    };
+    const auto product = [&](const char* out, const char* extension) {
+        return readFile(folder / out / (std::string("D20210914_043120skewt") + extension));
+    };
+    EXPECT_EQ(run("--out one").err, "");
+    EXPECT_EQ(run("--out two --jobs 2").status, 0);
+    const std::string svg = product("one", ".svg");
+    const std::string png = product("one", ".png");
+    EXPECT_THAT(svg, HasSubstr(" width=\"640\" height=\"480\">"));
+    EXPECT_EQ(png.substr(1, 3), "PNG");
+    EXPECT_EQ(png.substr(16, 8), std::string("\0\0\x02\x80\0\0\x01\xE0", 8)) << "640 by 480, in the header";
+    EXPECT_EQ(svg, product("two", ".svg"));
+    EXPECT_EQ(png, product("two", ".png"));
+    if (std::system("command -v xmllint >/dev/null") == 0) {
+        const std::string file = (folder / "one/D20210914_043120skewt.svg").string();
+        EXPECT_EQ(std::system(("xmllint --nonet --noout '" + file + "'").c_str()), 0);
+    }
+    // QC data where there are any: fewer than the raw ones of this file, by what the checks took out.
+    EXPECT_EQ(run("--out raw --override DoQC=0").status, 0);
+    const auto marks = [](const std::string& text) {
+        int count = 0;
+        for (std::size_t at = text.find("fill=\"red\"/>"); at != std::string::npos;
+             at = text.find("fill=\"red\"/>", at + 1)) {
+            ++count;
+        }
+        return count;
+    };
+    EXPECT_GT(marks(svg), 100);
+    EXPECT_GT(marks(product("raw", ".svg")), marks(svg));
+
+    for (const char* extension : {".svg", ".png"}) { // folders stand where the products should
+        fs::create_directories(folder / "full" / (std::string("D20210914_043120skewt") + extension) / "inside");
+    }
+    const Outcome full = run("--out full");
+    EXPECT_EQ(full.status, 1);
+    EXPECT_THAT(full.err, HasSubstr("skewt.png"));
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder / "full"), {}), 2) << "nothing half written";
 }
 
 TEST(BatchTool, AMessageOpensAgainWithTheSameLevels) {
@@ -188,6 +268,61 @@ TEST(BatchTool, AMessageOpensAgainWithTheSameLevels) {
     EXPECT_EQ(message.status, 1);
     EXPECT_THAT(message.err, HasSubstr("Without a coded message"));
     EXPECT_FALSE(fs::exists(folder / "out/D20210801_120003WMOWMO.txt"));
+}
+
+TEST(BatchTool, ProcessesTheDescentOfASoundingAsAFurtherFile) {
+    const TemporaryFolder folder;
+    fs::create_directory(folder / "in");
+    const char* const name = "pelo_updown_20220914.dat";
+    fs::copy(kExamples / name, folder / "in" / name);
+    const std::string run = "--set upsonde-1s --formats qc-csv --report - --override descendingPELO=true --out ";
+    // The second time the descent is among the inputs, and still processed after the ascent.
+    for (const std::string out : {"first", "second"}) {
+        const Outcome outcome = tool(folder, run + out + " in");
+        EXPECT_EQ(outcome.status, 0) << outcome.err;
+        EXPECT_THAT(outcome.err, HasSubstr("the descent of in/pelo_updown_20220914.dat, with the configuration set "
+                                           "descending-PELO\n"));
+        EXPECT_THAT(outcome.err, HasSubstr("2 of 2 files processed"));
+        const auto lines = reportLines(outcome.out);
+        ASSERT_EQ(lines.size(), 2u);
+        EXPECT_FALSE(lines[0].contains("derivedFrom"));
+        EXPECT_EQ(lines[1]["file"], "in/pelo_updown_20220914.datd");
+        EXPECT_EQ(lines[1]["derivedFrom"], "in/pelo_updown_20220914.dat");
+        EXPECT_EQ(lines[1]["set"], "descending-PELO");
+        EXPECT_THAT(lines[1]["products"], ElementsAre(out + "/pelo_updown_20220914_descentQC.csv"));
+        EXPECT_THAT(readFile(folder / out / "pelo_updown_20220914QC.csv"), HasSubstr("ConfigSetName,\"upsonde-1s\""));
+        const std::string descent = readFile(folder / out / "pelo_updown_20220914_descentQC.csv");
+        EXPECT_THAT(descent, HasSubstr("ConfigSetName,\"descending-PELO\""));
+        EXPECT_THAT(descent, HasSubstr("Ascending,\"false\""));
+        // QC has told where the descent began: the air's height at the smallest pressure, where the file says 4026.9.
+        const auto altitude = descent.find("\nAltitude,");
+        ASSERT_NE(altitude, std::string::npos);
+        EXPECT_NEAR(std::stod(descent.substr(altitude + 10)), 4022.0, 10.0);
+    }
+    const std::string derived = readFile(folder / "in/pelo_updown_20220914.datd");
+
+    // Without the item it is a file like any other; in a folder that can't be written there is none.
+    const Outcome plain = tool(folder, "--set upsonde-1s --formats qc-csv --report - --out plain in");
+    EXPECT_EQ(plain.status, 0) << plain.err;
+    EXPECT_EQ(reportLines(plain.out).size(), 2u);
+    EXPECT_THAT(plain.err, Not(HasSubstr("the descent of")));
+    fs::remove(folder / "in/pelo_updown_20220914.datd");
+    fs::permissions(folder / "in", fs::perms::owner_read | fs::perms::owner_exec);
+    const Outcome locked = tool(folder, run + "locked in");
+    EXPECT_EQ(locked.status, 0) << locked.err;
+    EXPECT_EQ(reportLines(locked.out).size(), 1u);
+    EXPECT_THAT(locked.err, HasSubstr("The descent can't be written: in/pelo_updown_20220914.datd"));
+    EXPECT_FALSE(fs::exists(folder / "in/pelo_updown_20220914.datd"));
+    fs::permissions(folder / "in", fs::perms::owner_all);
+
+    // What stands in its place and isn't ours stays, and is a file like any other.
+    writeFile(folder / "in/pelo_updown_20220914.datd", "a letter\n");
+    const Outcome foreign = tool(folder, run + "foreign in");
+    EXPECT_EQ(foreign.status, 1);
+    EXPECT_THAT(foreign.err, HasSubstr("was not made from this sounding"));
+    EXPECT_THAT(foreign.err, HasSubstr("1 of 2 files processed"));
+    EXPECT_EQ(readFile(folder / "in/pelo_updown_20220914.datd"), "a letter\n");
+    EXPECT_THAT(derived, HasSubstr("A00"));
 }
 
 TEST(BatchTool, BadInputCostsOnlyItself) {

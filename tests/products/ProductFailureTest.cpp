@@ -19,7 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const char* const kExtensions[] = {".trv", ".nc", ".csv", ".zor", ".frd"};
+const char* const kExtensions[] = {".trv", ".nc", ".csv", ".zor", ".frd", ".bfr"};
 
 /// As if the disk were full behind so many bytes of a file.
 class FullDisk {
@@ -47,7 +47,7 @@ protected:
 
     bool save(const fs::path& path, const std::string& filter) {
         return FileSaver::saveFile("V3.4.8", path.string(), filter, analysis.editor.getSndMetaData(true),
-                                   analysis.editor, columns, nullptr);
+                                   analysis.editor, columns, nullptr, TARVO_SOURCE_DIR "/resources/bufr");
     }
 
     TemporaryFolder folder;
@@ -79,7 +79,7 @@ TEST_F(ProductFailure, AFullDiskLeavesNothing) {
             }
         }
     }
-    EXPECT_EQ(folder.size(), 5);
+    EXPECT_EQ(folder.size(), static_cast<int>(std::size(kExtensions)));
 }
 
 TEST_F(ProductFailure, APlaceThatTakesNoFileIsTold) {

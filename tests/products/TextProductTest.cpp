@@ -249,7 +249,7 @@ TEST_F(TextProduct, TroveRowsRunUpward) {
             EXPECT_EQ(line.substr(100), " 99.0 99.0 99.0 99.0 99.0 99.0");
         }
     }
-    const std::string& withNulls = all(Trove, 1, launch(), true)[15];
+    const std::string withNulls = all(Trove, 1, launch(), true)[15];
     EXPECT_EQ(withNulls.substr(58), " 99.0  999.000 999.000 999.0 999.0 99999.0 99.0 99.0 99.0 99.0 99.0 99.0");
 }
 
@@ -272,7 +272,7 @@ TEST_F(TextProduct, ZorRowsKeepTheOrderOfTime) {
         EXPECT_EQ(line.substr(8, 12),
                   stringFormat(" 12 %2d", 7 + (row + 16) / 120) + stringFormat(" %5.2f", ((row + 16) % 120) / 2.0));
     }
-    const std::string& withNulls = all(Zor, 1, launch(), true)[14];
+    const std::string withNulls = all(Zor, 1, launch(), true)[14];
     EXPECT_EQ(withNulls.substr(85), "-999.00  -999.00 -999.000000 -999.000000  -999.00");
     SndMetaData midnight = launch();
     midnight.launchTime = utcSeconds(2026, 3, 6, 0, 0, 0);

@@ -1,6 +1,7 @@
 #include "OmbraText.h"
 #include "ReadText.h"
 #include "RowText.h"
+#include "UpsondeText.h"
 
 #include <gtest/gtest.h>
 
@@ -21,8 +22,23 @@ std::string ombra() {
            comment("Pre-launch Obs Data System/Time:", "AIMS, 11:59:58") + shortDrop();
 }
 
+std::string upsonde(const std::string& system) {
+    return joined({upsondeComment(system, "Project Name/Mission ID:", "TESTEX, Site A"),
+                   upsondeComment(system, "Sonde Dynamic Errors  (P,T,U):", "0.25"),
+                   upsondeComment(system, "Pre-launch Obs (lon,lat,alt):", "12.5 deg, 40.0 deg, 3 m"),
+                   upsondeLaunch(system), upsondeRecord(system, 0, 1000.0, "A00"), upsondeRecord(system, 1, 999.0),
+                   upsondeRecord(system, 2, 998.0)});
+}
+
+std::string mirra() {
+    std::string text = "Data Type: MIRRA\nProject a\nLaunch\nLaunch\nGMT Launch Time t: 2022, 02, 03, 11:30:05\n"
+                       "Sonde Type/ID/Sensor ID/Tx Freq: a b c d\nMet\nWinds\nPre-Launch\nSystem\n/\n/\nTime\nsec\n";
+    return text + "-----\n-1.0 1000 1 2\n0.0 999 1 2 3 4 5 6 7 8 9\n1.0 998 1 2 3 4 5 6 7 8 9\n";
+}
+
 std::vector<std::string> everyFormat() {
-    return {csv(), ombra(), troveText(), zorText(), frdText(), mw41Text()};
+    return {csv(),     ombra(),   upsonde("PELO"), upsonde("VESTA"), mirra(), troveText(),
+            zorText(), frdText(), mw41Text()};
 }
 
 /// Everything an owner of a reader asks for.
@@ -30,7 +46,7 @@ void use(SoundingFile& file) {
     const int n = file.sTime()->lastIndex();
     for (Series* series : {file.sPres(), file.sTdry(), file.sRh0(), file.sWdir(), file.sWspd(), file.sDz(), file.sLon(),
                            file.sLat(), file.sAlt(), file.sGpsalt(), file.sSats(), file.sRh1(), file.sRh2()}) {
-        ASSERT_TRUE(series->lastIndex() == n || file.soundingType() != SoundingType::Ombra);
+        ASSERT_TRUE(series->lastIndex() == n || file.soundingType() == SoundingType::Unknown);
     }
     file.unixLaunchObsTime();
     file.adjustErrStats(1.0);

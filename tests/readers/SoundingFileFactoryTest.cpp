@@ -9,6 +9,9 @@ std::string nameOfReader(const std::string& text) {
     if (!file) {
         return "none";
     }
+    if (file->platformType() == "KIVU VESTA") {
+        return "Vesta"; // of the type of Ombra
+    }
     const std::string name = SoundingTypeName(file->soundingType());
     return name == "Unknown" ? "Csv" : name;
 }
@@ -38,7 +41,10 @@ TEST(SoundingFileFactory, TellsTheFormatFromTheFirstTwoLines) {
         {"===\nDROPWINDSONDE", "Frd"},
         {"FLEDT\tMetadata", "Mw41"},
         {"OMBRA-D01\nACS-D01", "none"},
-        {"Data Type: MIRRA OMBRA-T01", "none"},
+        {"Data Type: MIRRA OMBRA-T01", "Mirra"},
+        {"x\nvesta PELO-T01", "Vesta"},
+        {"pelo-t dropwindsonde", "Pelo"},
+        {"PELO-D01", "none"},
         {"VESTA-T01 ombra-t", "Ombra"},
         {"\n\nFileFormat,CSV", "none"},
         {"\nFileFormat,CSV", "Csv"},

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QLoggingCategory>
+#include <clocale>
 
 namespace {
 
@@ -25,6 +26,7 @@ int main(int argc, char* argv[]) {
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication application(argc, argv);
+    std::setlocale(LC_NUMERIC, "C"); // Qt takes the user's; numbers in files have points, whatever the user's have
     qSetMessagePattern("%{category}.%{type}:%{file}@%{line} in %{function}: %{message}");
     qCInfo(mainCategory) << "Tarvo info console logging enabled.";
     qCDebug(mainCategory) << "Tarvo debug console logging enabled.";

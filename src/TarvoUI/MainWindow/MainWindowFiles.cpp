@@ -1,5 +1,6 @@
 // How the main window opens and closes files.
 
+#include "FileDialogKeys.h"
 #include "TarvoMainWindow.h"
 #include "TarvoViewController.h"
 #include "UiText.h"
@@ -7,6 +8,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QDragEnterEvent>
+#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMdiSubWindow>
@@ -40,6 +42,7 @@ void TarvoMainWindow::open() {
     _recentFiles.read();
     QFileDialog dialog(this, "Tarvo - Open Sounding File", directory, kOpenFilters);
     dialog.setFileMode(QFileDialog::ExistingFile);
+    reachFileTypesByKeys(dialog);
     dialog.selectNameFilter(configText("OpenFileSeleFilter"));
     const QString path = dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
     // Kept also when no file was chosen.
@@ -100,6 +103,7 @@ void TarvoMainWindow::processFile(const QString& path) {
         _recentFiles.write();
     }
     if (TarvoViewController* view = findView(path)) {
+        qCInfo(mainWindowLog) << "Open already:" << path;
         raiseWindow(subWindowOf(view));
         return;
     }
@@ -118,9 +122,9 @@ void TarvoMainWindow::raiseWindow(QMdiSubWindow* window) {
 }
 
 /// A reader may have made a second sounding out of its file. It is processed with the second active set, or with the
-/// first where the configuration has no second one.
+/// first where the configuration has no second one. One that couldn't be written is passed over.
 void TarvoMainWindow::processDerivedFile(const QString& derived) {
-    if (derived.isEmpty() || findView(derived) != nullptr || isFull(derived)) {
+    if (derived.isEmpty() || !QFileInfo::exists(derived) || findView(derived) != nullptr || isFull(derived)) {
         return;
     }
     const std::string first = _registry->getActive1SetName();
@@ -145,14 +149,17 @@ TarvoViewController* TarvoMainWindow::createViewsAndProcessFile(const QString& p
     if (_printer == nullptr) {
         _printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
     }
+    qCInfo(mainWindowLog) << "Opening" << path;
     auto* view = new TarvoViewController(_printer.get(), _soundingDB, *_statusAgent, this);
     QString message;
     if (!view->openFile(path, message)) {
+        qCWarning(mainWindowLog) << "Not opened:" << path << message;
         QMessageBox::critical(this, "File Open Error", message);
         delete view;
         return nullptr;
     }
     if (!message.isEmpty()) {
+        qCInfo(mainWindowLog) << "Opened with a warning:" << message;
         QMessageBox::warning(this, "File Open Warning", message);
     }
     connect(view->tabs(), &QTabWidget::currentChanged, this, &TarvoMainWindow::updateMenus);
@@ -166,7 +173,10 @@ TarvoViewController* TarvoMainWindow::createViewsAndProcessFile(const QString& p
     }
     showView(view);
     updateStatusBar(QString("File '%1' loaded.").arg(QFileInfo(path).fileName()), kLoadedMessage);
+    QElapsedTimer timer;
+    timer.start();
     view->process();
+    qCDebug(mainWindowLog) << "Processed in" << timer.elapsed() << "ms:" << path;
     updateMenus();
     _recentFiles.write();
     return view;

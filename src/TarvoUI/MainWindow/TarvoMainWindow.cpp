@@ -7,8 +7,9 @@
 #include "TarvoViewController.h"
 #include "UiText.h"
 
+#include <QApplication>
 #include <QCloseEvent>
-#include <QCoreApplication>
+#include <QContextMenuEvent>
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QKeyEvent>
@@ -36,6 +37,11 @@ const char* const kRecompute = "Recompute";
 
 } // namespace
 
+const QLoggingCategory& mainWindowLog() {
+    static const QLoggingCategory category("tarvo.mainwindow", QtWarningMsg);
+    return category;
+}
+
 TarvoMainWindow::TarvoMainWindow(QWidget* parent)
     : QMainWindow(parent), _mdiArea(new QMdiArea(this)), _recomputeIconA(":/tarvo_icons/recompute1.png"),
       _recomputeIconB(":/tarvo_icons/recompute2.png"),
@@ -55,6 +61,7 @@ TarvoMainWindow::TarvoMainWindow(QWidget* parent)
     makeToolBar();
     makeStatusBar();
     InitTarvoFiles files(TarvoSettings::kApplication);
+    qCInfo(mainWindowLog) << "Configuration file:" << TarvoSettings::configFile();
     connect(_mdiArea, &QMdiArea::subWindowActivated, this, &TarvoMainWindow::updateMenus);
     connect(this, &TarvoMainWindow::appFontSize, this, &TarvoMainWindow::setAppStyleSheet);
     updateMenus();
@@ -140,8 +147,10 @@ void TarvoMainWindow::updateStatusBar(const QString& message, int timeoutMs) {
     int doQC = 0;
     _configSet->intValue("DoQC", doQC);
     _modeLabel->setPixmap(doQC == 0 ? _letterV : _letterQ);
-    _modeLabel->setToolTip(doQC == 0 ? "Tarvo is in visualization mode (no QC is performed)"
-                                     : "Tarvo is in QC processing mode");
+    const QString mode =
+        doQC == 0 ? "Tarvo is in visualization mode (no QC is performed)" : "Tarvo is in QC processing mode";
+    _modeLabel->setToolTip(mode);
+    _modeLabel->setAccessibleName(mode);
 }
 
 void TarvoMainWindow::showConfigName() {
@@ -180,6 +189,7 @@ void TarvoMainWindow::recompute() {
         return;
     }
     stopFlash();
+    qCInfo(mainWindowLog) << "Recomputing" << view->currentFile();
     const Busy busy(_busy);
     view->process();
 }
@@ -188,7 +198,8 @@ void TarvoMainWindow::timerEvent(QTimerEvent* event) {
     if (event->timerId() == _autoOpenTimer) {
         killTimer(_autoOpenTimer);
         _autoOpenTimer = 0;
-        if (isOn("AutoFile") && _busy == 0) {
+        // Who was quicker than the timer isn't asked twice.
+        if (isOn("AutoFile") && _busy == 0 && activeView() == nullptr) {
             open();
         }
     } else if (event->timerId() == _recomputeTimer) {
@@ -199,7 +210,20 @@ void TarvoMainWindow::timerEvent(QTimerEvent* event) {
     }
 }
 
+/// Asks the widget that has the keys for its menu, as the menu key does, which many keyboards lack.
+void TarvoMainWindow::showContextMenu() {
+    if (QWidget* widget = QApplication::focusWidget()) {
+        const QPoint place = widget->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+        QContextMenuEvent request(QContextMenuEvent::Keyboard, place, widget->mapToGlobal(place));
+        QApplication::sendEvent(widget, &request);
+    }
+}
+
 void TarvoMainWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+        showContextMenu();
+        return;
+    }
     if (event->isAutoRepeat() || !event->modifiers().testFlag(Qt::ControlModifier)) {
         QMainWindow::keyPressEvent(event);
         return;
@@ -270,7 +294,8 @@ void TarvoMainWindow::about() {
 }
 
 void TarvoMainWindow::openDocument(const QString& path, const QString& failure) {
-    if (!QDesktopServices::openUrl(QUrl("file://" + path))) {
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(path))) {
+        qCWarning(mainWindowLog) << "No program opens" << path;
         QMessageBox::critical(this, "ERROR", failure);
     }
 }

@@ -8,11 +8,15 @@
 
 #include <QAction>
 #include <QLabel>
+#include <QLoggingCategory>
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QPrinter>
 #include <array>
 #include <memory>
+
+/// The log category tarvo.mainwindow, of which warnings and worse are on by default.
+const QLoggingCategory& mainWindowLog();
 
 class QMdiSubWindow;
 class QMimeData;
@@ -115,6 +119,7 @@ private:
     void fillMenuFile();
     void showConfigName();
     void stopFlash();
+    void showContextMenu();
     void openDocument(const QString& path, const QString& failure);
 
     QMdiArea* _mdiArea;

@@ -37,6 +37,8 @@ constexpr UserFile kUserFiles[] = {
     {":tarvo.xml", TarvoSettings::kXmlDir, "tarvo.xml", Treatment::Upgrade},
     {":/Docs/TarvoManual.pdf", TarvoSettings::kManual, "", Treatment::Refresh},
     {":TarvoConfigLog.txt", TarvoSettings::kConfigLog, "", Treatment::Refresh},
+    {":table_b_bufr", TarvoSettings::kBufrDir, "/table_b_bufr", Treatment::Refresh},
+    {":table_d_bufr", TarvoSettings::kBufrDir, "/table_d_bufr", Treatment::Refresh},
 };
 
 double versionOf(const QString& path) {

@@ -1,12 +1,15 @@
 #include "GridView.h"
 
+#include "FontWatch.h"
 #include "Listing.h"
+#include "RowHeight.h"
 #include "UiText.h"
 
-#include <QEvent>
+#include <QContextMenuEvent>
 #include <QFileInfo>
 #include <QFontMetrics>
 #include <QHeaderView>
+#include <QMenu>
 #include <QMessageBox>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -20,37 +23,52 @@ constexpr int kRowsToLookAt = 100; // for the width of a column
 GridView::GridView(std::vector<GridColumn> columns, bool withAttributes, int rowMargin, DocumentController* doc,
                    QPrinter* printer, QWidget* parent)
     : TarvoView(doc, printer, parent), _grid(new SeriesGrid(std::move(columns), withAttributes, this)),
-      _table(new QTableView(this)), _rowMargin(rowMargin), _topLabel(new QLabel(this)) {
+      _table(new QTableView(this)), _topLabel(new QLabel(this)) {
     _topLabel->setAlignment(Qt::AlignCenter);
     _topLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
     _table->setModel(_grid);
     _table->setObjectName("_grid");
     _table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     _table->setWordWrap(false);
-    _table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    _table->verticalHeader()->setMinimumSectionSize(1);
     _table->horizontalHeader()->setResizeContentsPrecision(kRowsToLookAt);
     _table->setTabKeyNavigation(false);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(_topLabel);
     layout->addWidget(_table);
+    fitRowsToFont(_table, rowMargin);
     fitToFont();
     for (QWidget* typed : {static_cast<QWidget*>(_table), static_cast<QWidget*>(_table->horizontalHeader())}) {
-        typed->installEventFilter(this);
+        new FontWatch(typed, [this] { fitToFont(); });
     }
+    _table->installEventFilter(this);
 }
 
-/// The size of the text is changed while the window is open.
 bool GridView::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FontChange) {
-        fitToFont();
+    if (watched == _table && event->type() == QEvent::ContextMenu && !_table->actions().isEmpty()) {
+        showMenu(*static_cast<QContextMenuEvent*>(event));
+        return true;
     }
     return TarvoView::eventFilter(watched, event);
 }
 
+/// One menu for all times: of entries that stood in a menu before, a screen reader hears nothing in a second one. Asked
+/// for by a key it stands below the cell that it is for.
+void GridView::showMenu(const QContextMenuEvent& request) {
+    if (_menu == nullptr) {
+        _menu = new QMenu(_table);
+        _menu->addActions(_table->actions());
+    }
+    QPoint place = request.globalPos();
+    if (request.reason() == QContextMenuEvent::Keyboard) {
+        const QModelIndex cell = _table->currentIndex();
+        _table->scrollTo(cell);
+        place = _table->viewport()->mapToGlobal(_table->visualRect(cell).bottomLeft());
+    }
+    _menu->exec(place);
+}
+
 void GridView::fitToFont() {
     const int height = QFontMetrics(_table->font()).height();
-    _table->verticalHeader()->setDefaultSectionSize(height + _rowMargin);
     _table->setIconSize({height, height});
     for (int column = 0; column < _grid->columnCount(); ++column) {
         _table->setColumnWidth(column, wantedWidth(column));
@@ -81,14 +99,12 @@ std::unique_ptr<QTextDocument> GridView::datalist() const {
 }
 
 int GridView::printPreview() {
-    setUpPage();
     const Words w = words();
     const auto listing = datalist();
     return previewText(listing.get(), w.listingTitle, w.listingHead, QString("Tarvo - Print Preview ") + w.title);
 }
 
 int GridView::print() {
-    setUpPage();
     const Words w = words();
     const auto listing = datalist();
     return printDoc(listing.get(), w.listingTitle, w.listingHead);

@@ -6,16 +6,19 @@
 #include <QLabel>
 #include <QTableView>
 
+class QContextMenuEvent;
+class QMenu;
+
 /// What the Raw and the QC tab have in common: the description above, a grid of series, its listing on paper, and
 /// saving its data.
 class GridView : public TarvoView {
     Q_OBJECT
 
 public:
-    bool eventFilter(QObject* watched, QEvent* event) override;
     int printPreview() override;
     int print() override;
     int save() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
     SeriesGrid* grid() const { return _grid; }
     QTableView* table() const { return _table; }
@@ -50,8 +53,9 @@ protected:
 
 private:
     void fitToFont();
+    void showMenu(const QContextMenuEvent& request);
     int wantedWidth(int column) const;
 
-    int _rowMargin;
     QLabel* _topLabel;
+    QMenu* _menu = nullptr; // of the cells, once it was asked for
 };

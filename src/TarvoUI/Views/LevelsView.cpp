@@ -7,18 +7,21 @@
 #include "LevelsCsv.h"
 #include "Listing.h"
 #include "Missing.h"
+#include "RowHeight.h"
 #include "Text.h"
 #include "UiText.h"
 #include "Wind.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QVBoxLayout>
 #include <array>
 
 namespace {
 
+constexpr int kRowMargin = 8; // pixels
 constexpr int kIndexColumn = 0;
 constexpr int kTypeColumn = 1;
 
@@ -94,6 +97,8 @@ LevelsView::LevelsView(DocumentController* doc, QPrinter* printer, QWidget* pare
     auto* right = new QLabel("   Disabled Levels are highlighted in red.", this);
     right->setObjectName("_levelsLabel_RightLabel");
     _levelsGrid->setObjectName("_levelsGrid");
+    _levelsGrid->setAccessibleName("Levels");
+    _levelsGrid->installEventFilter(this);
     auto* hints = new QHBoxLayout;
     hints->addStretch();
     hints->addWidget(left);
@@ -129,6 +134,7 @@ void LevelsView::initGrid() {
     _levelsGrid->setHorizontalHeaderLabels(headings);
     _levelsGrid->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     _levelsGrid->verticalHeader()->hide();
+    fitRowsToFont(_levelsGrid, kRowMargin);
     _levelsGrid->setSelectionMode(QAbstractItemView::NoSelection);
     _levelsGrid->setEditTriggers(QAbstractItemView::NoEditTriggers);
 }
@@ -208,6 +214,16 @@ void LevelsView::cellPressed(int row, int column) {
         field->setTag(!field->tag());
     }
     setLevelColor(row);
+}
+
+/// The space bar does what a press does, for who has no mouse.
+bool LevelsView::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != _levelsGrid || event->type() != QEvent::KeyPress ||
+        static_cast<QKeyEvent*>(event)->key() != Qt::Key_Space) {
+        return TarvoView::eventFilter(watched, event);
+    }
+    cellPressed(_levelsGrid->currentRow(), _levelsGrid->currentColumn());
+    return true;
 }
 
 void LevelsView::leavingView() {

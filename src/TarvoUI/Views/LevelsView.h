@@ -8,8 +8,8 @@
 class Level;
 class Levels;
 
-/// The level set. A press on a cell withdraws a level or one of its fields from coding, or takes it back; the message
-/// is coded anew when the user leaves the tab.
+/// The level set. A press on a cell, or the space bar on it, withdraws a level or one of its fields from coding, or
+/// takes it back; the message is coded anew when the user leaves the tab.
 class LevelsView : public TarvoView {
     Q_OBJECT
 
@@ -25,6 +25,9 @@ public:
 
 signals:
     void levelsChanged();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private slots:
     void cellPressed(int row, int column);

@@ -2,6 +2,7 @@
 
 #include "UiText.h"
 
+#include <QPainter>
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -88,6 +89,24 @@ int MainView::printPreview() {
 int MainView::print() {
     setUpPage();
     return printGrab("Tarvo - Print Main");
+}
+
+/// The whole form, also what large type has pushed out of sight, and no ground: paper has its own.
+QPixmap MainView::picture() {
+    const QRect form = _form->childrenRect();
+    const QSize head(_topLabel->sizeHint().width(), 2 * _topLabel->sizeHint().height());
+    const QSize size(std::max(form.width(), head.width()), head.height() + form.height());
+    const qreal dots = devicePixelRatioF();
+    QPixmap whole(size * dots);
+    whole.setDevicePixelRatio(dots);
+    const bool isDark = palette().color(QPalette::Window).lightness() < palette().color(QPalette::Text).lightness();
+    whole.fill(isDark ? palette().color(QPalette::Window) : Qt::white);
+    QPainter painter(&whole);
+    painter.setFont(_topLabel->font());
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(QRect(0, 0, size.width(), head.height()), Qt::AlignHCenter | Qt::AlignTop, _topLabel->text());
+    _form->render(&painter, {0, head.height()}, form, QWidget::DrawChildren);
+    return whole;
 }
 
 void MainView::update() {

@@ -22,6 +22,9 @@ public:
     int printPreview() override;
     int print() override;
 
+protected:
+    QPixmap picture() override;
+
 private slots:
     void misc();
     void recompute();
@@ -72,6 +75,7 @@ private:
 
     std::vector<Row> _rows;
     QLabel* _topLabel;
+    QWidget* _form;
     QLineEdit* _estTermAlt;
     QLineEdit* _estLaunchAlt;
     QLabel* _date;

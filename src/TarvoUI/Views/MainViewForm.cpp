@@ -41,17 +41,17 @@ MainView::MainView(DocumentController* doc, QPrinter* printer, QWidget* parent) 
     right->addWidget(makeHeightOverrides());
     right->addWidget(makeDropSurface());
     right->addStretch();
-    auto* form = new QWidget(this);
-    auto* columns = new QHBoxLayout(form);
+    _form = new QWidget(this);
+    auto* columns = new QHBoxLayout(_form);
     columns->addLayout(left);
     columns->addLayout(right);
     columns->addStretch();
     auto* scroll = new QScrollArea(this); // large type on a small screen
-    scroll->setWidget(form);
+    scroll->setWidget(_form);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->viewport()->setAutoFillBackground(false);
-    form->setAutoFillBackground(false);
+    _form->setAutoFillBackground(false);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(_topLabel);
     layout->addWidget(scroll);
@@ -111,10 +111,13 @@ void MainView::addRow(const MainViewRow& plan, QLineEdit* reported) {
             nullptr,           new NumberEdit(this), new QPushButton("Clear", this)};
     const QString quoted = QString(" \"%1\"").arg(plan.quoted);
     reported->setToolTip("Reported" + quoted);
+    reported->setAccessibleName(QString("Reported ") + plan.quoted);
     row.overrideEdit->setObjectName(plan.overrideName);
     row.overrideEdit->setToolTip("Override" + quoted);
+    row.overrideEdit->setAccessibleName(QString("Override ") + plan.quoted);
     row.clearButton->setObjectName(plan.clearName);
     row.clearButton->setToolTip("Clear" + quoted + " manual override");
+    row.clearButton->setAccessibleName(QString("Clear ") + plan.quoted);
     row.clearButton->setAutoDefault(false);
     if (plan.ignoreName != nullptr) {
         row.ignoreBox = new QCheckBox(this);
@@ -236,7 +239,9 @@ QGroupBox* MainView::makeHeightResults() {
     auto* box = new QGroupBox("Dropsonde Height Integration Results", this);
     box->setObjectName("_mainGroupBox_dhir");
     _estLaunchAlt = makeReadOnly("_estLaunchAlt");
+    _estLaunchAlt->setAccessibleName("Launch Altitude, Upward");
     _estTermAlt = makeReadOnly("_estTermAlt");
+    _estTermAlt->setAccessibleName("Low Altitude, Downward");
     auto* grid = new QGridLayout(box);
     grid->addWidget(new QLabel("Launch Altitude (m)", box), 0, 1);
     grid->addWidget(new QLabel("Low Altitude (m)     ", box), 0, 2);

@@ -5,6 +5,7 @@
 #include "FileSaver.h"
 #include "ProductColumns.h"
 #include "RevisionInfo.h"
+#include "TarvoSettings.h"
 
 #include <QHeaderView>
 #include <QMessageBox>
@@ -47,6 +48,7 @@ constexpr std::array<AutoFormat, 6> kAutoFormats{{
 QCView::QCView(DocumentController* doc, QPrinter* printer, QWidget* parent)
     : GridView(columnsOf(doc->editor()->ascending()), false, kRowMargin, doc, printer, parent) {
     setObjectName("QCView");
+    _table->setAccessibleName("QC data");
     _table->horizontalHeader()->setSectionsClickable(false);
     _table->verticalHeader()->setSectionsClickable(false);
 }
@@ -102,5 +104,6 @@ bool QCView::saveTo(const QString& path, const QString& filter) const {
     }
     return FileSaver::saveFile(RevisionInfo().text("REPO_REVISION"), path.toStdString(), filter.toStdString(),
                                _editor->getSndMetaData(true), *_editor, ProductColumns::qc(*_editor, *_configSet),
-                               _editor->levels());
+                               _editor->levels(),
+                               TarvoSettings().value(TarvoSettings::kXmlDir).toString().toStdString());
 }

@@ -69,6 +69,7 @@ bool isMarkable(int row, int column) {
 RawView::RawView(DocumentController* doc, QPrinter* printer, QWidget* parent)
     : GridView(kGridColumns, true, 0, doc, printer, parent) {
     setObjectName("RawView");
+    _table->setAccessibleName("Raw data");
     int doQC = 0;
     _configSet->intValue("DoQC", doQC);
     if (doQC != 0) {

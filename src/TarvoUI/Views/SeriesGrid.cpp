@@ -186,7 +186,7 @@ QVariant SeriesGrid::data(const QModelIndex& index, int role) const {
     if (!_withAttributes) {
         return {};
     }
-    if (role == Qt::ToolTipRole) {
+    if (role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole) {
         return tip(row, column);
     }
     if (isAttributeColumn(column)) {

@@ -55,6 +55,7 @@ SkewTView::SkewTView(DocumentController* doc, QPrinter* printer, QWidget* parent
     _unzoom->setAutoDefault(false);
     _skewtFrame = new QFrame(this);
     _skewtFrame->setObjectName("_skewtFrame");
+    _skewtFrame->setAccessibleName("Skew-T diagram");
     _skewtFrame->setFrameShape(QFrame::StyledPanel);
     _adapter = new skewt::SkewTAdapterQt(_skewtFrame, kAsParent, kAsParent, kSymbolSize, kResizeHoldOff);
     auto* inFrame = new QVBoxLayout(_skewtFrame);
@@ -120,14 +121,16 @@ void SkewTView::update() {
     const SkewTSource source = choice();
     const bool missing = (source == SkewTSource::QC && !_editor->QCready()) ||
                          (source == SkewTSource::Levels && _editor->levels() == nullptr);
-    if (missing || (source == _shown && _version == versionOf(source))) {
+    const SkewTSetup setup(*_configSet);
+    if (missing || (source == _shown && _version == versionOf(source) && setup == _setup)) {
         return;
     }
     _shown = source;
+    _setup = setup;
     _version = versionOf(source);
     _data = skewTData(*_editor, source);
     _adapter->setSkewT(nullptr);
-    _skewT = makeSkewT(*_adapter, _data, *_editor, SkewTSetup(*_configSet));
+    _skewT = makeSkewT(*_adapter, _data, *_editor, setup);
     _adapter->setSkewT(_skewT.get());
     _skewT->brandNewPlot();
 }
@@ -142,8 +145,10 @@ void SkewTView::unzoom() {
 }
 
 int SkewTView::printPreview() {
+    printNatively();
     QPrintPreviewDialog dialog(_printer, this);
     dialog.setWindowTitle("Tarvo - Print Preview Skew-T");
+    dialog.setMinimumSize(kPreviewWidth, kPreviewHeight);
     connect(&dialog, &QPrintPreviewDialog::paintRequested, this, &SkewTView::skewTPreview);
     dialog.exec();
     return 0;
@@ -154,6 +159,7 @@ void SkewTView::skewTPreview(QPrinter* printer) {
 }
 
 int SkewTView::print() {
+    printNatively();
     QPrintDialog dialog(_printer, this);
     dialog.setWindowTitle("Tarvo - Print Skew-T");
     if (dialog.exec() == QDialog::Accepted) {
@@ -168,18 +174,14 @@ int SkewTView::save() {
     for (const Format& format : kFormats) {
         filters << format.filter;
     }
-    QString name =
+    const QString name =
         getSaveFilename("Tarvo - Save Skew-T", filters.join(";;"), configText("SkewTPlotSaveDir"), "skewt", &filter);
     if (name.isEmpty()) {
+        QMessageBox::warning(this, "File Name Error", "Empty file name");
         return 0;
     }
     _configSet->set("SkewTPlotSaveDir", QFileInfo(name).path().toStdString());
     saveConfig();
-    for (const Format& format : kFormats) {
-        if (filter == format.filter && !name.endsWith(format.extension)) {
-            name += format.extension;
-        }
-    }
     if (!savePicture(name)) {
         QMessageBox::critical(this, "File Save Error", "Tarvo can't save the file.");
     }
@@ -190,7 +192,7 @@ int SkewTView::save() {
 /// whole diagram, however the tab is zoomed.
 bool SkewTView::savePicture(const QString& path) const {
     const SkewTSetup setup(*_configSet);
-    if (path.endsWith(".svg")) {
+    if (path.endsWith(".svg", Qt::CaseInsensitive)) {
         AtomicFile file(path.toStdString());
         if (!file.isOpen()) {
             return false;
@@ -203,7 +205,8 @@ bool SkewTView::savePicture(const QString& path) const {
     adapter.drawLines(_drawLines->isChecked());
     makeSkewT(adapter, _data, *_editor, setup)->brandNewPlot();
     return adapter.savePlot(path.toStdString(), setup.pixelsX, setup.pixelsY,
-                            path.endsWith(".jpeg") ? skewt::PlotFileType::Jpeg : skewt::PlotFileType::Png);
+                            path.endsWith(".jpeg", Qt::CaseInsensitive) ? skewt::PlotFileType::Jpeg
+                                                                        : skewt::PlotFileType::Png);
 }
 
 int SkewTView::autoSave() {

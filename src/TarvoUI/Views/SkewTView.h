@@ -51,6 +51,7 @@ private:
     skewt::SkewTAdapterQt* _adapter;
     std::unique_ptr<skewt::SkewT> _skewT;
     SkewTData _data;
+    SkewTSetup _setup;
     SkewTSource _shown = SkewTSource::Raw;
     int _version = -1;
 };

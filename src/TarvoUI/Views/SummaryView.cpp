@@ -10,6 +10,7 @@
 namespace {
 
 const char* const kTitle = "Summary";
+constexpr double kPrintedPoints = 10.0;
 
 } // namespace
 
@@ -19,6 +20,7 @@ SummaryView::SummaryView(DocumentController* doc, QPrinter* printer, QWidget* pa
     _topLabel->setObjectName("_summary_topLabel");
     _topLabel->setAlignment(Qt::AlignCenter);
     _text->setReadOnly(true);
+    _text->setAccessibleName("Summary");
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(_topLabel);
     layout->addWidget(_text);
@@ -42,7 +44,11 @@ void SummaryView::update() {
 }
 
 std::unique_ptr<QTextDocument> SummaryView::datalist() const {
-    return std::unique_ptr<QTextDocument>(_text->document()->clone());
+    std::unique_ptr<QTextDocument> listing(_text->document()->clone());
+    QFont font = listing->defaultFont();
+    font.setPointSizeF(kPrintedPoints); // whatever the size of the text on the screen
+    listing->setDefaultFont(font);
+    return listing;
 }
 
 int SummaryView::printPreview() {

@@ -1,5 +1,6 @@
 #include "TarvoView.h"
 
+#include "FileDialogKeys.h"
 #include "UiText.h"
 
 #include <QDir>
@@ -79,7 +80,8 @@ QString TarvoView::getRootFilename() const {
 /// dialog asked about isn't replaced without a question: empty when the user keeps it.
 QString TarvoView::withExtension(const QString& name, const QString& filter, const QString& title) {
     const QString extension = filter.section("(*", 1).section(')', 0, 0);
-    if (name.isEmpty() || extension.isEmpty() || name.endsWith(extension, Qt::CaseInsensitive)) {
+    if (name.isEmpty() || extension.isEmpty() || extension.contains('*') ||
+        name.endsWith(extension, Qt::CaseInsensitive)) {
         return name;
     }
     const QString whole = name + extension;
@@ -99,7 +101,18 @@ QString TarvoView::getSaveFilename(const QString& title, const QString& filter, 
     if (!folder.endsWith('/')) {
         folder += "/";
     }
-    const QString name =
-        QFileDialog::getSaveFileName(this, title, folder + getRootFilename() + suffix, filter, selectedFilter);
-    return withExtension(name, selectedFilter == nullptr ? QString() : *selectedFilter, title);
+    QFileDialog dialog(this, title, folder, filter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.selectFile(getRootFilename() + suffix);
+    reachFileTypesByKeys(dialog);
+    if (selectedFilter == nullptr) {
+        return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    }
+    dialog.selectNameFilter(*selectedFilter);
+    if (dialog.exec() != QDialog::Accepted) {
+        return {};
+    }
+    *selectedFilter = dialog.selectedNameFilter();
+    return withExtension(dialog.selectedFiles().value(0), *selectedFilter, title);
 }

@@ -3,6 +3,7 @@
 #include "DocumentController.h"
 
 #include <QLineEdit>
+#include <QPixmap>
 #include <QPrinter>
 #include <QString>
 #include <QTableWidget>
@@ -63,13 +64,20 @@ protected:
     bool printPages(QTextDocument* doc, const QString& title, const QString& subTitle);
     int printDoc(QTextDocument* doc, const QString& title, const QString& subTitle);
     void previewDoc(QTextDocument* doc, const QString& title, const QString& subTitle);
+    /// Before a print: a PDF file that was saved before isn't written once more.
+    void printNatively();
     int previewText(QTextDocument* doc, const QString& title, const QString& subTitle, const QString& dialogTitle);
     int saveDoc(QTextDocument* doc, const QString& title, const QString& subTitle);
+
+    static constexpr int kPreviewWidth = 750; ///< the least, pixels
+    static constexpr int kPreviewHeight = 600;
 
     // Printing of the tab as it looks.
     int printGrab(const QString& dialogTitle);
     int previewGrab(const QString& dialogTitle);
     void paintGrab(QPrinter* printer);
+    /// What is printed of it.
+    virtual QPixmap picture() { return grab(); }
 
     TarvoConfigSet* _configSet;
     DocumentController* _doc;
@@ -89,6 +97,6 @@ private:
     };
 
     QString withExtension(const QString& name, const QString& filter, const QString& title);
-    void printNatively();
+    void setUpText();
     void paintPage(QPainter& painter, QTextDocument* doc, const PageTexts& texts, int page);
 };

@@ -1,5 +1,6 @@
 // How the tabs come onto paper.
 
+#include "AtomicFile.h"
 #include "Listing.h"
 #include "TarvoView.h"
 #include "UiText.h"
@@ -22,8 +23,6 @@ constexpr double k2Cm = 0.78740294;
 constexpr double k25Cm = 0.984253675;
 constexpr double k03Cm = 0.11811044100000001;
 
-constexpr int kPreviewWidth = 750;
-constexpr int kPreviewHeight = 600;
 constexpr int kRuleWidth = 10;
 constexpr double kTextMarginMm = 7.5; // the bands below stand in the middle of the paper with it
 constexpr double kTextPoints = 9.0;
@@ -156,14 +155,19 @@ void TarvoView::paintPage(QPainter& painter, QTextDocument* doc, const PageTexts
     painter.restore();
 }
 
-/// A PDF file that was saved before isn't written once more.
 void TarvoView::printNatively() {
     _printer->setOutputFormat(QPrinter::NativeFormat);
     _printer->setOutputFileName(QString());
 }
 
-int TarvoView::printDoc(QTextDocument* doc, const QString& title, const QString& subTitle) {
+/// Texts stand upright, whichever tab has used the printer before.
+void TarvoView::setUpText() {
     printNatively();
+    _printer->setPageOrientation(QPageLayout::Portrait);
+}
+
+int TarvoView::printDoc(QTextDocument* doc, const QString& title, const QString& subTitle) {
+    setUpText();
     QPrintDialog dialog(_printer, this);
     dialog.setWindowTitle("Tarvo Print Document");
     if (dialog.exec() == QDialog::Accepted) {
@@ -178,7 +182,7 @@ void TarvoView::previewDoc(QTextDocument* doc, const QString& title, const QStri
 
 int TarvoView::previewText(QTextDocument* doc, const QString& title, const QString& subTitle,
                            const QString& dialogTitle) {
-    printNatively();
+    setUpText();
     QPrintPreviewDialog dialog(_printer, this);
     dialog.setWindowTitle(dialogTitle);
     dialog.setMinimumSize(kPreviewWidth, kPreviewHeight);
@@ -201,9 +205,11 @@ int TarvoView::saveDoc(QTextDocument* doc, const QString& title, const QString& 
         _configSet->set("WmoSaveDir", QFileInfo(name).path().toStdString());
         saveConfig();
     }
+    setUpText();
+    AtomicFile file(name.toStdString());
     _printer->setOutputFormat(QPrinter::PdfFormat);
-    _printer->setOutputFileName(name);
-    if (!printPages(doc, title, subTitle)) {
+    _printer->setOutputFileName(toQString(file.temporaryPath()));
+    if (!file.isOpen() || !printPages(doc, title, subTitle) || !file.commit()) {
         QMessageBox::critical(this, "File Save Error", "Tarvo can't save the file.");
     }
     printNatively();
@@ -231,11 +237,11 @@ int TarvoView::previewGrab(const QString& dialogTitle) {
 }
 
 void TarvoView::paintGrab(QPrinter* printer) {
-    const QPixmap pixmap = grab();
+    const QPixmap pixmap = picture();
     QPainter painter(printer);
     const QRect viewport = painter.viewport();
     const QSize size = pixmap.size().scaled(viewport.size(), Qt::KeepAspectRatio);
     painter.setViewport(viewport.x(), viewport.y(), size.width(), size.height());
     painter.setWindow(pixmap.rect());
-    painter.drawPixmap(0, 0, pixmap);
+    painter.drawPixmap(pixmap.rect(), pixmap); // also one of a dense screen fills its place
 }

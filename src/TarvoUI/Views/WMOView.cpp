@@ -3,6 +3,7 @@
 #include "AtomicFile.h"
 #include "AutoSaveDirectory.h"
 #include "Listing.h"
+#include "RowHeight.h"
 #include "Trailer.h"
 #include "UiText.h"
 #include "WMO.h"
@@ -19,10 +20,12 @@
 
 namespace {
 
+constexpr int kRowMargin = 8; // pixels
 constexpr int kColumns = 11;
-constexpr int kPiece = 65;     // characters, that one cell shows of a group
-constexpr int kFitsInCell = 6; // characters
-constexpr int kInserted = 1;   // the mark of a group that was put in here
+constexpr int kCountsApart = 24; // pixels
+constexpr int kPiece = 65;       // characters, that one cell shows of a group
+constexpr int kFitsInCell = 6;   // characters
+constexpr int kInserted = 1;     // the mark of a group that was put in here
 const char* const kTitle = "WMO";
 
 QColor colorOf(const WMOcodeGroup& group) {
@@ -44,11 +47,13 @@ WMOView::WMOView(DocumentController* doc, QPrinter* printer, QWidget* parent)
     _originalGroups->setObjectName("_originalGroups");
     _modifiedGroups->setObjectName("_modifiedGroups");
     _table->setObjectName("_table");
+    _table->setAccessibleName("WMO message");
     _table->setColumnCount(kColumns);
     _table->setShowGrid(false);
     _table->horizontalHeader()->hide();
     _table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     _table->verticalHeader()->hide();
+    fitRowsToFont(_table, kRowMargin);
     _table->setSelectionMode(QAbstractItemView::SingleSelection);
     _table->setEditTriggers(QAbstractItemView::NoEditTriggers);
 
@@ -60,12 +65,16 @@ WMOView::WMOView(DocumentController* doc, QPrinter* printer, QWidget* parent)
     buttons->addWidget(makeButton("_delete", "Delete", &WMOView::deleteGroup));
     buttons->addWidget(makeButton("_email", "Email", &WMOView::email));
     buttons->addStretch();
-    buttons->addWidget(_originalGroups);
-    buttons->addWidget(_modifiedGroups);
+    auto* counts = new QHBoxLayout; // beside the buttons large type has no room for them
+    counts->addWidget(_originalGroups);
+    counts->addSpacing(kCountsApart);
+    counts->addWidget(_modifiedGroups);
+    counts->addStretch();
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(_topLabel);
     layout->addLayout(buttons);
     layout->addWidget(_table);
+    layout->addLayout(counts);
 }
 
 QPushButton* WMOView::makeButton(const char* name, const char* text, void (WMOView::*slot)()) {
@@ -286,6 +295,7 @@ bool WMOView::promptLine(const QString& title, const QString& label, const QStri
     QDialog dialog(this);
     dialog.setWindowTitle(title);
     auto* edit = new QLineEdit(value, &dialog);
+    edit->ensurePolished(); // the size of the text is that of the window
     const int characters = value.isEmpty() ? kEmptyWidth : static_cast<int>(value.size()) + kMoreWidth;
     edit->setFixedWidth(characters * edit->fontMetrics().horizontalAdvance('0'));
     auto* layout = new QHBoxLayout(&dialog);

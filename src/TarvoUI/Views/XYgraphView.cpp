@@ -1,5 +1,6 @@
 #include "XYgraphView.h"
 
+#include "AtomicFile.h"
 #include "GraphAdapterQwt.h"
 #include "UiText.h"
 
@@ -17,9 +18,7 @@
 namespace {
 
 constexpr double kPageMargin = 20.0; // mm
-constexpr int kPreviewWidth = 750;
-constexpr int kPreviewHeight = 600;
-constexpr int kNone = 0; // of the flags menu
+constexpr int kNone = 0;             // of the flags menu
 constexpr int kAll = 1;
 constexpr int kGridX = 1;
 constexpr int kGridY = 2;
@@ -266,6 +265,7 @@ void XYgraphView::xyPreview(QPrinter* printer) {
 }
 
 int XYgraphView::printPreview() {
+    printNatively();
     QPrintPreviewDialog dialog(_printer, this);
     dialog.setMinimumSize(kPreviewWidth, kPreviewHeight);
     connect(&dialog, &QPrintPreviewDialog::paintRequested, this, &XYgraphView::xyPreview);
@@ -274,8 +274,7 @@ int XYgraphView::printPreview() {
 }
 
 int XYgraphView::print() {
-    _printer->setOutputFormat(QPrinter::NativeFormat);
-    _printer->setOutputFileName(QString());
+    printNatively();
     QPrintDialog dialog(_printer, this);
     dialog.setWindowTitle("Tarvo - Print XY Graph");
     if (dialog.exec() == QDialog::Accepted) {
@@ -291,7 +290,7 @@ int XYgraphView::save() {
         return 0;
     }
     QString filter = kPictureFormats[1].filter;
-    QString name =
+    const QString name =
         getSaveFilename("Tarvo - Save XY Plot", kPictureFilters, configText("XYPlotSaveDir"), "xyplot", &filter);
     if (name.isEmpty()) {
         QMessageBox::warning(this, "File Name Error", "Empty file name");
@@ -299,11 +298,6 @@ int XYgraphView::save() {
     }
     _configSet->set("XYPlotSaveDir", QFileInfo(name).path().toStdString());
     saveConfig();
-    for (const PictureFormat& format : kPictureFormats) {
-        if (filter == format.filter && !name.endsWith(format.extension)) {
-            name += format.extension;
-        }
-    }
     if (!writePicture(name, picture)) {
         QMessageBox::critical(this, "File Save Error", "Tarvo can't save the file.");
     }
@@ -311,13 +305,19 @@ int XYgraphView::save() {
 }
 
 bool XYgraphView::writePicture(const QString& path, const QPixmap& picture) {
+    AtomicFile file(path.toStdString());
+    if (!file.isOpen()) {
+        return false;
+    }
+    const QString temporary = toQString(file.temporaryPath());
     for (const PictureFormat& format : kPictureFormats) {
-        if (path.endsWith(format.extension) && format.format != nullptr) {
-            return picture.save(path, format.format);
+        if (path.endsWith(format.extension, Qt::CaseInsensitive) && format.format != nullptr) {
+            return picture.save(temporary, format.format) && file.commit();
         }
     }
     _printer->setOutputFormat(QPrinter::PdfFormat);
-    _printer->setOutputFileName(path);
+    _printer->setOutputFileName(temporary);
     xyPreview(_printer);
-    return QFileInfo(path).size() > 0;
+    printNatively();
+    return QFileInfo(temporary).size() > 0 && file.commit();
 }

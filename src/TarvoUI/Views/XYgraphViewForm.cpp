@@ -47,6 +47,7 @@ const char* const kFlagWords[] = {
 void XYgraphView::makeForm() {
     _xygraphFrame = new QFrame(this);
     _xygraphFrame->setObjectName("_xygraphFrame");
+    _xygraphFrame->setAccessibleName("XY graph");
     _plot = new QwtPlot(_xygraphFrame);
     auto* frameLayout = new QVBoxLayout(_xygraphFrame);
     frameLayout->setContentsMargins(0, 0, 0, 0);

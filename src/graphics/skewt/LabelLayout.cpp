@@ -8,7 +8,9 @@ namespace skewt {
 
 namespace {
 
-constexpr double kMargin = 1.0; // pixels around a text
+// Pixels around a text: beside it there is enough to keep two numbers apart.
+constexpr double kMarginX = 2.0;
+constexpr double kMarginY = 1.0;
 // How far a text may move, in its heights and widths.
 constexpr std::array<double, 7> kMovesDown{0.0, -0.5, 0.5, -1.0, 1.0, -1.5, 1.5};
 constexpr std::array<double, 5> kMovesRight{0.0, -0.5, 0.5, -1.0, 1.0};
@@ -49,8 +51,8 @@ LabelLayout::LabelLayout(const std::vector<PageText>& texts, double width, doubl
         const double high = PageStyle::kCapHeight * size;
         const Point anchor{text.at.x * width, height - text.at.y * height};
         const double share = text.alignment == Alignment::Left ? 0.0 : text.alignment == Alignment::Right ? 1.0 : 0.5;
-        place({true, anchor, anchor.x - share * wide - kMargin, anchor.y - high / 2.0 - kMargin, wide + 2.0 * kMargin,
-               high + 2.0 * kMargin});
+        place({true, anchor, anchor.x - share * wide - kMarginX, anchor.y - high / 2.0 - kMarginY,
+               wide + 2.0 * kMarginX, high + 2.0 * kMarginY});
     }
 }
 

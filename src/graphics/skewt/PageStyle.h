@@ -21,6 +21,8 @@ public:
     static constexpr double kDash = 4.0;
     static constexpr double kDashGap = 3.0;
     double traceWidth() const { return _traceWidth; }
+    /// Points of a trace that lie closer than this in both directions can't be told apart, pixels.
+    static constexpr double kSmallestStep = 0.25;
 
     /// The families of the type, the best first, as CSS has them.
     static constexpr const char* kFontFamilies = "Liberation Sans, Arial, Helvetica, sans-serif";

@@ -13,7 +13,8 @@ constexpr const char* kProlog = "<?xml version=\"1.0\" encoding=\"UTF-8\" standa
                                 "<!DOCTYPE svg PUBLIC \"-//W3C//DTD SVG 1.1//EN\"\n"
                                 "  \"http://www.w3.org/Graphics/SVG/1.1/DTD/svg11.dtd\">\n";
 constexpr const char* kNamespace = "http://www.w3.org/2000/svg";
-constexpr double kBaseSize = 4.0; // diameter of the base of a barb
+constexpr double kBaseSize = 4.0;  // diameter of the base of a barb
+constexpr double kMarkShare = 0.5; // of the width of a trace: marks that lie in its line don't make it ragged
 
 } // namespace
 
@@ -21,11 +22,11 @@ SkewTAdapterSVG::SkewTAdapterSVG(std::ostream& stream, int width, int height, in
     : _stream(stream), _width(std::max(width, 1)), _height(std::max(height, 1)), _style(_width, _height, fontSize) {}
 
 void SkewTAdapterSVG::addDp(double x, double y) {
-    _list.dp.push_back({{x, y}, kBlue, _style.traceWidth()});
+    _list.dp.push_back({{x, y}, kBlue, kMarkShare * _style.traceWidth()});
 }
 
 void SkewTAdapterSVG::addTdry(double x, double y) {
-    _list.tdry.push_back({{x, y}, kRed, _style.traceWidth()});
+    _list.tdry.push_back({{x, y}, kRed, kMarkShare * _style.traceWidth()});
 }
 
 void SkewTAdapterSVG::symbol(double x, double y, unsigned colour, SymType type) {
@@ -76,7 +77,7 @@ void SkewTAdapterSVG::begin() {
     _document += std::string("<svg \nxmlns=\"") + kNamespace + "\" viewBox=\"0 0 " + width + " " + height +
                  "\" version=\"1.0\" width=\"" + width + "\" height=\"" + height + "\">\n";
     _document += "<rect width=\"" + width + "\" height=\"" + height + "\" fill=\"white\"/>\n";
-    _document += std::string("<g font-family=\"") + PageStyle::kFontFamilies + "\">\n";
+    _document += std::string("<g font-family=\"") + PageStyle::kFontFamilies + "\" stroke-linejoin=\"round\">\n";
 }
 
 void SkewTAdapterSVG::path(const std::vector<Point>& points, unsigned colour, LineType type, double width) {
@@ -101,16 +102,26 @@ void SkewTAdapterSVG::path(const std::vector<Point>& points, unsigned colour, Li
 /// The data joined into a line, and their marks.
 void SkewTAdapterSVG::trace(const VectorPlus<Datum>& data) {
     if (data.size() > 1) {
-        std::vector<Point> points;
-        points.reserve(data.size());
-        for (const Datum& datum : data) {
-            points.push_back(datum.at);
-        }
-        path(points, data.front().colour, LineType::Solid, _style.traceWidth());
+        path(distinctPoints(data), data.front().colour, LineType::Solid, _style.traceWidth());
     }
     if (_marksPoints) {
         circles(data);
     }
+}
+
+/// The first, the last, and those between that can be told apart.
+std::vector<Point> SkewTAdapterSVG::distinctPoints(const VectorPlus<Datum>& data) const {
+    const auto isNear = [this](const Point& a, const Point& b) {
+        return std::abs(a.x - b.x) * _width < PageStyle::kSmallestStep &&
+               std::abs(a.y - b.y) * _height < PageStyle::kSmallestStep;
+    };
+    std::vector<Point> points;
+    for (std::size_t i = 0; i < data.size(); ++i) {
+        if (points.empty() || i + 1 == data.size() || !isNear(data[i].at, points.back())) {
+            points.push_back(data[i].at);
+        }
+    }
+    return points;
 }
 
 void SkewTAdapterSVG::circles(const VectorPlus<Datum>& data) {

@@ -46,6 +46,7 @@ private:
     void begin();
     void path(const std::vector<Point>& points, unsigned colour, LineType type, double width);
     void trace(const VectorPlus<Datum>& data);
+    std::vector<Point> distinctPoints(const VectorPlus<Datum>& data) const;
     void circles(const VectorPlus<Datum>& data);
     void title(const PageText& text, double size);
     void patch(const LabelLayout::Label& label);

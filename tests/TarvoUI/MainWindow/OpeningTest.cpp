@@ -2,6 +2,7 @@
 
 #include "DesktopTest.h"
 
+#include <algorithm>
 #include <filesystem>
 
 using testing::ElementsAre;
@@ -217,4 +218,42 @@ TEST_F(OpeningTest, TheHundredAndFirstIsRefused) {
     EXPECT_EQ(view().windowTitle(), "late.csv");
     trigger("_actionCloseAll");
     EXPECT_THAT(openFiles(), IsEmpty());
+}
+
+TEST_F(OpeningTest, DescentOpensByItselfWithTheSecondSet) {
+    const std::string name = "pelo_updown_20220914.dat";
+    std::filesystem::copy(example(name.c_str()), path(name));
+    start();
+    open(path(name));
+    EXPECT_THAT(openFiles(), ElementsAre(name)) << "the item is off";
+    EXPECT_FALSE(std::filesystem::exists(path(name + "d")));
+    trigger("_actionCloseAll");
+
+    configure("descendingPELO", 1.0);
+    answers.forget();
+    open(path(name));
+    EXPECT_THAT(openFiles(), ElementsAre(name, name + "d"));
+    EXPECT_EQ(view().windowTitle().toStdString(), name + "d");
+    EXPECT_EQ(view().configSet()->getSetName(), "descending-PELO");
+    ASSERT_FALSE(answers.boxes().empty());
+    const auto told = std::find_if(answers.boxes().begin(), answers.boxes().end(),
+                                   [](const auto& box) { return box.title == "Descending PELO Sounding Processing"; });
+    ASSERT_NE(told, answers.boxes().end());
+    EXPECT_EQ(told->icon, QMessageBox::Information);
+    EXPECT_EQ(told->text, "Tarvo will now process the descending PELO sounding '" + path(name + "d") +
+                              "' using configuration set 'descending-PELO'.");
+    EXPECT_EQ(RegistryXML(configFile(), "").getActive1SetName(), "editsonde") << "the first set is active again";
+    trigger("_actionCloseAll");
+
+    // Where it can't be written there is none, and nothing is said of it.
+    std::filesystem::remove(path(name + "d"));
+    std::filesystem::permissions(path(""), std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+    answers.forget();
+    open(path(name));
+    std::filesystem::permissions(path(""), std::filesystem::perms::owner_all);
+    EXPECT_THAT(openFiles(), ElementsAre(name));
+    for (const auto& box : answers.boxes()) {
+        EXPECT_NE(box.title, "Descending PELO Sounding Processing");
+        EXPECT_NE(box.title, "File Open Error");
+    }
 }

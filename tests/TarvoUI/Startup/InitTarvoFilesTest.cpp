@@ -16,6 +16,8 @@ namespace fs = std::filesystem;
 const QString kNoConfiguration = "Unable to open file: \"tarvo.xml\"\nTarvo will create a copy for you.";
 const QString kOldManual = "Your TarvoManual.pdf appears to be out of date. Tarvo will update it.";
 const QString kOldLog = "Your TarvoConfigLog.txt appears to be out of date. Tarvo will update it.";
+const QString kOldTableB = "Your table_b_bufr appears to be out of date. Tarvo will update it.";
+const QString kOldTableD = "Your table_d_bufr appears to be out of date. Tarvo will update it.";
 
 std::string shippedConfiguration() {
     return readFile(TARVO_SOURCE_DIR "/resources/tarvo.xml");
@@ -74,7 +76,7 @@ TEST(InitTarvoFiles, FirstRunInAnEmptyHomeMakesEverything) {
     const StartedProgram run(home.path());
 
     EXPECT_EQ(run.exitStatus(), 0);
-    EXPECT_EQ(run.boxTexts(), QStringList({kNoConfiguration, kOldManual, kOldLog}));
+    EXPECT_EQ(run.boxTexts(), QStringList({kNoConfiguration, kOldManual, kOldLog, kOldTableB, kOldTableD}));
     EXPECT_EQ(run.boxes()[0].title, "Tarvo File Open");
     EXPECT_EQ(run.boxes()[1].title, "Tarvo File Update");
     EXPECT_EQ(run.boxes()[1].icon, QMessageBox::Warning);
@@ -82,11 +84,14 @@ TEST(InitTarvoFiles, FirstRunInAnEmptyHomeMakesEverything) {
     EXPECT_EQ(readFile(files / "tarvo.xml"), shippedConfiguration());
     EXPECT_EQ(readFile(files / "TarvoConfigLog.txt"), readFile(TARVO_SOURCE_DIR "/resources/TarvoConfigLog.txt"));
     EXPECT_THAT(readFile(files / "TarvoManual.pdf"), StartsWith("%PDF-"));
-    for (const char* name : {"tarvo.xml", "TarvoConfigLog.txt", "TarvoManual.pdf"}) {
+    for (const char* name : {"table_b_bufr", "table_d_bufr"}) {
+        EXPECT_EQ(readFile(files / name), readFile(std::string(TARVO_SOURCE_DIR "/resources/bufr/") + name));
+    }
+    for (const char* name : {"tarvo.xml", "TarvoConfigLog.txt", "TarvoManual.pdf", "table_b_bufr", "table_d_bufr"}) {
         EXPECT_TRUE(ownerMayWrite(files / name)) << name;
     }
-    // Nothing but the three files and the settings: no unfinished copy stays.
-    EXPECT_EQ(std::distance(fs::directory_iterator(files), fs::directory_iterator()), 4);
+    // Nothing but the five files and the settings: no unfinished copy stays.
+    EXPECT_EQ(std::distance(fs::directory_iterator(files), fs::directory_iterator()), 6);
 }
 
 TEST(InitTarvoFiles, FirstRunWritesThePlacesIntoTheSettings) {

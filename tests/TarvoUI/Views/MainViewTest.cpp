@@ -2,6 +2,7 @@
 
 #include "OpenSounding.h"
 
+#include <QScrollArea>
 #include <QSignalSpy>
 #include <QtTest/QtTest>
 #include <gmock/gmock.h>
@@ -306,6 +307,23 @@ TEST(MainView, NumbersFitAtAnySizeOfTheText) {
         const auto* lon = tab.find<QLineEdit>("_lon");
         EXPECT_GE(lon->width(), lon->fontMetrics().horizontalAdvance("-118.3500") + 8) << points;
     }
+}
+
+TEST(MainView, IsPrintedWhole) {
+    struct Printed : MainView {
+        using MainView::MainView;
+        using MainView::picture;
+    };
+    OpenSounding sounding(OpenSounding::example(kFaulty));
+    Printed view(&sounding.doc, &sounding.printer, nullptr);
+    view.resize(300, 200);
+    view.show();
+    const auto* farthest = view.findChild<QWidget*>("_clearSfcAltOverride");
+    const QPoint corner =
+        farthest->mapTo(farthest->window()->findChild<QScrollArea*>()->widget(), farthest->rect().bottomRight());
+    EXPECT_GT(corner.x(), 300);
+    EXPECT_GT(view.picture().width(), corner.x());
+    EXPECT_GT(view.picture().height(), corner.y());
 }
 
 TEST(MainView, IsPrintedAcrossThePaper) {

@@ -8,6 +8,7 @@
 #include "WMO.h"
 #include "WMOView.h"
 
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QTextEdit>
 #include <QUrl>
@@ -37,9 +38,12 @@ void press(QTableWidget& grid, int row, int column) {
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, grid.visualItemRect(grid.item(row, column)).center());
 }
 
-/// Answers the next save dialog with a path.
-void saveAs(ModalAnswers& answers, const std::string& title, const fs::path& path) {
-    answers.operate(title, [path](QDialog& dialog) {
+/// Answers the next save dialog with a path, and a filter unless that stays as it is.
+void saveAs(ModalAnswers& answers, const std::string& title, const fs::path& path, const char* filter = nullptr) {
+    answers.operate(title, [path, filter](QDialog& dialog) {
+        if (filter != nullptr) {
+            static_cast<QFileDialog&>(dialog).selectNameFilter(filter);
+        }
         auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
         name->setText(QString::fromStdString(path.string()));
         dialog.accept();
@@ -84,6 +88,7 @@ protected:
     void answerPrompt(const std::string& title, const QString& text) {
         answers.operate(title, [text](QDialog& dialog) {
             auto* edit = dialog.findChild<QLineEdit*>();
+            EXPECT_GE(edit->width(), edit->fontMetrics().horizontalAdvance(QString(10, '0')));
             edit->selectAll();
             QTest::keyClicks(edit, text);
             QTest::keyClick(edit, Qt::Key_Return);
@@ -174,7 +179,7 @@ TEST_F(LevelsTab, SortingKeepsRowAndLevelTogether) {
 TEST_F(LevelsTab, SavesTheRowsInTheirOrder) {
     const TemporaryFolder folder;
     grid.sortByColumn(3, Qt::DescendingOrder);
-    saveAs(answers, "Tarvo - Save Levels", folder / "mine");
+    saveAs(answers, "Tarvo - Save Levels", folder / "mine", "All files(*.*)");
     view.save();
     const std::string text = readFile(folder / "mine.csv");
     EXPECT_THAT(text, testing::StartsWith("Fields,Index,Type,Time,Pres,Tdry,DPdep,RH,Wdir,Wspd,Wspd(kt),Alt\n"
@@ -211,6 +216,7 @@ TEST_F(WMOTab, LaysTheGroupsOutAsTheLinesHaveThem) {
 }
 
 TEST_F(WMOTab, GroupsAreChangedAndRestored) {
+    view.setStyleSheet("* {font-size:20pt}"); // the prompt is as large
     const int system = rowOf("31313");
     grid.setCurrentCell(system, 1);
     answerPrompt("Modify Code Group", "09999");
@@ -291,6 +297,25 @@ TEST_F(WMOTab, MailAndFileCarryTheMessage) {
     EXPECT_EQ(answers.boxes()[0].title, "Invalid Autosave Directory");
 }
 
+TEST(MessageTabs, HaveRoomForLargeType) {
+    OpenedSounding sounding(kExample);
+    LevelsView levels(&sounding.doc, &sounding.printer, nullptr);
+    WMOView message(&sounding.doc, &sounding.printer, nullptr);
+    for (TarvoView* view : std::initializer_list<TarvoView*>{&levels, &message}) {
+        view->update();
+        view->show();
+        for (const int points : {8, 20}) {
+            view->setStyleSheet(QString("* {font-size:%1pt}").arg(points));
+            QApplication::processEvents();
+            const auto* grid = view->findChild<QTableWidget*>();
+            const int type = QFontMetrics(grid->font()).height();
+            EXPECT_GE(grid->rowHeight(0), type) << points;
+            EXPECT_LT(grid->rowHeight(0), 2 * type) << points;
+            EXPECT_LE(view->minimumSizeHint().width(), 1200) << points;
+        }
+    }
+}
+
 TEST(SummaryTab, ListsTopicsWithTheirItems) {
     OpenedSounding sounding(kExample);
     SummaryView view(&sounding.doc, &sounding.printer, nullptr);
@@ -308,6 +333,12 @@ TEST(SummaryTab, ListsTopicsWithTheirItems) {
     view.autoSave();
     EXPECT_EQ(readFile(folder / "D20210801_120003Summary.txt"), text.toStdString() + "\n");
     saveAs(answers, "Tarvo - Save Summary", folder / "summary.pdf");
+    sounding.printer.setPageOrientation(QPageLayout::Landscape); // as the Main tab leaves it
     view.save();
     EXPECT_THAT(readFile(folder / "summary.pdf"), testing::StartsWith("%PDF"));
+    EXPECT_EQ(sounding.printer.pageLayout().orientation(), QPageLayout::Portrait);
+    saveAs(answers, "Tarvo - Save Summary", folder / "nowhere/summary.pdf");
+    view.save();
+    ASSERT_EQ(answers.boxes().size(), 1u);
+    EXPECT_EQ(answers.boxes()[0].text, "Tarvo can't save the file.");
 }

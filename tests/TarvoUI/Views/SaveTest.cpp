@@ -4,6 +4,7 @@
 #include "OpenSounding.h"
 #include "QCView.h"
 #include "RawView.h"
+#include "TarvoSettings.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -183,6 +184,20 @@ TEST(AutoSave, WritesEachFormatThatIsOnAndTellsOfEachFailure) {
     EXPECT_EQ(tab.answers.boxes().front().icon, QMessageBox::Warning);
     EXPECT_THAT(contentsOf(tab.folder), UnorderedElementsAre(StartsWith(" ==="), StartsWith("Data Type:"),
                                                              StartsWith("CDF\1"), StartsWith("FileFormat,CSV")));
+}
+
+TEST(AutoSave, BufrTakesItsTablesFromTheFolderOfTheConfiguration) {
+    SaveTab<QCView> tab;
+    tab.config.set("QCAutoSaveDir", tab.folder.path().string());
+    tab.config.set("QCAutoSaveFmtBufr", 1.0);
+    TarvoSettings().setValue(TarvoSettings::kXmlDir, tab.path("no such folder/"));
+    tab.view->autoSave();
+    EXPECT_THAT(tab.answers.texts(), ElementsAre("Tarvo can't save the file to format .bfr"));
+    EXPECT_EQ(tab.folder.size(), 0) << "no trace of what failed";
+    TarvoSettings().setValue(TarvoSettings::kXmlDir, TARVO_SOURCE_DIR "/resources/bufr/");
+    tab.view->autoSave();
+    EXPECT_THAT(readFile(tab.folder / "D20210914_043120QC.bfr"), testing::StartsWith("IUDA01 KWBC"));
+    EXPECT_EQ(tab.answers.texts().size(), 1U);
 }
 
 TEST(AutoSave, AFolderThatIsGoneIsReplacedByTheHomeOnce) {

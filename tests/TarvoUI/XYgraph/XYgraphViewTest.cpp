@@ -286,7 +286,9 @@ TEST_F(XYgraph, SavesPicturesByTheirExtension) {
     EXPECT_EQ(readFile(folder / "plot.jpeg").substr(0, 2), "\xff\xd8");
     saveAs(base + ".pdf", "PDF (*.pdf)");
     EXPECT_EQ(readFile(folder / "plot.pdf").substr(0, 5), "%PDF-");
-    EXPECT_EQ(folder.size(), 3);
+    saveAs(base + ".PNG", "PNG Image (*.png)");
+    EXPECT_EQ(readFile(folder / "plot.PNG").substr(1, 3), "PNG");
+    EXPECT_EQ(folder.size(), 4);
     std::string directory;
     window->activeView()->configSet()->text("XYPlotSaveDir", directory);
     EXPECT_EQ(directory, folder.path().string());

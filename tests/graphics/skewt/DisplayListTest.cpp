@@ -59,9 +59,9 @@ TEST(LabelLayout, whatHasRoomStays) {
         layoutOf({{{0.1, 0.5}, "-40", kBlue, Alignment::Right}, {{0.1, 0.5}, "12", kRed, Alignment::Left}});
     EXPECT_DOUBLE_EQ(labels[0].anchor.x, 100.0);
     EXPECT_DOUBLE_EQ(labels[0].anchor.y, 350.0);
-    // 10 pixels of size: two digits and a hyphen are 14.45 wide, a pixel is left around them.
-    EXPECT_NEAR(labels[0].left, 100.0 - 14.45 - 1.0, 0.01);
-    EXPECT_NEAR(labels[0].width, 16.45, 0.01);
+    // 10 pixels of size: two digits and a hyphen are 14.45 wide; two pixels are left beside them, one above.
+    EXPECT_NEAR(labels[0].left, 100.0 - 14.45 - 2.0, 0.01);
+    EXPECT_NEAR(labels[0].width, 18.45, 0.01);
     EXPECT_NEAR(labels[0].top, 350.0 - 3.6 - 1.0, 0.01);
     EXPECT_LT(std::abs(labels[1].anchor.x - 100.0) + std::abs(labels[1].anchor.y - 350.0), 12.0);
 }

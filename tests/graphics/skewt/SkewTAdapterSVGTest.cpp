@@ -91,8 +91,8 @@ TEST(SkewTAdapterSVG, dataAreMarkedAndJoined) {
     page.adapter.symbol(0.95, 0.1, kBlue, SymType::Base);
     const std::string svg = page.document();
     EXPECT_THAT(svg, HasSubstr("\"M 400 300\nL 200 150\" stroke=\"red\" stroke-width=\"1.5\" "));
-    EXPECT_THAT(svg, HasSubstr("<circle cx=\"400\" cy=\"300\" r=\"0.75\" stroke=\"none\" fill=\"red\"/>\n"));
-    EXPECT_THAT(svg, HasSubstr("<circle cx=\"100\" cy=\"0\" r=\"0.75\" stroke=\"none\" fill=\"blue\"/>\n"));
+    EXPECT_THAT(svg, HasSubstr("<circle cx=\"400\" cy=\"300\" r=\"0.38\" stroke=\"none\" fill=\"red\"/>\n"));
+    EXPECT_THAT(svg, HasSubstr("<circle cx=\"100\" cy=\"0\" r=\"0.38\" stroke=\"none\" fill=\"blue\"/>\n"));
     EXPECT_THAT(svg, HasSubstr("<circle cx=\"760\" cy=\"540\" r=\"2\" stroke=\"none\" fill=\"blue\"/>\n"));
     EXPECT_EQ(countOf(svg, "<path"), 1) << "a single dew point is no line";
 }
@@ -116,7 +116,7 @@ TEST(SkewTAdapterSVG, aWholeDiagram) {
     EXPECT_EQ(countOf(svg, "fill=\"red\">"), 10) << "labels of the isobars";
     EXPECT_EQ(countOf(svg, "stroke-width=\"1.75\""), 2) << "two traces";
     // The first sample: 1010 mb, 24 deg C. y is 0.016517, x 0.8 + y / 1.125.
-    EXPECT_THAT(svg, HasSubstr("<circle cx=\"748.04\" cy=\"641.4\" r=\"0.88\" stroke=\"none\" fill=\"red\"/>"));
+    EXPECT_THAT(svg, HasSubstr("<circle cx=\"748.04\" cy=\"641.4\" r=\"0.44\" stroke=\"none\" fill=\"red\"/>"));
 }
 
 TEST(SkewTAdapterSVG, sameBytesInEveryLocale) {

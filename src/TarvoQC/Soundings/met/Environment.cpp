@@ -26,6 +26,11 @@ bool checkTarvoFile(std::string& fullPath, const std::string& fileName, const st
     return static_cast<bool>(std::ifstream(fullPath));
 }
 
+void setBufrTables(const std::string& directory) {
+    unsetenv("AFSISIO"); // would win
+    setenv("BUFR_TABLES", directory.c_str(), 1);
+}
+
 void keepFreedMemory() {
     constexpr int kKept = 64 * 1024 * 1024;        // B
     constexpr int kFromTheHeap = 32 * 1024 * 1024; // B, the greatest block that the library allows for this

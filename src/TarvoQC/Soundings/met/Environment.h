@@ -14,6 +14,9 @@ void setTimeZone(const std::string& text);
 /// \p fullPath is the last place looked at either way.
 bool checkTarvoFile(std::string& fullPath, const std::string& fileName, const std::string& envVar);
 
+/// Makes \p directory the one that the BUFR tables are read from, whatever the environment said before.
+void setBufrTables(const std::string& directory);
+
 /// Lets the process keep the memory that it frees, up to 64 MiB. The splines of a long sounding take megabytes and give
 /// them back again and again, and fetching them from the system anew each time costs more than the fits.
 void keepFreedMemory();

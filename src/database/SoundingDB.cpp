@@ -1,0 +1,268 @@
+#include "SoundingDB.h"
+
+#include "SndMetaData.h"
+#include "Text.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <iostream>
+
+namespace {
+
+constexpr std::array<double, 21> kMandatoryPressures{1000, 925, 850, 700, 500, 400, 300, 250, 200, 150, 100,
+                                                     70,   50,  30,  20,  10,  7,   5,   3,   2,   1}; // mb
+constexpr double kPressureSlack = 0.1;                                                                 // mb
+
+const char* const kTexts = "filename, launchtime, platform, project, sondeId, comments, BSN, callSign, soundingType";
+
+} // namespace
+
+SoundingDB::SoundingDB(const std::string& path, int openFlags, const std::string& schema)
+    : SQLiteDB(path, true, openFlags) {
+    init();
+    exec("pragma foreign_keys = on");
+    if ((openFlags & SQLITE_OPEN_READWRITE) != 0) {
+        // With a write-ahead log a commit needn't wait for the disk: a power cut may cost the last soundings, which can
+        // be processed again, but never damages the file. Where no such log is possible SQLite keeps to its journal.
+        exec("pragma journal_mode = wal; pragma synchronous = normal;");
+    }
+    initLevels();
+    if (schema.empty()) {
+        return;
+    }
+    Transaction whole(*this); // another program may be laying it down too
+    if (!validate()) {
+        exec(schema);
+    }
+    whole.commit();
+}
+
+void SoundingDB::initLevels() {
+    int type = MANDATORY_1000;
+    for (const double pressure : kMandatoryPressures) {
+        _mandatory.emplace_back(static_cast<LEVEL_TYPE>(type++), pressure);
+    }
+    _types = {{LevelType::SurfaceThermo, SURFACE}, {LevelType::Layer150m, LAYER_150M},
+              {LevelType::DeepLayer, DEEP_LAYER},  {LevelType::MeanBLWind, MEAN_BL},
+              {LevelType::MaxWind, MAX_WIND},      {LevelType::TropopauseLevel, TROPOPAUSE}};
+    _fieldNames = {{PRES, "pres_mb"},  {TDRY, "tdry_degc"},   {DP, "dp_degc"},
+                   {WSPD, "wspd_mps"}, {WDIR, "wdir_degmet"}, {ALT, "alt_msl"}};
+}
+
+std::string SoundingDB::timestamp(int year, int month, int day, int hour, int minute, int second) {
+    std::string text = stringFormat("%04d", year);
+    const auto append = [&](const char* format, int value) { text += stringFormat(format, value); };
+    append("-%02d", month);
+    append("-%02d", day);
+    append("T%02d", hour);
+    append(":%02d", minute);
+    append(":%02d", second);
+    return text;
+}
+
+int SoundingDB::id(const std::string& fileName) {
+    prepare("select sounding_id from soundings where filename=?");
+    bind(1, fileName);
+    const int found = step() ? Integer(0) : -1;
+    finalize();
+    return found;
+}
+
+int SoundingDB::addSounding(const std::string& fileName, const SndMetaData& metaData, const std::string& soundingType) {
+    try {
+        Transaction whole(*this);
+        const int row = addRow(fileName, metaData, soundingType);
+        whole.commit();
+        return row;
+    } catch (const std::string& error) {
+        std::cout << "SoundingDB::" << __func__ << " line " << __LINE__ << ": " << error << std::endl;
+        return -1;
+    }
+}
+
+int SoundingDB::addRow(const std::string& fileName, const SndMetaData& metaData, const std::string& soundingType) {
+    const std::string launchTime =
+        timestamp(metaData.year, metaData.month, metaData.day, metaData.hour, metaData.min, metaData.sec);
+    int row = id(fileName);
+    if (row == -1) {
+        const std::array<std::string, 9> texts{fileName,
+                                               launchTime,
+                                               metaData.platformType + " " + metaData.platformId,
+                                               metaData.project + " " + metaData.flight,
+                                               metaData.sondeId,
+                                               metaData.comments,
+                                               metaData.BSN,
+                                               metaData.callSign,
+                                               soundingType};
+        prepare(std::string("insert into soundings (") + kTexts + ") values (?,?,?,?,?,?,?,?,?)");
+        int index = 0;
+        for (const std::string& text : texts) {
+            bind(++index, text);
+        }
+        step();
+        row = id(fileName);
+    } else {
+        prepare("update soundings set launchtime=? where sounding_id=?");
+        bind(1, launchTime);
+        bind(2, row);
+        step();
+    }
+    if (metaData.launchLat.avail(false) && metaData.launchLon.avail(false)) {
+        prepare("update soundings set lat_deg=?, lon_deg=? where sounding_id=?");
+        bind(1, metaData.launchLat.value());
+        bind(2, metaData.launchLon.value());
+        bind(3, row);
+        step();
+    }
+    return row;
+}
+
+void SoundingDB::deleteSounding(const std::string& fileName) {
+    const int row = id(fileName);
+    std::cout << "Delete sounding " << fileName << std::endl;
+    prepare("delete from soundings where sounding_id=?");
+    bind(1, row);
+    step();
+    finalize();
+}
+
+void SoundingDB::addLevelData(SOUNDING_FIELD field, double value) {
+    _pending.emplace_back(field, value);
+}
+
+SoundingDB::LEVEL_TYPE SoundingDB::levelTypeOf(double pressure, LevelType levelType) const {
+    if (levelType != LevelType::Standard) {
+        const auto found = _types.find(levelType);
+        return found == _types.end() ? SURFACE : found->second;
+    }
+    const auto found = std::find_if(_mandatory.begin(), _mandatory.end(), [&](const auto& each) {
+        return std::abs(each.second - pressure) <= kPressureSlack;
+    });
+    return found == _mandatory.end() ? SURFACE : found->first;
+}
+
+void SoundingDB::addLevel(int id, double pressure, LevelType levelType) {
+    const std::vector<std::pair<SOUNDING_FIELD, double>> values = std::move(_pending);
+    _pending.clear();
+    const int type = levelTypeOf(pressure, levelType);
+    prepare("select count(*) from levels where sounding_id=? and type=?");
+    bind(1, id);
+    bind(2, type);
+    const bool exists = step() && Integer(0) > 0;
+    if (exists && values.empty()) {
+        finalize();
+        return;
+    }
+    std::string names;
+    std::string marks;
+    std::string pairs;
+    for (const auto& [field, value] : values) {
+        const std::string& name = _fieldNames.at(field);
+        names += name + ", ";
+        marks += "?, ";
+        pairs += (pairs.empty() ? "" : ", ") + name + "=?";
+    }
+    prepare(exists ? "update levels set " + pairs + " where sounding_id=? and type=?"
+                   : "insert into levels (" + names + "sounding_id, type) values (" + marks + "?, ?)");
+    int index = 0;
+    for (const auto& [field, value] : values) {
+        bind(++index, value);
+    }
+    bind(++index, id);
+    bind(++index, type);
+    step();
+    finalize();
+}
+
+void SoundingDB::deleteLevels(int id) {
+    prepare("delete from levels where sounding_id=?");
+    bind(1, id);
+    step();
+    finalize();
+}
+
+SoundingDB::Sounding::Sounding(int wanted, SoundingDB& db) : id(wanted) {
+    db.prepare("select count(*) from soundings where sounding_id=?");
+    db.bind(1, id);
+    if (!db.step() || db.Integer(0) == 0) {
+        throw "SoundingDB: no sounding " + std::to_string(id) + " in " + db.dbPath();
+    }
+    db.prepare(std::string("select ") + kTexts + " from soundings where sounding_id=?");
+    db.bind(1, id);
+    db.step();
+    read(db, 0);
+    db.finalize();
+}
+
+SoundingDB::Sounding::Sounding(const SoundingDB& db) : id(db.Integer(0)) {
+    read(db, 1);
+}
+
+void SoundingDB::Sounding::read(const SoundingDB& db, int firstText) {
+    for (std::string* text :
+         {&filename, &launchTime, &platform, &project, &sondeId, &comments, &BSN, &callSign, &soundingType}) {
+        *text = db.Text(firstText++);
+    }
+}
+
+std::vector<SoundingDB::Sounding> SoundingDB::getSoundings() {
+    std::vector<Sounding> soundings;
+    prepare(std::string("select sounding_id, ") + kTexts + " from soundings order by sounding_id");
+    while (step()) {
+        soundings.push_back(Sounding(*this));
+    }
+    finalize();
+    return soundings;
+}
+
+SoundingDB::Levels SoundingDB::getLevels(int id) {
+    std::string names;
+    for (const auto& [field, name] : _fieldNames) {
+        names += ", " + name;
+    }
+    Levels levels;
+    prepare("select type" + names + " from levels where sounding_id=? order by type");
+    bind(1, id);
+    while (step()) {
+        StoredLevel level{static_cast<LEVEL_TYPE>(Integer(0)), {}};
+        int col = 0;
+        for (const auto& [field, name] : _fieldNames) {
+            if (!isNull(++col)) {
+                level.fields.emplace_back(field, Float(col));
+            }
+        }
+        levels.push_back(std::move(level));
+    }
+    finalize();
+    return levels;
+}
+
+bool SoundingDB::getLocation(int id, double& lat, double& lon) {
+    prepare("select lat_deg, lon_deg from soundings where sounding_id=?");
+    bind(1, id);
+    const bool known = step() && !isNull(0) && !isNull(1);
+    if (known) {
+        lat = Float(0);
+        lon = Float(1);
+    }
+    finalize();
+    return known;
+}
+
+void SoundingDB::clear() {
+    Transaction whole(*this);
+    prepare("select count(*) from soundings");
+    step();
+    std::cout << "Deleting all " << Integer(0) << " rows in soundings table." << std::endl;
+    finalize();
+    exec("delete from soundings;");
+    whole.commit();
+}
+
+bool SoundingDB::validate() {
+    const std::vector<std::string> names = table_names();
+    return std::find(names.begin(), names.end(), "soundings") != names.end();
+}

@@ -1,0 +1,43 @@
+#include "TarvoToBUFR_BC26.h"
+
+TarvoToBUFR_BC26::TarvoToBUFR_BC26() {
+    create_template({1081, 2017, 25061, 2191, 1023, 309053});
+    _actions = {
+        {1081, &TarvoToBUFR_BC26::bufr_001081_sernumber},
+        {2017, &TarvoToBUFR_BC26::bufr_002017_algorithms},
+        {25061, &TarvoToBUFR_BC26::bufr_025061_softwareid},
+        {2191, &TarvoToBUFR_BC26::bufr_002191_geocalc},
+        {1023, &TarvoToBUFR_BC26::bufr_001023_obsnum},
+        {309053, nullptr},
+        {301112, nullptr},
+        {1006, &TarvoToBUFR_BC26::bufr_001006_aircraftid},
+        {2011, &TarvoToBUFR_BC26::bufr_002011_sondetype},
+        {2013, &TarvoToBUFR_BC26::bufr_002013_solarcorr},
+        {2014, &TarvoToBUFR_BC26::bufr_002014_tracktech},
+        {2003, &TarvoToBUFR_BC26::bufr_002003_equiptype},
+        {301113, nullptr},
+        {8021, &TarvoToBUFR_BC26::bufr_008021_timesig},
+        {301011, nullptr},
+        {4001, &TarvoToBUFR_BC26::bufr_004001_year},
+        {4002, &TarvoToBUFR_BC26::bufr_004002_month},
+        {4003, &TarvoToBUFR_BC26::bufr_004003_day},
+        {301013, nullptr},
+        {4004, &TarvoToBUFR_BC26::bufr_004004_hour},
+        {4005, &TarvoToBUFR_BC26::bufr_004005_minute},
+        {4006, &TarvoToBUFR_BC26::bufr_004006_second},
+        {301114, nullptr},
+        {301021, nullptr},
+        {5001, &TarvoToBUFR_BC26::bufr_005001_lat},
+        {6001, &TarvoToBUFR_BC26::bufr_006001_lon},
+        {7030, nullptr},
+        {7031, nullptr},
+        {7007, &TarvoToBUFR_BC26::bufr_007007_relheight},
+        {33024, nullptr},
+        {101000, nullptr},
+        {31002, &TarvoToBUFR_BC26::bufr_031002_nplevels},
+        {303054, &TarvoToBUFR_BC26::bufr_303054_plevels},
+        {101000, nullptr},
+        {31001, nullptr},
+        {303051, nullptr},
+    };
+}

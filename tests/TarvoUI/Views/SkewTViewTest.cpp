@@ -1,0 +1,230 @@
+#include "SkewTView.h"
+
+#include "Levels.h"
+#include "ModalAnswers.h"
+#include "OpenedSounding.h"
+#include "TemporaryFolder.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QImage>
+#include <QLineEdit>
+#include <QtTest/QtTest>
+#include <gmock/gmock.h>
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+const char* const kSaveDialog = "Tarvo - Save Skew-T";
+
+class SkewTTab : public testing::Test {
+protected:
+    void SetUp() override { open(1); }
+    void open(int doQC) {
+        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+        sounding.config.set("DoQC", doQC);
+        sounding.config.set("PlotPixelsX", 640.0);
+        sounding.config.set("PlotPixelsY", 480.0);
+        view = std::make_unique<SkewTView>(&sounding.doc, &sounding.printer, nullptr);
+        view->resize(900, 700);
+        view->update();
+        view->show();
+        QCoreApplication::processEvents();
+    }
+    void click(const char* name) {
+        auto* button = view->findChild<QAbstractButton*>(name);
+        QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
+    }
+    bool isChecked(const char* name) const { return view->findChild<QAbstractButton*>(name)->isChecked(); }
+    bool isEnabled(const char* name) const { return view->findChild<QAbstractButton*>(name)->isEnabled(); }
+    void drag(int pixels) {
+        const QPoint from(300, 300);
+        const QPoint to = from + QPoint(pixels, pixels);
+        QTest::mousePress(view->diagram(), Qt::LeftButton, {}, from);
+        QTest::mouseRelease(view->diagram(), Qt::LeftButton, {}, to);
+    }
+    QImage picture() { return view->diagram()->grab().toImage(); }
+    void saveAs(const QString& filter, const QString& path) {
+        answers.operate(kSaveDialog, [=](QDialog& dialog) {
+            auto& asked = dynamic_cast<QFileDialog&>(dialog);
+            offered = asked.nameFilters().join(";;") + " " + asked.selectedNameFilter() + " " +
+                      asked.findChild<QLineEdit*>("fileNameEdit")->text();
+            asked.selectNameFilter(filter);
+            emit asked.filterSelected(filter);
+            asked.findChild<QLineEdit*>("fileNameEdit")->setText(path);
+            dialog.accept();
+        });
+        view->save();
+    }
+    QString path(const char* name) const { return QString::fromStdString((folder / name).string()); }
+    /// How many temperatures the diagram holds, by the document that the tab saves.
+    int temperatures() {
+        saveAs("SVG Image (*.svg)", path("count.svg"));
+        const std::string svg = readFile(folder / "count.svg");
+        std::filesystem::remove(folder / "count.svg");
+        int count = 0;
+        for (std::size_t at = svg.find("fill=\"red\"/>"); at != std::string::npos;
+             at = svg.find("fill=\"red\"/>", at + 1)) {
+            ++count;
+        }
+        return count;
+    }
+    int levelsWithTemperature() {
+        int count = 0;
+        for (const Level& level : sounding.editor().levels()->levels()) {
+            double p = 0.0;
+            double t = 0.0;
+            count += level.getFieldData(LFpres, p) && level.getFieldData(LFtdry, t) && p >= 100.0 && p <= 1050.0;
+        }
+        return count;
+    }
+
+    OpenedSounding sounding{"D20210914_043120.2"};
+    ModalAnswers answers;
+    TemporaryFolder folder;
+    std::unique_ptr<SkewTView> view;
+    QString offered;
+};
+
+} // namespace
+
+TEST_F(SkewTTab, ShowsTheDataChosen) {
+    EXPECT_TRUE(isChecked("_qcData"));
+    const int qc = temperatures();
+    click("_rawData");
+    const int raw = temperatures();
+    EXPECT_GT(raw, qc) << "what the checks took out";
+    click("_levelsData");
+    EXPECT_EQ(temperatures(), levelsWithTemperature());
+    EXPECT_LT(levelsWithTemperature(), qc / 4);
+    click("_qcData");
+    EXPECT_EQ(temperatures(), qc);
+}
+
+TEST_F(SkewTTab, WithoutQCThereIsRawOnly) {
+    const int qc = temperatures();
+    open(0);
+    EXPECT_TRUE(isChecked("_rawData") && isEnabled("_rawData"));
+    EXPECT_FALSE(isEnabled("_qcData") || isEnabled("_levelsData"));
+    click("_qcData");
+    EXPECT_GT(temperatures(), qc);
+}
+
+TEST_F(SkewTTab, ZoomsAndSwitchesWithoutNewData) {
+    const QImage whole = picture();
+    drag(20);
+    EXPECT_EQ(picture(), whole);
+    drag(21);
+    const QImage zoomed = picture();
+    EXPECT_NE(zoomed, whole);
+    for (const char* box : {"_markPoints", "_drawLines"}) {
+        click(box);
+        click(box);
+        EXPECT_EQ(picture(), zoomed) << box;
+    }
+    view->update();
+    EXPECT_EQ(picture(), zoomed) << "nothing has changed";
+    click("_unzoom");
+    EXPECT_EQ(picture(), whole);
+    click("_markPoints");
+    EXPECT_NE(picture(), whole);
+}
+
+TEST_F(SkewTTab, FollowsANewRunAndNewLimits) {
+    const QImage before = picture();
+    sounding.config.set("SkewTtmin", -60.0);
+    view->update();
+    const QImage colder = picture();
+    EXPECT_NE(colder, before);
+    sounding.config.set("TdryOffset", 5.0);
+    sounding.doc.process();
+    view->update();
+    EXPECT_NE(picture(), colder);
+}
+
+TEST_F(SkewTTab, SavesByTheExtensionInTheSizeAskedFor) {
+    const struct {
+        const char* filter;
+        const char* name;
+        const char* saved;
+    } cases[] = {
+        {"PNG Image (*.png)", "plot", "plot.png"},       {"PNG Image (*.png)", "other.png", "other.png"},
+        {"PNG Image (*.png)", "BIG.PNG", "BIG.PNG"},     {"JPEG Image (*.jpeg)", "plot", "plot.jpeg"},
+        {"JPEG Image (*.jpeg)", "x.jpeg", "x.jpeg"},     {"SVG Image (*.svg)", "plot", "plot.svg"},
+        {"SVG Image (*.svg)", "other.svg", "other.svg"},
+    };
+    drag(200); // a picture shows the whole diagram
+    for (const auto& c : cases) {
+        saveAs(c.filter, path(c.name));
+        const QString saved = path(c.saved);
+        if (saved.endsWith(".svg")) {
+            EXPECT_THAT(readFile(folder / c.saved), HasSubstr(" width=\"640\" height=\"480\">\n")) << c.saved;
+        } else {
+            EXPECT_EQ(QImage(saved, saved.endsWith(".jpeg") ? "JPEG" : "PNG").size(), QSize(640, 480)) << c.saved;
+        }
+    }
+    EXPECT_EQ(folder.size(), 7) << "and nothing beside them";
+    EXPECT_THAT(answers.texts(), IsEmpty());
+    EXPECT_EQ(offered.toStdString(), "JPEG Image (*.jpeg);;PNG Image (*.png);;SVG Image (*.svg) PNG Image (*.png) "
+                                     "D20210914_043120skewt");
+    std::string directory;
+    sounding.config.text("SkewTPlotSaveDir", directory);
+    EXPECT_EQ(directory, folder.path().string());
+}
+
+TEST_F(SkewTTab, TellsOfASaveThatFails) {
+    view->save(); // the dialog is given up
+    saveAs("PNG Image (*.png)", path("no/such/place.png"));
+    saveAs("SVG Image (*.svg)", path("no/such/place.svg"));
+    EXPECT_THAT(answers.texts(),
+                ElementsAre("Empty file name", "Tarvo can't save the file.", "Tarvo can't save the file."));
+    EXPECT_EQ(answers.boxes()[0].title, "File Name Error");
+    EXPECT_EQ(answers.boxes()[0].icon, QMessageBox::Warning);
+    EXPECT_EQ(folder.size(), 0);
+}
+
+TEST_F(SkewTTab, SavesByItself) {
+    sounding.config.set("QCAutoSaveDir", folder.path().string());
+    const std::string base = "D20210914_043120skewt";
+    const char* const items[] = {"SkewtAutoSaveFmtJpg", "SkewtAutoSaveFmtPng", "SkewtAutoSaveFmtSvg"};
+    for (const char* item : items) {
+        sounding.config.set(item, 0.0);
+    }
+    view->autoSave();
+    EXPECT_EQ(folder.size(), 0);
+    for (const char* item : items) {
+        sounding.config.set(item, 1.0);
+    }
+    QDir().mkpath(path((base + ".svg/inside").c_str())); // stands where the file should
+    view->autoSave();
+    EXPECT_EQ(QImage(path((base + ".jpeg").c_str()), "JPEG").size(), QSize(640, 480));
+    EXPECT_EQ(QImage(path((base + ".png").c_str()), "PNG").size(), QSize(640, 480));
+    EXPECT_EQ(folder.size(), 3);
+    EXPECT_THAT(answers.texts(), ElementsAre("Tarvo can't save the file to format .svg"));
+}
+
+TEST_F(SkewTTab, PrintsThroughItsDialogs) {
+    sounding.printer.setOutputFormat(QPrinter::PdfFormat);
+    sounding.printer.setOutputFileName(path("saved_before.pdf"));
+    bool wideEnough = false;
+    QString file = "?";
+    answers.operate("Tarvo - Print Preview Skew-T", [&](QDialog& dialog) {
+        wideEnough = dialog.minimumWidth() == 750 && dialog.minimumHeight() == 600;
+        file = sounding.printer.outputFileName();
+        dialog.reject();
+    });
+    view->printPreview();
+    EXPECT_TRUE(wideEnough);
+    EXPECT_EQ(file.toStdString(), "") << "the file of before isn't written once more";
+    answers.operate("Tarvo - Print Skew-T", [&](QDialog& dialog) {
+        dialog.findChild<QLineEdit*>("filename")->setText(path("print.pdf")); // without printers a file is what is left
+        dialog.accept();
+    });
+    view->print();
+    EXPECT_EQ(readFile(folder / "print.pdf").substr(0, 5), "%PDF-");
+    EXPECT_EQ(folder.size(), 1);
+    EXPECT_EQ(sounding.printer.pageLayout().orientation(), QPageLayout::Landscape);
+}

@@ -1,0 +1,313 @@
+// What another program reads in the BUFR messages is what went into them, to the resolution of the code.
+
+#include "EditorControl.h"
+#include "FileSaver.h"
+#include "Humidity.h"
+#include "Levels.h"
+#include "Missing.h"
+#include "ProductColumns.h"
+#include "RegistryXML.h"
+#include "ShippedConfiguration.h"
+#include "TarvoConfigSet.h"
+#include "TarvoToBUFR_BC25.h"
+#include "TarvoToBUFR_BC26.h"
+
+#include "TemporaryFolder.h"
+
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <gtest/gtest.h>
+#include <numeric>
+#include <sstream>
+
+namespace {
+
+namespace fs = std::filesystem;
+using C = ProductColumns;
+
+const fs::path kExamples = fs::path(TARVO_SOURCE_DIR) / "examples/data";
+const char* const kTables = TARVO_SOURCE_DIR "/resources/bufr";
+
+std::string outputOf(const std::string& command) {
+    std::string text;
+    FILE* pipe = popen((command + " 2>&1").c_str(), "r");
+    char part[4096];
+    for (std::size_t n = 0; (n = std::fread(part, 1, sizeof part, pipe)) > 0;) {
+        text.append(part, n);
+    }
+    return pclose(pipe) == 0 ? text : "failed: " + text;
+}
+
+bool hasDecoder() {
+    return outputOf("bufr_dump -V").rfind("failed", 0) != 0;
+}
+
+/// The elements of the sequence 303054, in its order, as the decoder names them.
+const std::vector<std::string> kElements{"timePeriod",
+                                         "extendedVerticalSoundingSignificance",
+                                         "pressure",
+                                         "nonCoordinateGeopotentialHeight",
+                                         "latitudeDisplacement",
+                                         "longitudeDisplacement",
+                                         "airTemperature",
+                                         "dewpointTemperature",
+                                         "windDirection",
+                                         "windSpeed"};
+/// Half of what the last digit of the code is worth; direction and flags are exact.
+const double kResolution[] = {0.5, 0.0, 5.0, 0.5, 0.5e-5, 0.5e-5, 0.005, 0.005, 0.0, 0.05};
+
+using Row = std::array<double, 10>;
+
+struct Decoded {
+    std::map<std::string, std::string> head; ///< the first value of each key
+    std::vector<Row> rows;
+};
+
+Decoded decode(const fs::path& path) {
+    Decoded decoded;
+    std::istringstream lines(outputOf("bufr_dump -p '" + path.string() + "'"));
+    std::size_t next = kElements.size();
+    for (std::string line; std::getline(lines, line);) {
+        const auto equals = line.find('=');
+        if (equals == std::string::npos) {
+            decoded.head["unexpandedDescriptors"] += line;
+            continue;
+        }
+        const std::string key = line.substr(line[0] == '#' ? line.find('#', 1) + 1 : 0);
+        const std::string name = key.substr(0, key.find('='));
+        const std::string value = line.substr(equals + 1);
+        if (name == kElements[0]) {
+            EXPECT_EQ(next, kElements.size());
+            decoded.rows.emplace_back();
+            next = 0;
+        }
+        if (next < kElements.size()) {
+            EXPECT_EQ(name, kElements[next]);
+            decoded.rows.back().at(next++) = value == "MISSING" ? kMissing : std::stod(value);
+        } else {
+            decoded.head.emplace(name, value);
+        }
+    }
+    return decoded;
+}
+
+/// A row before it is coded: the eight columns of BufrRows, and its flags.
+struct Sample {
+    Sample() { values.fill(kMissing); }
+    bool isEmpty() const {
+        return flags == 0 && std::all_of(values.begin(), values.end(), [](double v) { return v == kMissing; });
+    }
+    std::array<double, BufrRows::NumColumns> values;
+    std::uint32_t flags = 0;
+};
+using Samples = std::map<double, Sample>;
+
+const C::Column kColumns[] = {C::Pres, C::Tdry, C::RH, C::Wspd, C::Wdir, C::Lat, C::Lon, C::Alt};
+const LevelFieldId kFields[] = {LFpres, LFtdry, LFrh, LFwspd, LFwdir, LFlat, LFlon, LFalt};
+
+double meanOf(const std::vector<double>& values) {
+    return values.empty() ? kMissing : std::accumulate(values.begin(), values.end(), 0.0) / double(values.size());
+}
+
+Samples eachRow(const C& columns) {
+    Samples samples;
+    for (int row = 0; row < columns.nRows(); ++row) {
+        for (std::size_t i = 0; i < std::size(kColumns); ++i) {
+            samples[columns[C::Time][row]].values[i] = columns[kColumns[i]][row];
+        }
+    }
+    return samples;
+}
+
+Samples eachSecond(const C& columns) {
+    std::map<double, std::array<std::vector<double>, BufrRows::NumColumns>> seconds;
+    for (int row = 0; row < columns.nRows(); ++row) {
+        auto& all = seconds[std::max(-1.0, std::trunc(columns[C::Time][row]))]; // -0.25 is of second 0
+        const double wspd = columns[C::Wspd][row];
+        const double wdir = columns[C::Wdir][row] * M_PI / 180.0;
+        for (std::size_t i = 0; i < std::size(kColumns); ++i) {
+            const double value = columns[kColumns[i]][row];
+            if (kColumns[i] == C::Wspd || kColumns[i] == C::Wdir) {
+                if (wspd != kMissing && columns[C::Wdir][row] != kMissing) {
+                    all[i].push_back(wspd * (kColumns[i] == C::Wspd ? std::sin(wdir) : std::cos(wdir)));
+                }
+            } else if (value != kMissing) {
+                all[i].push_back(value);
+            }
+        }
+    }
+    Samples samples;
+    for (auto& [second, all] : seconds) {
+        std::transform(all.begin(), all.end(), samples[second].values.begin(), &meanOf);
+        double& u = samples[second].values[BufrRows::Wspd];
+        double& v = samples[second].values[BufrRows::Wdir];
+        if (u != kMissing) {
+            const double speed = std::hypot(u, v);
+            v = std::fmod(std::atan2(u, v) * 180.0 / M_PI + 360.0, 360.0);
+            u = speed;
+        }
+    }
+    return samples;
+}
+
+void takeLevels(const Levels& levels, bool wholeSeconds, Samples& samples) {
+    for (const Level& level : levels.sortByPres()) {
+        double time = 0.0;
+        if (level.empty() || !level.getFieldData(LFtime, time)) {
+            continue;
+        }
+        Sample& sample = samples[wholeSeconds ? std::floor(time) : time];
+        sample.flags |= BufrRows::flagsOf(level.levelType());
+        for (std::size_t i = 0; sample.flags != 0 && i < std::size(kFields); ++i) {
+            level.getFieldData(kFields[i], sample.values[i]);
+        }
+    }
+}
+
+/// What a row reads as when it is decoded.
+Row coded(double time, const Sample& sample, double lat, double lon) {
+    using R = BufrRows;
+    const auto& v = sample.values;
+    const auto known = [](double a, double result, double b = 0.0) {
+        return a == kMissing || b == kMissing ? kMissing : result;
+    };
+    const double dp = v[R::Tdry] == kMissing || v[R::RH] == kMissing ? kMissing : dewPt(v[R::Tdry], v[R::RH]);
+    return {time + 1.0,
+            static_cast<double>(sample.flags),
+            known(v[R::Pres], v[R::Pres] * 100.0),
+            v[R::Alt],
+            known(v[R::Lat], v[R::Lat] - lat, lat),
+            known(v[R::Lon], v[R::Lon] - lon, lon),
+            known(v[R::Tdry], v[R::Tdry] + 273.15),
+            known(dp, dp + 273.15),
+            known(v[R::Wdir], std::trunc(v[R::Wdir])),
+            v[R::Wspd]};
+}
+
+void expectRows(const std::vector<Row>& rows, const Samples& samples, bool ascending, double lat, double lon) {
+    std::vector<Row> expected;
+    for (const auto& [time, sample] : samples) {
+        if (!sample.isEmpty()) {
+            expected.insert(ascending ? expected.end() : expected.begin(), coded(time, sample, lat, lon));
+        }
+    }
+    ASSERT_EQ(rows.size(), expected.size());
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+        for (std::size_t i = 0; i < kElements.size(); ++i) {
+            ASSERT_NEAR(rows[row][i], expected[row][i], kResolution[i] + 1e-6) << "row " << row << " " << kElements[i];
+        }
+    }
+}
+
+std::string setOf(const std::string& example) {
+    return example.find("_up_") == std::string::npos ? "editsonde"
+           : example.rfind("polar", 0) == 0          ? "upsonde-10s"
+                                                     : "upsonde-1s";
+}
+
+} // namespace
+
+TEST(BufrDecoding, ExamplesComeBack) {
+    if (!hasDecoder()) {
+        GTEST_SKIP() << "bufr_dump is not installed";
+    }
+    unsetenv("AFSISIO");
+    unsetenv("BUFR_TABLES");
+    int ascending = 0;
+    int withoutLaunch = 0;
+    int examples = 0;
+    for (const auto& entry : fs::directory_iterator(kExamples)) {
+        SCOPED_TRACE(entry.path());
+        ++examples;
+        const auto registry = RegistryXML::fromText(shippedConfiguration(), setOf(entry.path().filename().string()));
+        TarvoConfigSet config(registry.get());
+        EditorControl editor(config, "V3.4.8");
+        std::ifstream stream(entry.path());
+        editor.getSounding(entry.path().string(), &stream);
+        editor.qcProcess();
+        editor.doLevels();
+        const SndMetaData meta = editor.getSndMetaData(true);
+        double lat = meta.launchLat.avail(false) ? meta.launchLat.value() : kMissing;
+        double lon = meta.launchLon.avail(false) ? meta.launchLon.value() : kMissing;
+        if (lat == kMissing || lon == kMissing) {
+            ASSERT_TRUE(editor.levels()->highestPos(lat, lon));
+            ++withoutLaunch;
+        }
+        const C columns = C::qc(editor, config);
+        ascending += meta.ascending;
+        for (const bool resampled : {true, false}) {
+            config.set("ResampleBufr", resampled ? 1.0 : 0.0);
+            config.set("BufrAddAbrHdr", resampled ? 1.0 : 0.0);
+            Samples samples = resampled ? eachSecond(columns) : eachRow(columns);
+            if (!meta.ascending) {
+                samples[-1.0].flags |= 0x08;
+            }
+            takeLevels(*editor.levels(), resampled, samples);
+
+            const TemporaryFolder folder;
+            ASSERT_TRUE(FileSaver::saveFile("", (folder / "a.bfr").string(), ".bfr", meta, editor, columns,
+                                            editor.levels(), kTables));
+            EXPECT_EQ(readFile(folder / "a.bfr").substr(0, 4), resampled ? "IUDA" : "BUFR");
+            const Decoded decoded = decode(folder / "a.bfr");
+            expectRows(decoded.rows, samples, meta.ascending, lat, lon);
+            EXPECT_GT(decoded.rows.size(), 300U);
+            const auto head = [&](const char* key) {
+                const auto found = decoded.head.find(key);
+                return found == decoded.head.end() ? std::string("absent") : found->second;
+            };
+            EXPECT_EQ(head("extendedDelayedDescriptorReplicationFactor"),
+                      " {" + std::to_string(decoded.rows.size()) + "}");
+            EXPECT_EQ(head("radiosondeSerialNumber"), '"' + meta.sondeId + '"');
+            // The dump has six digits only.
+            std::istringstream place(
+                outputOf("bufr_get -s unpack=1 -F%.6f -p latitude,longitude '" + (folder / "a.bfr").string() + "'"));
+            double codedLat = 0.0;
+            double codedLon = 0.0;
+            place >> codedLat >> codedLon;
+            EXPECT_NEAR(codedLat, lat, 0.5e-5 + 1e-9);
+            EXPECT_NEAR(codedLon, lon, 0.5e-5 + 1e-9);
+            EXPECT_EQ(head("height"),
+                      meta.launchAlt.avail(false) ? std::to_string(std::lround(meta.launchAlt.value())) : "MISSING");
+            EXPECT_EQ(head("minute"), std::to_string(meta.min));
+            EXPECT_EQ(head("typicalYear"), std::to_string(meta.year));
+            EXPECT_EQ(head("dataCategory"), "2");
+        }
+    }
+    EXPECT_EQ(examples, 9);
+    EXPECT_EQ(ascending, 2);
+    EXPECT_GT(withoutLaunch, 0);
+}
+
+TEST(BufrDecoding, AnyNumberOfRows) {
+    if (!hasDecoder()) {
+        GTEST_SKIP() << "bufr_dump is not installed";
+    }
+    unsetenv("AFSISIO");
+    unsetenv("BUFR_TABLES");
+    TarvoToBUFR::set_bufr_table_dir(kTables);
+    const TemporaryFolder folder;
+    for (const int n : {0, 1, 10000}) {
+        std::vector<double> column;
+        for (int i = 0; i < n; ++i) {
+            column.push_back(i * 0.01);
+        }
+        const double* c = column.data();
+        SndMetaData meta; // without a launch position
+        meta.year = 2021;
+        TarvoToBUFR_BC25 bufr;
+        ASSERT_TRUE(bufr.process(n, meta, {}, nullptr, c, c, c, c, c, c, c, c, c));
+        std::ofstream stream(folder / "a.bfr", std::ios::binary);
+        ASSERT_TRUE(bufr.save(&stream));
+        stream.close();
+        const Decoded decoded = decode(folder / "a.bfr");
+        ASSERT_EQ(decoded.rows.size(), static_cast<std::size_t>(n));
+        for (const auto& row : decoded.rows) {
+            const double value = column[static_cast<std::size_t>(&row - decoded.rows.data())];
+            ASSERT_NEAR(row[2], value * 100.0, 5.0 + 1e-6);
+            ASSERT_NEAR(row[6], value + 273.15, 0.005 + 1e-6);
+            ASSERT_EQ(row[4], kMissing);
+        }
+        EXPECT_EQ(decoded.head.at("latitude"), "MISSING");
+    }
+}
