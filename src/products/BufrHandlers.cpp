@@ -12,6 +12,9 @@
 
 namespace {
 
+/// What averaging as components takes off a direction of whole degrees, and more; it must not cost a degree.
+constexpr double kAveragingNoise = 1e-6;
+
 constexpr int kRadiosondeUnknownMaker = 9; // code tables of the WMO
 constexpr int kTrackingNotSpecified = 19;
 constexpr int kLaunchTimeSignificance = 18;
@@ -224,7 +227,7 @@ bool TarvoToBUFR::codeRowElement(bufr_desc* descriptor, std::size_t row) {
         return set(dp != kMissing, dp + kZeroCelsius);
     }
     case 11001:
-        return set(value(R::Wdir) != kMissing, std::trunc(value(R::Wdir)));
+        return set(value(R::Wdir) != kMissing, std::trunc(value(R::Wdir) + kAveragingNoise));
     case 11002:
         return set(value(R::Wspd) != kMissing, value(R::Wspd));
     default:

@@ -57,13 +57,14 @@ struct Format {
 };
 
 /// In order of precedence: a WMO group anywhere in the header makes a message of any file.
-constexpr std::array<Format, 11> kFormats{{
+constexpr std::array<Format, 12> kFormats{{
     {Needs::Any,
      {"uuaa", "uubb", "uucc", "uudd", "ttaa", "ttbb", "ttcc", "ttdd", "iiaa", "iibb", "iicc", "iidd", "xxaa", "xxbb",
       "xxcc", "xxdd"},
      LinesAs::Text,
      make<WMOFile>},
     {Needs::All, {"fileformat", "csv"}, LinesAs::Text, make<CsvFile>},
+    {Needs::All, {"data type/direction:", "zor sounding format"}, LinesAs::Text, makeWithConfig<ZORFile>},
     {Needs::All, {"data type:", "mirra"}, LinesAs::Text, make<MirraFile>},
     {Needs::Any, {"ombra-t", "acs-t"}, LinesAs::Text, makeOmbra},
     {Needs::All, {"vesta"}, LinesAs::Text, make<VestaFile>},
@@ -91,6 +92,13 @@ std::string lowerCaseHeader(const Lines& lines) {
     return header;
 }
 
+/// Our product says of which system the sounding is in the very line where other formats name themselves; the empty
+/// seventh line tells it from those.
+bool isTroveProduct(const std::string& header, const Lines& lines) {
+    constexpr std::size_t kEmptyLine = 6;
+    return isOf(kFormats.back(), header) && lines.size() > kEmptyLine && trimBoth(lines[kEmptyLine]) == "/";
+}
+
 } // namespace
 
 std::unique_ptr<SoundingFile> SoundingFileFactory::newSoundingFile(ConfigSet& config, std::string fileName,
@@ -100,8 +108,10 @@ std::unique_ptr<SoundingFile> SoundingFileFactory::newSoundingFile(ConfigSet& co
     }
     Lines lines = readLines(*stream);
     const std::string header = lowerCaseHeader(lines);
-    const auto format = std::find_if(kFormats.begin(), kFormats.end(),
-                                     [&](const Format& candidate) { return isOf(candidate, header); });
+    const auto* format = isTroveProduct(header, lines)
+                             ? &kFormats.back()
+                             : std::find_if(kFormats.begin(), kFormats.end(),
+                                            [&](const Format& candidate) { return isOf(candidate, header); });
     if (format == kFormats.end() || format->maker == nullptr) {
         return nullptr;
     }

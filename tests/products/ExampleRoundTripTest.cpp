@@ -1,5 +1,5 @@
-// Raw and QC data of every example, written as CSV, TROVE, ZOR and FRD, come back through the reader as they were, to the digits of the
-// format.
+// Raw and QC data of every example, written as CSV, TROVE, ZOR and FRD, come back through the reader as they were, to
+// the digits of the format.
 
 #include "EditorControl.h"
 #include "FileSaver.h"
@@ -118,6 +118,8 @@ std::string textOf(const char* digits, const ProductColumns& columns, C::Column 
     return stringFormat(digits, columns[column] == nullptr ? -999.0 : columns[column][row]);
 }
 
+constexpr double kFastestDz = 98.0; // m/s
+
 void expectSame(const Format& format, const ProductColumns& written, const ProductColumns& back,
                 const std::string& what) {
     const std::vector<int> rows = rowsFrom(format.earliest, written);
@@ -125,12 +127,16 @@ void expectSame(const Format& format, const ProductColumns& written, const Produ
     ASSERT_EQ(rows.size(), rowsBack.size()) << what;
     ASSERT_GT(rows.size(), 300U);
     for (const Cells& cells : format.cells) {
-        int differing = 0;
-        for (std::size_t i = 0; i < rows.size(); ++i) {
-            differing += textOf(cells.digits, written, cells.column, rows[i]) !=
-                         textOf(cells.digits, back, cells.back, rowsBack[i]);
+        std::string differing; // the first that does
+        for (std::size_t i = 0; i < rows.size() && differing.empty(); ++i) {
+            if (cells.column == C::Dz && written[C::Dz][rows[i]] > kFastestDz) {
+                continue; // reads as missing: a jump of the pressure at launch, no ascent
+            }
+            const std::string out = textOf(cells.digits, written, cells.column, rows[i]);
+            const std::string in = textOf(cells.digits, back, cells.back, rowsBack[i]);
+            differing = out == in ? "" : out + " became " + in + " at " + std::to_string(written[C::Time][rows[i]]);
         }
-        EXPECT_EQ(differing, 0) << what << ", column " << cells.column;
+        EXPECT_EQ(differing, "") << what << ", column " << cells.column;
     }
 }
 

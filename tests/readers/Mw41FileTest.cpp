@@ -8,10 +8,12 @@ using testing::Pair;
 
 namespace {
 
-const std::string kNotice = "- Vaisala MW41 files have already been QC checked and should not be reprocessed. Setting QC "
-                            "mode to pass through.\n";
+const std::string kNotice =
+    "- Vaisala MW41 files have already been QC checked and should not be reprocessed. Setting QC "
+    "mode to pass through.\n";
 
-std::unique_ptr<SoundingFile> readLines(const TextLines& pairs, const TextLines& table = {"Elapsed time", "s", "0", "1"}) {
+std::unique_ptr<SoundingFile> readLines(const TextLines& pairs,
+                                        const TextLines& table = {"Elapsed time", "s", "0", "1"}) {
     return readText(joined(with(with(with({"FLEDT\tmetadata"}, pairs), {""}), table)));
 }
 
@@ -36,15 +38,14 @@ TEST(Mw41File, TakesPairsAndTable) {
     EXPECT_EQ(file->unixLaunchObsTime(), 1643887807); // date -u -d '2022-02-03 11:30:07' +%s
     EXPECT_EQ(file->launchLat(), 40.0123);
     EXPECT_EQ(file->launchLon(), -999.0);
-    EXPECT_THAT(file->mw41metadata(),
-                ElementsAre(Pair("StationName", "Site A"), Pair("SondeSerialNumber", "R4520117"),
-                            Pair("BalloonReleaseDateAndTime", "2022-02-03T11:30:07"),
-                            Pair("ReasonForTermination", "Balloon burst")));
+    EXPECT_THAT(file->mw41metadata(), ElementsAre(Pair("StationName", "Site A"), Pair("SondeSerialNumber", "R4520117"),
+                                                  Pair("BalloonReleaseDateAndTime", "2022-02-03T11:30:07"),
+                                                  Pair("ReasonForTermination", "Balloon burst")));
     ASSERT_EQ(file->dataPoints(), 2);
     const std::pair<Series*, double> last[] = {
-        {file->sTime(), 10.0},  {file->sAlt(), 50.7},  {file->sPres(), 996.79}, {file->sTdry(), 2.76},
-        {file->sRh0(), 87.9},   {file->sDp(), 0.95},   {file->sWdir(), 201.8},  {file->sWspd(), 8.26},
-        {file->sDz(), 5.16},    {file->sLat(), 40.013}, {file->sLon(), -105.2341}, {file->sGpsalt(), 62.0},
+        {file->sTime(), 10.0}, {file->sAlt(), 50.7},   {file->sPres(), 996.79},   {file->sTdry(), 2.76},
+        {file->sRh0(), 87.9},  {file->sDp(), 0.95},    {file->sWdir(), 201.8},    {file->sWspd(), 8.26},
+        {file->sDz(), 5.16},   {file->sLat(), 40.013}, {file->sLon(), -105.2341}, {file->sGpsalt(), 62.0},
     };
     for (const auto& [series, value] : last) {
         ASSERT_EQ(series->lastIndex(), 1);
@@ -56,11 +57,11 @@ TEST(Mw41File, TakesPairsAndTable) {
 }
 
 TEST(Mw41File, TakesNumbersWithTheirUnitsAndHemispheres) {
-    const auto file = readLines({"Release point latitude\t12.5S", "Release point longitude\t 105.5 deg W \r",
-                                 "The Release point height from sea level (m)\t1.5 m", "Surface pressure\t99999.0 hPa",
-                                 "Surface temperature\t-3.5", "Surface relative humidity\t88 %",
-                                 "Surface wind speed\t8 m/s", "Surface wind direction\t200",
-                                 "Sonde type\tRS41", "Comments\tclear sky", "other  key\t v\t"});
+    const auto file =
+        readLines({"Release point latitude\t12.5S", "Release point longitude\t 105.5 deg W \r",
+                   "The Release point height from sea level (m)\t1.5 m", "Surface pressure\t99999.0 hPa",
+                   "Surface temperature\t-3.5", "Surface relative humidity\t88 %", "Surface wind speed\t8 m/s",
+                   "Surface wind direction\t200", "Sonde type\tRS41", "Comments\tclear sky", "other  key\t v\t"});
     EXPECT_EQ(file->launchLat(), -12.5);
     EXPECT_EQ(file->launchLon(), -105.5);
     EXPECT_EQ(file->launchAlt(), 1.5);

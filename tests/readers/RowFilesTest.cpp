@@ -22,10 +22,10 @@ std::vector<double> dataOf(SoundingFile& file, Series_ series) {
 /// One record: the first of time 0 or later, or of what is there.
 std::vector<double> recordOf(SoundingFile& file, int index) {
     std::vector<double> values;
-    for (const Series_ series : {&SoundingFile::sTime, &SoundingFile::sPres, &SoundingFile::sTdry, &SoundingFile::sRh0,
-                                 &SoundingFile::sWspd, &SoundingFile::sWdir, &SoundingFile::sDz, &SoundingFile::sLon,
-                                 &SoundingFile::sLat, &SoundingFile::sAlt, &SoundingFile::sGpsalt,
-                                 &SoundingFile::sSats}) {
+    for (const Series_ series :
+         {&SoundingFile::sTime, &SoundingFile::sPres, &SoundingFile::sTdry, &SoundingFile::sRh0, &SoundingFile::sWspd,
+          &SoundingFile::sWdir, &SoundingFile::sDz, &SoundingFile::sLon, &SoundingFile::sLat, &SoundingFile::sAlt,
+          &SoundingFile::sGpsalt, &SoundingFile::sSats}) {
         EXPECT_EQ((file.*series)()->time(index), file.sTime()->time(index));
         values.push_back((file.*series)()->data(index));
     }
@@ -99,13 +99,12 @@ TEST(TroveFile, NeedsItsHeader) {
 
 // The limits: at them a value stands, above it is missing; -999.0 and what isn't there are missing too.
 TEST(TroveFile, ValuesAboveTheLimitsAreMissing) {
-    const auto file = readText(joined(with(
-        troveHeader(),
-        {kTroveLaunch, "-0.1 1 1 1 1 1 1 1 1 1 1 1 1 1 1", // ahead of the launch
-         "0 9998.0 998.0 0 998.0 0 0 998.0 998.0 98.0 998.0 998.0 0 0 99998.9",
-         "1 9998.1 998.1 0 998.1 0 0 998.1 998.1 98.1 998.1 998.1 0 0 99999.0",
-         "2 -999.0 -999.0 0 x 0 0 nan 3.5m/s -99.0 -180 -90 0 0 100000.0 1 2 3 4 5 6 7 8", "3 1000", "   ",
-         "99999.0 1000 1 1 1 1 1 1 1 1 1 1 1 1 1"})));
+    const auto file = readText(
+        joined(with(troveHeader(), {kTroveLaunch, "-0.1 1 1 1 1 1 1 1 1 1 1 1 1 1 1", // ahead of the launch
+                                    "0 9998.0 998.0 0 998.0 0 0 998.0 998.0 98.0 998.0 998.0 0 0 99998.9",
+                                    "1 9998.1 998.1 0 998.1 0 0 998.1 998.1 98.1 998.1 998.1 0 0 99999.0",
+                                    "2 -999.0 -999.0 0 x 0 0 nan 3.5m/s -99.0 -180 -90 0 0 100000.0 1 2 3 4 5 6 7 8",
+                                    "3 1000", "   ", "99999.0 1000 1 1 1 1 1 1 1 1 1 1 1 1 1"})));
     const double m = -999.0;
     ASSERT_EQ(file->dataPoints(), 4);
     EXPECT_THAT(recordOf(*file, 0), ElementsAre(0, 9998, 998, 998, 998, 998, 98, 998, 998, 99998.9, m, m));
@@ -124,7 +123,8 @@ TEST(TroveFile, HasToGiveALaunchPressure) {
     EXPECT_TRUE(withLaunch("-1 -998.9 20")->isValid());
     EXPECT_EQ(withLaunch("-1 9998.5 998.5")->launchPres(), 9998.5); // not held to the limits
     // The marks of the product, for a launch that nobody observed.
-    const auto unknown = withLaunch("-1.0 9999.0 999.0 999.0 999.0 999.0 999.0 999.0 999.0 99.0 999.0 999.0 9 9 99999.0");
+    const auto unknown =
+        withLaunch("-1.0 9999.0 999.0 999.0 999.0 999.0 999.0 999.0 999.0 99.0 999.0 999.0 9 9 99999.0");
     EXPECT_TRUE(unknown->isValid());
     EXPECT_THAT(launchOf(*unknown), testing::Each(-999.0));
     EXPECT_FALSE(readText(joined(with(troveHeader(), {kTroveLaunch})))->isValid());
@@ -134,8 +134,8 @@ TEST(TroveFile, HasToGiveALaunchPressure) {
 TEST(TroveFile, ReadsTheProduct) {
     TextLines header = troveHeader();
     header[0] = "Data Type:                         Drops";
-    for (const auto& [line, sonde] : {std::pair{"Sonde Id:     204715063", "204715063"}, {"Sonde Id:     ", ""},
-                                      {"Sonde Id:     204 B", "B"}}) {
+    for (const auto& [line, sonde] :
+         {std::pair{"Sonde Id:     204715063", "204715063"}, {"Sonde Id:     ", ""}, {"Sonde Id:     204 B", "B"}}) {
         header[5] = line;
         header[8] = "/";
         const auto file = readText(joined(with(header, {"1.0 1002", "0.5 1001", "0.0 1000", kTroveLaunch})));
@@ -151,7 +151,8 @@ TEST(TroveFile, ReadsTheProduct) {
     EXPECT_EQ(readText(joined(with(header, {"1.0 1002"}))), nullptr);
 }
 
-// One bad time, or a row torn in the middle of its time, turns no file round; a launch row may stand ahead of a descent.
+// One bad time, or a row torn in the middle of its time, turns no file round; a launch row may stand ahead of a
+// descent.
 TEST(TroveFile, TurnsRoundWhatRunsBackward) {
     struct Case {
         TextLines rows;
@@ -196,8 +197,8 @@ TEST(ZORFile, TakesHeaderLaunchAndRecords) {
 
 TEST(ZORFile, NeedsItsHeader) {
     needsItsHeader(zorHeader(), {kZorLaunch, "0.00 12 0 3.00 449.99"},
-                   {"aData Type", "bFile Format", "bZOR Sounding Format", "cProject", "dLaunch", "eLaunch", "fUTC Launch",
-                    "gSonde Id", "hReference", "iOperator", "lTime", "msec", "n-------"});
+                   {"aData Type", "bFile Format", "bZOR Sounding Format", "cProject", "dLaunch", "eLaunch",
+                    "fUTC Launch", "gSonde Id", "hReference", "iOperator", "lTime", "msec", "n-------"});
 }
 
 TEST(ZORFile, HeaderPartsMayBeLeftOut) {
@@ -238,8 +239,8 @@ TEST(FRDFile, TakesHeaderAndRecords) {
     EXPECT_EQ(file->comments(), "clear sky; no wind");
     EXPECT_THAT(launchOf(*file), ElementsAre(400.0, -10.8, 92.9, 39.9, 141.0, -61.2, -17.9, -999.0, 7248.0));
     ASSERT_EQ(file->dataPoints(), 2);
-    EXPECT_THAT(recordOf(*file, 0), ElementsAre(-0.5, 400.0, 15.84, 34.6, 39.9, 140.0, -0.3, -61.201, -17.901, 7248.0,
-                                                -999.0, 7.0));
+    EXPECT_THAT(recordOf(*file, 0),
+                ElementsAre(-0.5, 400.0, 15.84, 34.6, 39.9, 140.0, -0.3, -61.201, -17.901, 7248.0, -999.0, 7.0));
 }
 
 TEST(FRDFile, NeedsItsHeader) {
@@ -254,8 +255,10 @@ TEST(FRDFile, ReadsWhatTheProductLeavesOut) {
     const auto file = readText(replaced(text, "AC1, N00XX", ""));
     EXPECT_THAT(launchOf(*file), ElementsAre(400.0, -10.8, 92.9, 39.9, 141.0, -999.0, -999.0, -999.0, 7248.0));
     EXPECT_EQ(file->platformType() + file->platformId(), "");
-    EXPECT_EQ(readText(replaced(frdText(), "204715063                RH", "2047150630123456789012345RH"))->launchRH(), 92.9);
-    EXPECT_EQ(readText(replaced(frdText(), "204715063                RH", "204715063                HU"))->launchRH(), 92.9);
+    EXPECT_EQ(readText(replaced(frdText(), "204715063                RH", "2047150630123456789012345RH"))->launchRH(),
+              92.9);
+    EXPECT_EQ(readText(replaced(frdText(), "204715063                RH", "204715063                HU"))->launchRH(),
+              92.9);
     EXPECT_EQ(readText(replaced(frdText(), " 17.90 S ", " 17.90 N "))->launchLat(), 17.9);
     EXPECT_EQ(readText(replaced(frdText(), " 17.90 S ", "-999.0 S "))->launchLat(), -999.0);
 }
@@ -264,8 +267,8 @@ TEST(FRDFile, DatesBelow90AreOfThisCenturyAndValuesHaveNoLimits) {
     EXPECT_EQ(readText(replaced(frdText(), "Date: 891231", "Date: 900101"))->year(), 1990);
     EXPECT_THAT(timeOf(*readText(replaced(frdText(), "Date: 891231   Time: 235959", "Date: 210231   Time: 245960"))),
                 ElementsAre(2021, 3, 4, 1, 0, 0));
-    const auto file = readText(joined(with(frdHeader(), {"1 0 9999 999 999 99999 999 999 0 0 99 99 0 0 0 0 0 999 999",
-                                                         "2 0.5 -999.0", "3"})));
+    const auto file = readText(
+        joined(with(frdHeader(), {"1 0 9999 999 999 99999 999 999 0 0 99 99 0 0 0 0 0 999 999", "2 0.5 -999.0", "3"})));
     ASSERT_EQ(file->dataPoints(), 2);
     EXPECT_THAT(recordOf(*file, 0), ElementsAre(0, 9999, 999, 999, 999, 999, 99, 999, 999, 99999, -999, 99));
     EXPECT_THAT(recordOf(*file, 1), testing::Contains(-999.0).Times(11));

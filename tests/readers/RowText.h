@@ -1,19 +1,13 @@
 #pragma once
 
+#include "JoinedLines.h"
+
 #include <string>
 #include <vector>
 
 // Small files of the formats with one row for each record, made by hand, as lists of lines.
 
 using TextLines = std::vector<std::string>;
-
-inline std::string joined(const TextLines& lines) {
-    std::string text;
-    for (const std::string& line : lines) {
-        text += line + "\n";
-    }
-    return text;
-}
 
 inline TextLines with(TextLines lines, const TextLines& rows) {
     lines.insert(lines.end(), rows.begin(), rows.end());

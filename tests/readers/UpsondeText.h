@@ -1,5 +1,7 @@
 #pragma once
 
+#include "JoinedLines.h"
+
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -38,12 +40,4 @@ inline std::string upsondeRecord(const std::string& system, int second, double p
         line += " 999 999  5560.25";
     }
     return line;
-}
-
-inline std::string joined(const std::vector<std::string>& lines) {
-    std::string text;
-    for (const std::string& line : lines) {
-        text += line + "\n";
-    }
-    return text;
 }
