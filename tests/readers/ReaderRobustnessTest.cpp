@@ -92,10 +92,12 @@ TEST(ReaderRobustness, ACutLastLineCostsNothingElse) {
 TEST(ReaderRobustness, LineEndsMakeNoDifference) {
     for (const std::string& text : {csv(), ombra(), troveText(), zorText(), frdText()}) {
         const auto plain = readText(text);
-        std::string other = text;
+        const auto third = text.find('\n', text.find('\n') + 1) + 1; // the first two tell the format
+        std::string other = text.substr(third);
         replaceAll(other, "\n", "\r\n\r\n \t\n");
+        other.insert(0, text.substr(0, third));
         for (const auto& file : {readText(other), readText(text.substr(0, text.size() - 1))}) {
-            EXPECT_TRUE(file->isValid());
+            ASSERT_TRUE(file && file->isValid()) << text;
             EXPECT_EQ(file->getErrorMsg(), plain->getErrorMsg());
             EXPECT_EQ(file->sPres()->dataArray(), plain->sPres()->dataArray());
             EXPECT_EQ(file->sRh2()->dataArray(), plain->sRh2()->dataArray());
