@@ -1,4 +1,6 @@
 """The two ways in which a user does things: with the mouse alone, and with the keyboard alone."""
+import time
+
 from screen import Atspi, children, is_in, look, place, still_place, text, wait, xdotool
 
 FILES = "Tarvo - Open Sounding File"
@@ -157,7 +159,14 @@ class Keyboard:
         self.press("Return")
 
     def override_pressure(self):
-        self.press("alt+p")
+        pressed = [0.0]
+
+        def focused():  # a program that is still busy takes no order
+            if time.monotonic() > pressed[0] + 5.0:
+                pressed[0] = time.monotonic()
+                self.press("alt+p")
+            return self.has_focus("text", "Override Launch Pressure")
+        wait("the launch pressure to have the keys", focused)
         self.type("Override Launch Pressure", "484.0")
 
     def recompute(self):
