@@ -16,7 +16,7 @@ using xercesc::DOMNode;
 namespace {
 
 // Some hundred times the size of the shipped file: what is larger is no configuration.
-constexpr std::uintmax_t kMaxFileSize = 64u * 1024u * 1024u;
+constexpr std::uintmax_t kMaxFileSize = std::uintmax_t{64} * 1024 * 1024;
 
 /// The content of the file; on failure false, with the reason in \p content.
 bool readFile(const std::string& path, std::string& content) {
@@ -117,9 +117,7 @@ void RegistryXML::Store::fail(int status, const std::string& reason) {
 
 void RegistryXML::Store::load(const std::string& activeOverride) {
     std::string content;
-    if (!_library.isReady()) {
-        loadText(content, activeOverride);
-    } else if (readFile(_path, content)) {
+    if (!_library.isReady() || readFile(_path, content)) {
         loadText(content, activeOverride);
     } else {
         fail(BAD_CONTENT, content);

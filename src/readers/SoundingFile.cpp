@@ -46,10 +46,10 @@ void SoundingFile::warnOnce(const std::string& warning) {
 }
 
 void SoundingFile::takeWmoCodes(const char* sondeType) {
-    _WMOtrackingType = "08";
-    _WMOradCorrection = "0";
-    _WMOequipType = "8";
-    _WMOsondeType = sondeType;
+    _wmoTrackingType = "08";
+    _wmoRadCorrection = "0";
+    _wmoEquipType = "8";
+    _wmoSondeType = sondeType;
 }
 
 void SoundingFile::adjustErrStats(double endTime) {

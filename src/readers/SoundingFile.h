@@ -78,10 +78,10 @@ public:
     double launchLon() const { return _launchLon; }
     double launchLat() const { return _launchLat; }
 
-    std::string WMOequipType() const { return _WMOequipType; }
-    std::string WMOsondeType() const { return _WMOsondeType; }
-    std::string WMOtrackingType() const { return _WMOtrackingType; }
-    std::string WMOradCorrection() const { return _WMOradCorrection; }
+    std::string WMOequipType() const { return _wmoEquipType; }
+    std::string WMOsondeType() const { return _wmoSondeType; }
+    std::string WMOtrackingType() const { return _wmoTrackingType; }
+    std::string WMOradCorrection() const { return _wmoRadCorrection; }
     std::string platformType() const { return _platformType; }
     std::string platformId() const { return _platformId; }
     std::string siteId() const { return _siteId; }
@@ -175,10 +175,10 @@ protected:
     double _launchLat = kMissing;
 
     std::string _descriptionText;
-    std::string _WMOequipType = "0";
-    std::string _WMOradCorrection = "0";
-    std::string _WMOsondeType = "90";
-    std::string _WMOtrackingType = "19";
+    std::string _wmoEquipType = "0";
+    std::string _wmoRadCorrection = "0";
+    std::string _wmoSondeType = "90";
+    std::string _wmoTrackingType = "19";
     std::string _platformType, _platformId, _siteId, _sondeId, _sondeModel, _thermoSensor, _comments, _sysOperator,
         _dataType;
     double _ptuWindTimeDiff = 0.0;

@@ -111,8 +111,8 @@ XYgraphView::XYgraphView(DocumentController* doc, QPrinter* printer, QWidget* pa
     _configSet->intValue("DoQC", doQC);
     _hasQC = doQC != 0;
     if (_editor->numRhChan() == 1) {
-        _RHs->setEnabled(false);
-        _RHs->hide();
+        _rhs->setEnabled(false);
+        _rhs->hide();
     }
     enableData();
 }

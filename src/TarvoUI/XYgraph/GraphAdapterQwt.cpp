@@ -88,7 +88,8 @@ GraphAdapterQwt::GraphAdapterQwt(QwtPlot* plot, const std::string& fontFamily, i
     _plot->setAutoReplot(false);
     _plot->setCanvasBackground(QColor(toQString(background)));
     if (auto* canvas = qobject_cast<QFrame*>(_plot->canvas())) {
-        canvas->setFrameStyle(QFrame::Box | QFrame::Plain);
+        canvas->setFrameShape(QFrame::Box);
+        canvas->setFrameShadow(QFrame::Plain);
         canvas->setLineWidth(1);
     }
     const QFont font(toQString(_fontFamily), _fontSize);

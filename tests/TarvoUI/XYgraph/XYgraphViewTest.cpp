@@ -99,7 +99,7 @@ protected:
         QImage image(2 * kTile.width(), 3 * kTile.height(), QImage::Format_RGB32);
         QPainter painter(&image);
         int tile = 0;
-        for (const char* type : {"_tdryRH", "_spdDir", "_latLon", "_satsDz", "_presAlt", "_RHs"}) {
+        for (const char* type : {"_tdryRH", "_spdDir", "_latLon", "_satsDz", "_presAlt", "_rhs"}) {
             click(type);
             painter.drawImage(QPoint(tile % 2 * kTile.width(), tile / 2 * kTile.height()), canvas(kTile));
             ++tile;
@@ -147,7 +147,7 @@ TEST_F(XYgraph, RHsShowRawOnlyAndGiveBackTheChoice) {
     open("D20210914_043120.2");
     click("_qc");
     click("_levels");
-    click("_RHs");
+    click("_rhs");
     EXPECT_THAT(curves(), ElementsAre("RH1", "RH2", "QC-Used RH"));
     EXPECT_FALSE(isEnabled("_raw") || isEnabled("_qc") || isEnabled("_levels"));
     EXPECT_TRUE(isChecked("_raw"));
@@ -173,7 +173,7 @@ TEST_F(XYgraph, AltitudeGreysLevels) {
 TEST_F(XYgraph, WithoutQCThereIsRawOnly) {
     open("summer_up_20220705.csv", 0);
     EXPECT_FALSE(isEnabled("_qc") || isEnabled("_levels"));
-    EXPECT_FALSE(view->findChild<QAbstractButton*>("_RHs")->isVisible());
+    EXPECT_FALSE(view->findChild<QAbstractButton*>("_rhs")->isVisible());
     click("_time");
     click("_qc");
     EXPECT_FALSE(isEnabled("_levels"));

@@ -125,6 +125,7 @@ void UnLevels::settleMandatoryHeights() {
     std::stable_sort(mandatory.begin(), mandatory.end(),
                      [](const Level* a, const Level* b) { return a->value(PRES) > b->value(PRES); });
     std::vector<StandardLevel> told;
+    told.reserve(mandatory.size());
     for (const Level* level : mandatory) {
         told.push_back({level->value(PRES), level->value(TDRY), level->value(DP), level->value(HEIGHT)});
     }

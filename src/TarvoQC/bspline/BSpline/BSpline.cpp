@@ -43,19 +43,19 @@ bool BSplineBase<T>::setDomain(const T* x, int nx, double wl, int bc, int numNod
     }
     _ok = false;
     _waveLength = wl;
-    _BC = bc;
+    _bc = bc;
     _x.assign(x, x + nx);
     _nodes.clear();
     if (!Setup(numNodes)) {
         return false;
     }
     _alpha = Alpha(_waveLength);
-    _Q = BandedMatrix<T>(_M + 1);
+    _q = BandedMatrix<T>(_m + 1);
     calculateQ();
     addP();
-    _ok = LU_factor_banded(_Q, BandedMatrix<T>::kBand);
+    _ok = LU_factor_banded(_q, BandedMatrix<T>::kBand);
     if (debugLines) {
-        std::cerr << "B-spline: " << nX() << " samples, " << _M << " intervals of " << _DX << ", alpha " << _alpha
+        std::cerr << "B-spline: " << nX() << " samples, " << _m << " intervals of " << _dx << ", alpha " << _alpha
                   << (_ok ? "" : ", not factored") << "\n";
     }
     return _ok;
@@ -79,45 +79,45 @@ bool BSplineBase<T>::Setup(int numNodes) {
     };
 
     if (numNodes > 1) {
-        _M = numNodes - 1;
+        _m = numNodes - 1;
         _waveLength = _waveLength == 0.0 ? 1.0 : _waveLength;
     } else if (_waveLength == 0.0) {
-        _M = 2 * nX();
+        _m = 2 * nX();
         _waveLength = 1.0;
     } else if (_waveLength > span) {
         return false;
     } else {
-        for (_M = kFirstIntervals;; ++_M) {
-            if (samplesPerInterval(_M) < kFewestSamples) {
+        for (_m = kFirstIntervals;; ++_m) {
+            if (samplesPerInterval(_m) < kFewestSamples) {
                 return false;
             }
-            if (nodesPerWavelength(_M) >= kFewestNodes) {
+            if (nodesPerWavelength(_m) >= kFewestNodes) {
                 break;
             }
         }
-        if (allowed(_M + 1)) {
-            ++_M;
-            while ((nodesPerWavelength(_M) < kEnoughNodes || samplesPerInterval(_M) > kEnoughSamples) &&
-                   allowed(_M + 1)) {
-                ++_M;
+        if (allowed(_m + 1)) {
+            ++_m;
+            while ((nodesPerWavelength(_m) < kEnoughNodes || samplesPerInterval(_m) > kEnoughSamples) &&
+                   allowed(_m + 1)) {
+                ++_m;
             }
         }
     }
-    _DX = static_cast<T>(span / _M);
+    _dx = static_cast<T>(span / _m);
     return true;
 }
 
 template <typename T>
 T BSplineBase<T>::Alpha(double wl) const {
-    const double square = (wl / (kTwoPi * _DX)) * (wl / (kTwoPi * _DX));
-    return static_cast<T>(_K == 2 ? square * square : _K == 3 ? square * square * square : square);
+    const double square = (wl / (kTwoPi * _dx)) * (wl / (kTwoPi * _dx));
+    return static_cast<T>(_k == 2 ? square * square : _k == 3 ? square * square * square : square);
 }
 
 template <typename T>
 const T* BSplineBase<T>::nodes(int* n) const {
     if (_nodes.empty()) {
-        for (int i = 0; i <= _M; ++i) {
-            _nodes.push_back(_xmin + i * _DX);
+        for (int i = 0; i <= _m; ++i) {
+            _nodes.push_back(_xmin + i * _dx);
         }
     }
     if (n != nullptr) {
@@ -141,16 +141,16 @@ std::unique_ptr<BSpline<T>> BSplineBase<T>::apply(const T* y) const {
 
 template <typename T>
 double BSplineBase<T>::Beta(int m) const {
-    const double(&factors)[4] = kBoundaryFactors[_BC];
+    const double(&factors)[4] = kBoundaryFactors[_bc];
     if (m == 0 || m == 1) {
         return factors[m];
     }
-    return m == _M - 1 ? factors[2] : m == _M ? factors[3] : 0.0;
+    return m == _m - 1 ? factors[2] : m == _m ? factors[3] : 0.0;
 }
 
 template <typename T>
 double BSplineBase<T>::plainBasis(int m, T x) const {
-    const double y = std::abs((x - (_xmin + m * _DX)) / _DX);
+    const double y = std::abs((x - (_xmin + m * _dx)) / _dx);
     if (y >= 2.0) {
         return 0.0;
     }
@@ -165,7 +165,7 @@ double BSplineBase<T>::plainBasis(int m, T x) const {
 
 template <typename T>
 double BSplineBase<T>::plainDBasis(int m, T x) const {
-    const double u = (x - (_xmin + m * _DX)) / _DX;
+    const double u = (x - (_xmin + m * _dx)) / _dx;
     const double y = std::abs(u);
     if (y >= 2.0) {
         return 0.0;
@@ -176,7 +176,7 @@ double BSplineBase<T>::plainDBasis(int m, T x) const {
     if (z > 0.0) {
         value -= z * z;
     }
-    return value * (u > 0.0 ? -3.0 / _DX : 3.0 / _DX);
+    return value * (u > 0.0 ? -3.0 / _dx : 3.0 / _dx);
 }
 
 template <typename T>
@@ -184,8 +184,8 @@ double BSplineBase<T>::Basis(int m, T x) const {
     double value = plainBasis(m, x);
     if (m == 0 || m == 1) {
         value += Beta(m) * plainBasis(-1, x);
-    } else if (m == _M - 1 || m == _M) {
-        value += Beta(m) * plainBasis(_M + 1, x);
+    } else if (m == _m - 1 || m == _m) {
+        value += Beta(m) * plainBasis(_m + 1, x);
     }
     return value;
 }
@@ -195,21 +195,21 @@ double BSplineBase<T>::DBasis(int m, T x) const {
     double value = plainDBasis(m, x);
     if (m == 0 || m == 1) {
         value += Beta(m) * plainDBasis(-1, x);
-    } else if (m == _M - 1 || m == _M) {
-        value += Beta(m) * plainDBasis(_M + 1, x);
+    } else if (m == _m - 1 || m == _m) {
+        value += Beta(m) * plainDBasis(_m + 1, x);
     }
     return value;
 }
 
 template <typename T>
 bool BSplineBase<T>::nodesAround(T x, int& first, int& last) const {
-    const double position = (x - _xmin) / _DX;
-    if (!(position > -kSupport && position < _M + kSupport)) {
+    const double position = (x - _xmin) / _dx;
+    if (!(position > -kSupport && position < _m + kSupport)) {
         return false;
     }
     const int mx = static_cast<int>(position);
     first = std::max(mx - 1, 0);
-    last = std::min(mx + 2, _M);
+    last = std::min(mx + 2, _m);
     return true;
 }
 
@@ -222,8 +222,8 @@ double BSplineBase<T>::qDelta(int m1, int m2) const {
         return 0.0;
     }
     double q = 0.0;
-    for (int m = std::max(m1 - 2, 0); m < std::min(m1 + 2, _M); ++m) {
-        q += kPenaltyParts[_K - 1][m2 - m1][m - m1 + 2];
+    for (int m = std::max(m1 - 2, 0); m < std::min(m1 + 2, _m); ++m) {
+        q += kPenaltyParts[_k - 1][m2 - m1][m - m1 + 2];
     }
     return q * _alpha;
 }
@@ -233,13 +233,13 @@ void BSplineBase<T>::calculateQ() {
     if (_alpha == 0) {
         return;
     }
-    for (int i = 0; i <= _M; ++i) {
-        for (int j = std::max(i - 3, 0); j <= std::min(i + 3, _M); ++j) {
-            _Q.at(i, j) = static_cast<T>(qDelta(i, j));
+    for (int i = 0; i <= _m; ++i) {
+        for (int j = std::max(i - 3, 0); j <= std::min(i + 3, _m); ++j) {
+            _q.at(i, j) = static_cast<T>(qDelta(i, j));
         }
     }
     addBoundary(0, -1);
-    addBoundary(_M - 1, _M + 1);
+    addBoundary(_m - 1, _m + 1);
 }
 
 /// Folds the basis function of the node \p outer into the pairs that touch the nodes \p nearEnd and the next. The sums
@@ -247,8 +247,8 @@ void BSplineBase<T>::calculateQ() {
 template <typename T>
 void BSplineBase<T>::addBoundary(int nearEnd, int outer) {
     const auto touches = [nearEnd](int m) { return m == nearEnd || m == nearEnd + 1; };
-    for (int i = std::max(nearEnd - 3, 0); i <= std::min(nearEnd + 4, _M); ++i) {
-        for (int j = std::max(i - 3, 0); j <= std::min(i + 3, _M); ++j) {
+    for (int i = std::max(nearEnd - 3, 0); i <= std::min(nearEnd + 4, _m); ++i) {
+        for (int j = std::max(i - 3, 0); j <= std::min(i + 3, _m); ++j) {
             if (!touches(i) && !touches(j)) {
                 continue;
             }
@@ -257,7 +257,7 @@ void BSplineBase<T>::addBoundary(int nearEnd, int outer) {
             auto q = static_cast<float>(betaJ * qDelta(outer, i));
             q = static_cast<float>(q + betaI * qDelta(outer, j));
             q = static_cast<float>(q + betaI * betaJ * qDelta(outer, outer));
-            _Q.at(i, j) += static_cast<T>(q);
+            _q.at(i, j) += static_cast<T>(q);
         }
     }
 }
@@ -276,7 +276,7 @@ void BSplineBase<T>::addP() {
             for (int n = first; n <= last; ++n) {
                 const float product =
                     basis[static_cast<std::size_t>(m - first)] * basis[static_cast<std::size_t>(n - first)];
-                _Q.at(m, n) += static_cast<T>(product);
+                _q.at(m, n) += static_cast<T>(product);
             }
         }
     }
@@ -314,7 +314,7 @@ bool BSpline<T>::solve(const T* y) {
             b[static_cast<std::size_t>(m)] += static_cast<T>((y[i] - _mean) * this->Basis(m, this->_x[i]));
         }
     }
-    if (!LU_solve_banded(this->_Q, b, BandedMatrix<T>::kBand)) {
+    if (!LU_solve_banded(this->_q, b, BandedMatrix<T>::kBand)) {
         return false;
     }
     _coefficients = std::move(b);
@@ -354,7 +354,7 @@ T BSpline<T>::slope(T x) const {
 
 template <typename T>
 T BSpline<T>::coefficient(int i) const {
-    return this->_ok && i >= 0 && i <= this->_M ? _coefficients[static_cast<std::size_t>(i)] : T(0);
+    return this->_ok && i >= 0 && i <= this->_m ? _coefficients[static_cast<std::size_t>(i)] : T(0);
 }
 
 template class BSplineBase<double>;

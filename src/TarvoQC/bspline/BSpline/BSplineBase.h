@@ -35,9 +35,9 @@ public:
 
     bool ok() const { return _ok; }
     int nX() const { return static_cast<int>(_x.size()); }
-    int nNodes() const { return _M + 1; }
+    int nNodes() const { return _m + 1; }
     T Xmin() const { return _xmin; }
-    T Xmax() const { return _xmin + _M * _DX; }
+    T Xmax() const { return _xmin + _m * _dx; }
     T Alpha() const { return _alpha; }
     /// The weight of the penalty for a cutoff wavelength.
     T Alpha(double wl) const;
@@ -58,15 +58,15 @@ protected:
 
     bool _ok = false;
     double _waveLength = 0.0;
-    int _K = 2;
-    int _BC = 2;
+    int _k = 2;
+    int _bc = 2;
     T _xmin = 0;
     T _xmax = 0;
-    int _M = 0;
-    T _DX = 0;
+    int _m = 0;
+    T _dx = 0;
     T _alpha = 0;
     std::vector<T> _x;
-    BandedMatrix<T> _Q;
+    BandedMatrix<T> _q;
 
 private:
     bool Setup(int numNodes);
