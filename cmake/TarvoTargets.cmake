@@ -24,6 +24,12 @@ if(TARVO_SANITIZE)
   target_link_options(tarvo_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(TARVO_FUZZ)
+  target_compile_options(tarvo_options INTERFACE
+    -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1 -g)
+  target_link_options(tarvo_options INTERFACE -fsanitize=fuzzer-no-link,address,undefined)
+endif()
+
 # tarvo_library(NAME SOURCES... [LINKS lower floors...] [PRIVATE_LINKS third-party...])
 # One library of one folder. Its folder is its only include directory, so a source can include only what stands in its
 # own folder or in a library it links: the floors of the house are kept by the compiler.

@@ -8,7 +8,7 @@ from typing import Optional
 from . import truth
 from .atmosphere import Atmosphere
 from .faults import Faults
-from .formats import csvformat, frd, mw41, ombra, trove, zor
+from .formats import csvformat, frd, mw41, ombra, trove, wmo, zor
 from .sonde import BEAD_SENSOR, BEAD_SENSOR_DRY, THIN_SENSOR, Parachute, SensorType, drop, rise
 from .sounding import Metadata, Sounding
 from .telemetry import GPS_LOCK, UPSONDE_NOISE, Noise, launch_observation, measure, prelaunch
@@ -524,6 +524,62 @@ def mw41_damaged():
                         "unknown column and CR LF line ends.", flight, mw41, 10, "pass-through", lost=2)
 
 
+def _message_example(file_name, description, flight):
+    """A message, with the levels that a reader has to find in it, rounded as its groups are."""
+    sounding = flight.sounding
+    message = wmo.Message(sounding)
+    reader = {
+        "launch_date": sounding.release.strftime("1970-01-%d"),
+        "launch_time": sounding.release.strftime("%H:%M:00"),
+        "warning": None,
+        "records": 0,
+        "sounding_type": 9,
+    }
+    facts = _facts(file_name, description, flight, 0.0, reader)
+    facts["coded_columns"] = ["type", "p", "z", "T", "Td", "direction", "speed"]
+    facts["coded"] = [[level[0]] + [None if value is None else round(value, 3) for value in level[1:]]
+                      for level in message.levels]
+    return Example(file_name, message.text, facts)
+
+
+def message_drop():
+    flight = _Drop(1118, datetime(2021, 8, 5, 6, 21, 10), Atmosphere(1012.4, TRADE_WIND, ((0.6, 900.0, 1.1),)), 430.0,
+                   (16.4, -65.7), THIN_SENSOR, 0.0, 850.0, prelaunch_seconds=0.0)
+    made = flight.flight(flight.sounding(_metadata(sonde_id="214350777", flight="SF12"),
+                                         header=["UZNT13 TRVO 050630"]))
+    return _message_example("tempdrop_20210805.wmo", "Trade wind air from 430 mb as a TEMP DROP message.", made)
+
+
+def message_up():
+    flight = _ten_second_up(1119, datetime(2022, 7, 8, 11, 15, 0), Atmosphere(980.3, SUMMER_PLAIN, ((0.5, 1400.0, 0.9),)),
+                            22.0, (41.3, 12.75), sonde_id="S0420818", platform_id="SYN03", flight="SU07")
+    flight.sounding.options.update(station="16999", header=["USSY01 TRVO 081200"])
+    return _message_example("temp_20220708.wmo", "Radiosonde over a summer plain, up to 22 mb, as a TEMP message.", flight)
+
+
+def message_damaged():
+    flight = _Drop(1120, datetime(2023, 2, 13, 15, 44, 0), Atmosphere(992.6, WARM_FRONT, ((0.7, 850.0, 2.1),)), 480.0,
+                   (-43.2, 48.4), THIN_SENSOR, 0.0, 850.0, prelaunch_seconds=0.0)
+    faults = flight.faults
+    clean = flight.flight(flight.sounding(_metadata(sonde_id="231070040", flight="SF13"))).sounding.frames
+    around = {pressure: min((frame for frame in clean if frame.pressure is not None),
+                            key=lambda frame: abs(frame.pressure - pressure)).time for pressure in (700.0, 850.0, 925.0)}
+    for pressure, *quantities in ((700.0, "temperature", "rh"), (850.0, "speed", "direction"), (925.0, "rh")):
+        faults.blank(around[pressure] - 15.0, around[pressure] + 15.0, *quantities)
+
+    def spoil(lines):
+        """What happens to messages on their way: blanks within groups, words between the parts, a second heading."""
+        split = [line.replace(" SPG 4", " SPG 4 ").replace("LST WND 0", "LST WND 0 ") for line in lines]
+        end = split.index("=")
+        return split[:end + 1] + ["NNNN", "QRM QRM PLS RPT", "UZXX13 TRVO 131600"] + split[end + 1:]
+
+    made = flight.flight(flight.sounding(_metadata(sonde_id="231070040", flight="SF13"), knots=True, spoil=spoil,
+                                         header=["UZXX13 TRVO 131600 COR 131615 CCA"], line_end="\r\r\n"))
+    made.notes = faults.notes
+    return _message_example("tempdrop_damaged_20230213.wmo", "Warm front from 480 mb as a TEMP DROP message in knots, with "
+                            "values missing, groups split by blanks, and words between its parts.", made)
+
+
 EXAMPLES = {
     "D20210801_120003": clean_tropical,
     "D20210914_043120": spikes_and_crc,
@@ -542,4 +598,7 @@ EXAMPLES = {
     "warmfront_drop_20230212": frd_damaged,
     "plain_up_20220707": mw41_up,
     "fjord_up_20230119": mw41_damaged,
+    "tempdrop_20210805": message_drop,
+    "temp_20220708": message_up,
+    "tempdrop_damaged_20230213": message_damaged,
 }

@@ -39,7 +39,7 @@ def text(truth):
     """JSON with one key a line, and long lists with one entry a line."""
     parts = []
     for key, value in truth.items():
-        if key in ("profile", "descent_profile", "faults", "levels"):
+        if key in ("profile", "descent_profile", "faults", "levels", "coded"):
             rows = ",\n".join("    " + json.dumps(row) for row in value)
             parts.append('  "%s": [\n%s\n  ]' % (key, rows) if value else '  "%s": []' % key)
         else:

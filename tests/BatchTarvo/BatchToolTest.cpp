@@ -119,7 +119,8 @@ TEST(BatchTool, ProcessesTheExamples) {
         EXPECT_TRUE(line["valid"]);
         ASSERT_EQ(line["products"].size(), 2u);
         for (const std::string product : line["products"]) {
-            EXPECT_GT(fs::file_size(folder / product), 10000u) << product;
+            const bool message = fs::path(names[i]).extension() == ".wmo"; // which has no samples
+            EXPECT_GT(fs::file_size(folder / product), message ? 1000u : 10000u) << product;
         }
         const bool late = names[i] == "D20220523_091501.3";
         EXPECT_EQ(line["error"].get<std::string>().find("late launch detect") != std::string::npos, late) << names[i];
@@ -155,7 +156,10 @@ TEST(BatchTool, MakesTheSameBytesWhateverTheNumberOfJobs) {
         EXPECT_EQ(readFile(entry.path()), readFile(folder / "out4" / entry.path().filename()));
         ++compared;
     }
-    EXPECT_EQ(compared, 13 * static_cast<int>(exampleNames().size()));
+    const auto names = exampleNames();
+    const auto messages = std::count_if(names.begin(), names.end(),
+                                        [](const std::string& name) { return fs::path(name).extension() == ".wmo"; });
+    EXPECT_EQ(compared, 13 * std::distance(names.begin(), names.end()) - messages) << "a message isn't coded again";
 }
 
 TEST(BatchTool, FindsTheBufrTables) {

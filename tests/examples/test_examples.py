@@ -138,10 +138,10 @@ class Example:
         return next(frame for frame in self.file.frames if abs(frame["time"] - self.zero - time) < 0.01)
 
 
-# Those of the keyed upsondes have checks of their own.
-UPSONDES = ".dat", ".mir", ".vst"
+# Those of the keyed upsondes and the messages have checks of their own.
+OTHERS = ".dat", ".mir", ".vst", ".wmo"
 EVERY = [Example(path) for path in sorted((EXAMPLES / "truth").glob("*.json"))
-         if not json.loads(path.read_text("ascii"))["file"].endswith(UPSONDES)]
+         if not json.loads(path.read_text("ascii"))["file"].endswith(OTHERS)]
 ROW_FILES = [example for example in EVERY if example.has_rows]
 ALL = [example for example in EVERY if not example.has_rows]  # those that hold the noise in full
 DROPS = [example for example in ALL if example.down]

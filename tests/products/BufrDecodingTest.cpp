@@ -218,6 +218,9 @@ TEST(BufrDecoding, ExamplesComeBack) {
     int withoutLaunch = 0;
     int examples = 0;
     for (const auto& entry : fs::directory_iterator(kExamples)) {
+        if (entry.path().extension() == ".wmo") { // a message has no samples to code
+            continue;
+        }
         SCOPED_TRACE(entry.path());
         ++examples;
         const auto registry = RegistryXML::fromText(shippedConfiguration(), setOf(entry.path().filename().string()));

@@ -146,6 +146,9 @@ TEST(ExampleRoundTrip, ProductsComeBackEqual) {
     int examples = 0;
     for (const auto& entry : fs::directory_iterator(kExamples)) {
         ++examples;
+        if (entry.path().extension() == ".wmo") { // a message has no samples to write
+            continue;
+        }
         const TemporaryFolder folder;
         MadeConfig config;
         EditorControl editor(config.set, "V3.4.8");

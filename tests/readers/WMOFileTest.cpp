@@ -2,7 +2,9 @@
 
 #include "UnLevels.h"
 
+#include <fstream>
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 TEST(WMOFile, HoldsLevelsAndNoSamples) {
     const auto file = readText("UZNT13 KNHC 251930\r\nXXAA  7519/ 99254 70804 08145 99012 27632 12525 88999 77999\r\n"
@@ -47,3 +49,59 @@ TEST(WMOFile, SaysWhyItIsNoMessage) {
               "Message type identifier (TT, UU, XX or II) was not found. Error detected at ttaa 51128 ...");
     EXPECT_EQ(file->unLevels(), nullptr);
 }
+
+namespace {
+
+/// The values of a level as the truth of an example has them: null where the message has none.
+nlohmann::json valuesOf(const UnLevels::Level& level) {
+    nlohmann::json values = nlohmann::json::array();
+    for (const auto field : {UnLevels::PRES, UnLevels::HEIGHT, UnLevels::TDRY, UnLevels::DP, UnLevels::WDIR, UnLevels::WSPD}) {
+        values.push_back(level.has(field) ? nlohmann::json(level.value(field)) : nlohmann::json());
+    }
+    return values;
+}
+
+} // namespace
+
+class MessageExample : public testing::TestWithParam<const char*> {};
+
+TEST_P(MessageExample, GivesTheLevelsThatItWasCodedFrom) {
+    const std::string examples = TARVO_SOURCE_DIR "/examples/";
+    const auto truth = nlohmann::json::parse(std::ifstream(examples + "truth/" + GetParam() + ".json"));
+    std::ifstream stream(examples + "data/" + truth["file"].get<std::string>());
+    const auto file = readText(std::string(std::istreambuf_iterator<char>(stream), {}));
+    ASSERT_NE(file, nullptr);
+    ASSERT_TRUE(file->isValid()) << file->getErrorMsg();
+    EXPECT_EQ(file->ascending(), truth["direction"] == "up");
+    ASSERT_NE(file->unLevels(), nullptr);
+
+    for (const auto type : {UnLevels::SURFACE, UnLevels::MANDATORY, UnLevels::SIGNIFICANT, UnLevels::TROPOPAUSE,
+                            UnLevels::MAXWIND}) {
+        const auto found = file->unLevels()->levels({type});
+        std::size_t at = 0;
+        for (const nlohmann::json& coded : truth["coded"]) {
+            if (coded[0] != UnLevels::Level(type).name()) {
+                continue;
+            }
+            ASSERT_LT(at, found.size()) << coded;
+            const nlohmann::json values = valuesOf(found[at++]);
+            for (std::size_t column = 0; column < values.size(); ++column) {
+                ASSERT_EQ(values[column].is_null(), coded[column + 1].is_null()) << coded << " but " << values;
+                if (!values[column].is_null()) {
+                    EXPECT_NEAR(values[column].get<double>(), coded[column + 1].get<double>(), 1e-3) << coded;
+                }
+            }
+        }
+        EXPECT_EQ(at, found.size()) << "levels of type " << type;
+    }
+    const bool drop = truth["direction"] == "down";
+    const auto releases = file->unLevels()->levels({UnLevels::RELEASEPOINT});
+    ASSERT_EQ(releases.size(), drop ? 1U : 0U);
+    if (drop) {
+        EXPECT_NEAR(releases[0].value(UnLevels::LAT), truth["launch_values"]["latitude"].get<double>(), 0.00501);
+        EXPECT_NEAR(file->launchLon(), truth["launch_values"]["longitude"].get<double>(), 0.0501);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Examples, MessageExample,
+                         testing::Values("temp_20220708", "tempdrop_20210805", "tempdrop_damaged_20230213"));

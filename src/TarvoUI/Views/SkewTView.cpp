@@ -42,7 +42,8 @@ SkewTView::SkewTView(DocumentController* doc, QPrinter* printer, QWidget* parent
     _levelsData = makeSource("_levelsData", "Levels");
     int doQC = 0;
     _configSet->intValue("DoQC", doQC);
-    (doQC != 0 ? _qcData : _rawData)->setChecked(true);
+    QRadioButton* samples = doQC != 0 ? _qcData : _rawData;
+    (doQC != 0 && _editor->isMessage() ? _levelsData : samples)->setChecked(true);
     _qcData->setEnabled(doQC != 0);
     _levelsData->setEnabled(doQC != 0);
     _markPoints = new QCheckBox("Mark Points", this);

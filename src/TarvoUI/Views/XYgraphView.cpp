@@ -114,6 +114,11 @@ XYgraphView::XYgraphView(DocumentController* doc, QPrinter* printer, QWidget* pa
         _rhs->setEnabled(false);
         _rhs->hide();
     }
+    if (_hasQC && _editor->isMessage()) { // whose levels have no times
+        _showLevels = true;
+        _axisChoice = AxisPres;
+        _pres->setChecked(true);
+    }
     enableData();
 }
 

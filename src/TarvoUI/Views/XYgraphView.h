@@ -69,6 +69,7 @@ private:
 
     QRadioButton* _tdryRH = nullptr;
     QRadioButton* _time = nullptr;
+    QRadioButton* _pres = nullptr;
     QRadioButton* _rhs = nullptr;
     QCheckBox* _raw = nullptr;
     QCheckBox* _qc = nullptr;

@@ -108,7 +108,7 @@ QGroupBox* XYgraphView::makeAxes() {
     auto* box = new QGroupBox("Axis", this);
     auto* layout = new QVBoxLayout(box);
     _time = addRadio(layout, "_time", "Y-axis: Time", &XYgraphView::time);
-    addRadio(layout, "_pres", "Y-axis: Pres", &XYgraphView::pres);
+    _pres = addRadio(layout, "_pres", "Y-axis: Pres", &XYgraphView::pres);
     addRadio(layout, "_alt", "Y-axis: Alt", &XYgraphView::alt);
     _time->setChecked(true);
     return box;

@@ -84,6 +84,8 @@ public:
     /// The Keep and Ignore orders.
     bool setDataAtt(const Id& id, double time, Value::AttributeType attribute, bool set);
     SoundingType soundingType(std::string& name) const;
+    /// Whether the file is a message: it has levels, and no samples.
+    bool isMessage() const { return _sounding->soundingType() == SoundingType::Wmo; }
     void selectRH(int channel) { _sounding->selectRH(channel); }
     int RHselection() const { return _sounding->RHselection(); }
     /// With the overrides of the last run when \p current, else as the file gave it.
