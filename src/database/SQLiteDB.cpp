@@ -2,14 +2,17 @@
 
 #include <sqlite3.h>
 
+#include <chrono>
 #include <cstdint>
 #include <iostream>
 #include <memory>
+#include <thread>
 #include <utility>
 
 namespace {
 
-constexpr int kWait = 10000; // ms for another program to be done
+constexpr std::chrono::milliseconds kWait(10000); // for another program to be done
+constexpr std::chrono::milliseconds kPause(5);    // between two tries
 
 } // namespace
 
@@ -40,7 +43,7 @@ void SQLiteDB::init() {
     if (sqlite3_open_v2(_dbPath.c_str(), &_handle, _flags, nullptr) != SQLITE_OK) {
         throw "SQLiteDB: cannot open " + _dbPath + ": " + sqlite3_errmsg(_handle);
     }
-    sqlite3_busy_timeout(_handle, kWait);
+    sqlite3_busy_timeout(_handle, static_cast<int>(kWait.count()));
 }
 
 void SQLiteDB::close() {
@@ -125,6 +128,20 @@ void SQLiteDB::exec(const std::string& sql) {
 
 void SQLiteDB::exec(const std::stringstream& sql) {
     exec(sql.str());
+}
+
+void SQLiteDB::execWhenFree(const std::string& sql) {
+    const auto end = std::chrono::steady_clock::now() + kWait;
+    for (;;) {
+        try {
+            return exec(sql);
+        } catch (const std::string&) {
+            if (sqlite3_errcode(_handle) != SQLITE_BUSY || std::chrono::steady_clock::now() > end) {
+                throw;
+            }
+        }
+        std::this_thread::sleep_for(kPause);
+    }
 }
 
 void SQLiteDB::fail(const std::string& what) const {

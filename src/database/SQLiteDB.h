@@ -33,6 +33,9 @@ public:
     /// Runs statements that have no rows.
     void exec(const std::string& sql);
     void exec(const std::stringstream& sql);
+    /// As exec(), for what SQLite refuses at once instead of waiting while another program has the file locked: a
+    /// change of the journal's mode.
+    void execWhenFree(const std::string& sql);
 
     /// The columns of the row, from 0. A column of another type throws; a null has SQLite's value of 0 or nothing.
     int Integer(int col) const;

@@ -24,20 +24,20 @@ SoundingDB::SoundingDB(const std::string& path, int openFlags, const std::string
     : SQLiteDB(path, true, openFlags) {
     init();
     exec("pragma foreign_keys = on");
-    if ((openFlags & SQLITE_OPEN_READWRITE) != 0) {
+    initLevels();
+    if (!schema.empty()) {
+        Transaction whole(*this); // another program may be laying it down too
+        if (!validate()) {
+            exec(schema);
+        }
+        whole.commit();
+    }
+    if (sqlite3_db_readonly(handle(), nullptr) == 0 && validate()) {
         // With a write-ahead log a commit needn't wait for the disk: a power cut may cost the last soundings, which can
         // be processed again, but never damages the file. Where no such log is possible SQLite keeps to its journal.
-        exec("pragma journal_mode = wal; pragma synchronous = normal;");
+        execWhenFree("pragma journal_mode = wal");
+        exec("pragma synchronous = normal");
     }
-    initLevels();
-    if (schema.empty()) {
-        return;
-    }
-    Transaction whole(*this); // another program may be laying it down too
-    if (!validate()) {
-        exec(schema);
-    }
-    whole.commit();
 }
 
 void SoundingDB::initLevels() {

@@ -10,6 +10,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <iostream>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -39,7 +40,8 @@ pid_t enterSoundings(const std::string& path, const std::string& prefix, int cou
             LevelsDB::addLevels(&made.levels, &db, name);
             whole.commit();
         }
-    } catch (const std::string&) {
+    } catch (const std::string& error) {
+        std::cerr << error << std::endl;
         all = false;
     }
     _exit(all ? 0 : 1);
