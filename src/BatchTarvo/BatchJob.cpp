@@ -1,8 +1,10 @@
 #include "BatchJob.h"
 
 #include "EditorControl.h"
+#include "Provenance.h"
 #include "QcResult.h"
 #include "RevisionInfo.h"
+#include "Sha256.h"
 
 #include <cerrno>
 #include <chrono>
@@ -55,6 +57,9 @@ void process(const BatchJob& job, ConfigSet& config, FileReport& report) {
     }
     report.failed = false;
     takeDerived(editor, report);
+    if (job.provenance != nullptr && job.provenance->inProducts) {
+        editor.provenance(job.provenance->attributes(job.input));
+    }
     for (const BatchJob::Product& product : job.products) {
         const std::string hindrance = product.format->hindrance(editor);
         if (!hindrance.empty()) {
@@ -71,6 +76,17 @@ void process(const BatchJob& job, ConfigSet& config, FileReport& report) {
 
 } // namespace
 
+namespace {
+
+void tellHashes(FileReport& report) {
+    report.sha256 = sha256OfFile(report.file);
+    for (const std::string& product : report.products) {
+        report.productSha256.push_back(sha256OfFile(product));
+    }
+}
+
+} // namespace
+
 FileReport runBatchJob(const BatchJob& job, ConfigSet& config) {
     const auto start = std::chrono::steady_clock::now();
     FileReport report;
@@ -80,6 +96,9 @@ FileReport runBatchJob(const BatchJob& job, ConfigSet& config) {
     } catch (const std::exception& failure) {
         addLine(report.error, failure.what());
         report.failed = true;
+    }
+    if (job.provenance != nullptr && job.provenance->withHashes) {
+        tellHashes(report);
     }
     report.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     return report;

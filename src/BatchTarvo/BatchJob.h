@@ -7,6 +7,7 @@
 #include <vector>
 
 class ConfigSet;
+struct Provenance;
 
 /// One input file and the products to make of it.
 struct BatchJob {
@@ -20,6 +21,7 @@ struct BatchJob {
     std::string refusal;         ///< why the file isn't processed at all; empty when it is
     std::string derivedFrom;     ///< the file that its reader made this one of; empty for any other
     ConfigSet* config = nullptr; ///< null: the one of the run
+    const Provenance* provenance = nullptr; ///< null: nothing is told of it
 };
 
 /// Reads, processes and writes one file with the configuration as it stands. Never throws.

@@ -3,36 +3,71 @@
 #include "RevisionInfo.h"
 
 #include <CLI/CLI.hpp>
+#include <charconv>
 #include <iostream>
 #include <thread>
 
 namespace {
 
-std::string versionText() {
-    const RevisionInfo revision;
-    std::string text = "tarvo-batch " + revision.text("REPO_REVISION");
-    if (revision.count("REPO_HASH") != 0) {
-        text += " (" + revision.text("REPO_HASH").substr(0, 12) + ", " + revision.text("REPO_DATE") + ")";
-    }
-    return text;
-}
-
 int processors() {
     return std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
 }
 
+/// Takes "I/N". False when it isn't that, or I lies outside 1 to N.
+bool parseShard(const std::string& text, BatchOptions& options) {
+    const auto slash = text.find('/');
+    const auto number = [](const std::string& digits, unsigned& value) {
+        const char* const end = digits.data() + digits.size();
+        const auto parsed = std::from_chars(digits.data(), end, value);
+        return parsed.ec == std::errc() && parsed.ptr == end;
+    };
+    return slash != std::string::npos && number(text.substr(0, slash), options.shard) &&
+           number(text.substr(slash + 1), options.shards) && options.shard >= 1 && options.shard <= options.shards;
+}
+
+/// Why the options don't go together; empty when they do. Takes the shard.
+std::string contradiction(BatchOptions& options, const std::string& shard) {
+    const bool watches = !options.watch.empty();
+    const bool hasReportFile = !options.report.empty() && options.report != "-";
+    if (options.paths.empty() && !watches) {
+        return "no file given (--help tells the usage)";
+    }
+    if (watches && (!options.paths.empty() || options.action == BatchOptions::Action::Explain)) {
+        return "--watch looks after its directory alone";
+    }
+    if (watches && !hasReportFile) {
+        return "--watch needs --report FILE, which tells after a restart what is done";
+    }
+    if (options.resume && !hasReportFile) {
+        return "--resume needs --report FILE, the one of the run to resume";
+    }
+    if (!shard.empty() && !parseShard(shard, options)) {
+        return "--shard is I/N, with I from 1 to N: " + shard;
+    }
+    return {};
+}
+
 } // namespace
+
+std::string versionText() {
+    constexpr std::size_t kEnoughOfHash = 12;
+    const RevisionInfo revision;
+    const std::string hash = revision.count("REPO_HASH") != 0 ? revision.text("REPO_HASH") : "";
+    return revision.text("REPO_REVISION") + (hash.empty() ? "" : " " + hash.substr(0, kEnoughOfHash));
+}
 
 bool parseBatchOptions(int argc, char** argv, BatchOptions& options, int& status) {
     options.jobs = processors();
     bool listSets = false;
     bool listFormats = false;
+    bool explain = false;
+    std::string shard;
 
     CLI::App app("Quality control of sounding files without a window: reads raw dropsonde and radiosonde files, runs\n"
                  "the QC sequence and writes the products.",
                  "tarvo-batch");
     app.footer("Exit status: 0 all files processed, 1 some failed, 2 wrong usage.\n");
-    app.set_version_flag("--version", versionText(), "Print the version and exit");
+    app.set_version_flag("--version", "tarvo-batch " + versionText(), "Print the version and exit");
     app.add_option("PATH", options.paths, "Sounding files, or directories of them");
     app.add_option("--config", options.config,
                    "The tarvo.xml to use; by default the user's own if there is one, else the one built in")
@@ -62,6 +97,21 @@ bool parseBatchOptions(int argc, char** argv, BatchOptions& options, int& status
         ->capture_default_str();
     app.add_option("--report", options.report, "Write a JSON line for each file; - is standard output")
         ->type_name("FILE");
+    app.add_option("--shard", shard, "Process the files of one shard of N only, for the jobs of an array")
+        ->type_name("I/N");
+    app.add_flag("--resume", options.resume,
+                 "Leave out what an earlier run has done, by its report, to which this run adds");
+    app.add_option("--watch", options.watch,
+                   "Process each new file of the directory once it is complete, until stopped; the report is needed")
+        ->type_name("DIR")
+        ->check(CLI::ExistingDirectory);
+    app.add_option("--settle", options.settle, "Time without a change after which a watched file is complete, seconds")
+        ->type_name("SECONDS")
+        ->check(CLI::Range(0.0, 3600.0))
+        ->capture_default_str();
+    app.add_flag("--provenance", options.provenance,
+                 "Tell program, set, overrides and the hash of the input in CSV and netCDF products too");
+    app.add_flag("--explain", explain, "Tell what QC removed from each file and why, and write no products");
     app.add_flag("--quiet", options.quiet, "Print failures only");
     app.add_flag("--list-sets", listSets, "List the configuration sets and exit");
     app.add_flag("--list-formats", listFormats, "List the products and exit");
@@ -79,10 +129,15 @@ bool parseBatchOptions(int argc, char** argv, BatchOptions& options, int& status
     }
     if (listSets || listFormats) {
         options.action = listSets ? BatchOptions::Action::ListSets : BatchOptions::Action::ListFormats;
-    } else if (options.paths.empty()) {
-        std::cerr << "tarvo-batch: no file given (--help tells the usage)\n";
-        status = kUsageError;
-        return false;
+        return true;
     }
-    return true;
+    if (explain) {
+        options.action = BatchOptions::Action::Explain;
+    }
+    const std::string wrong = contradiction(options, shard);
+    if (!wrong.empty()) {
+        std::cerr << "tarvo-batch: " << wrong << "\n";
+        status = kUsageError;
+    }
+    return wrong.empty();
 }

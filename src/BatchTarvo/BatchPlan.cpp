@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <cstring>
 #include <filesystem>
 
@@ -85,18 +86,49 @@ std::string productStem(const std::string& input) {
 
 } // namespace
 
-BatchPlan::BatchPlan(const std::vector<std::string>& paths, bool recursive, std::vector<const BatchFormat*> formats,
-                     std::string outDir, bool derivesDescents)
-    : _formats(std::move(formats)), _outDir(std::move(outDir)), _outPlace(placeOf(_outDir)) {
+bool BatchPlan::Shard::has(const std::string& path) const {
+    const std::string source = descentSource(path);
+    const std::string name = fs::path(source.empty() ? path : source).filename().string();
+    std::uint64_t hash = 14695981039346656037U; // FNV-1a, 64 bits
+    for (const char c : name) {
+        hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211U;
+    }
+    return (hash ^ (hash >> 32U)) % of == number - 1;
+}
+
+BatchPlan::BatchPlan(std::vector<const BatchFormat*> formats, std::string outDir, bool derivesDescents, Shard shard,
+                     const Provenance* provenance)
+    : _formats(std::move(formats)), _outDir(std::move(outDir)), _outPlace(placeOf(_outDir)),
+      _derivesDescents(derivesDescents), _shard(shard), _provenance(provenance) {}
+
+bool BatchPlan::isProduct(const std::string& path) const {
+    return _writers.count(placeOf(path)) != 0;
+}
+
+bool BatchPlan::isInput(const std::string& path) const {
+    std::error_code error;
+    return std::none_of(_notInputs.begin(), _notInputs.end(),
+                        [&](const std::string& other) { return fs::equivalent(path, other, error); });
+}
+
+void BatchPlan::add(const std::vector<std::string>& paths, bool recursive) {
     std::vector<BatchJob> found;
     for (const std::string& path : paths) {
         addPath(path, true, recursive, found);
+    }
+    if (!_notInputs.empty()) {
+        found.erase(std::remove_if(found.begin(), found.end(), [&](const BatchJob& job) { return !isInput(job.input); }),
+                    found.end());
     }
     for (const BatchJob& job : found) {
         _inputs.insert(placeOf(job.input));
     }
     for (BatchJob& job : found) {
-        const std::string source = job.refusal.empty() && derivesDescents ? descentSource(job.input) : std::string();
+        if (!_shard.has(job.input)) {
+            continue;
+        }
+        job.provenance = _provenance;
+        const std::string source = job.refusal.empty() && _derivesDescents ? descentSource(job.input) : std::string();
         if (!source.empty() && _inputs.count(placeOf(source)) != 0) {
             if (_waiting.try_emplace(placeOf(source), job).second) {
                 continue;
@@ -108,14 +140,14 @@ BatchPlan::BatchPlan(const std::vector<std::string>& paths, bool recursive, std:
     }
 }
 
-void BatchPlan::leaveOut(const std::string& path) {
-    std::error_code error;
-    _jobs.erase(std::remove_if(_jobs.begin(), _jobs.end(),
-                               [&](const BatchJob& job) { return fs::equivalent(job.input, path, error); }),
-                _jobs.end());
+void BatchPlan::forget(const std::string& path) {
+    for (auto writer = _writers.begin(); writer != _writers.end();) {
+        writer = writer->second == path ? _writers.erase(writer) : std::next(writer);
+    }
 }
 
-bool BatchPlan::follow(std::size_t index, const std::string& derived, ConfigSet* config) {
+bool BatchPlan::follow(std::size_t index, const std::string& derived, ConfigSet* config,
+                       const Provenance* provenance) {
     const std::string source = _jobs[index].input;
     const auto waiting = _waiting.find(placeOf(source));
     BatchJob job;
@@ -130,6 +162,7 @@ bool BatchPlan::follow(std::size_t index, const std::string& derived, ConfigSet*
     if (!derived.empty()) {
         job.derivedFrom = source;
         job.config = config;
+        job.provenance = provenance;
     }
     claimProducts(job);
     _jobs.push_back(std::move(job));

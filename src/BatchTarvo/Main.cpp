@@ -1,18 +1,15 @@
 #include "BatchConfig.h"
 #include "BatchOptions.h"
 #include "BatchPlan.h"
+#include "BatchRun.h"
 #include "Environment.h"
-#include "Progress.h"
+#include "Explanation.h"
 #include "Text.h"
-#include "WorkerPool.h"
 
 #include <algorithm>
-#include <csignal>
 #include <fcntl.h>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <map>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -70,132 +67,22 @@ int listFormats() {
     return kAllProcessed;
 }
 
-/// Writes report lines in the order of the input, whatever the order in which the files finish.
-class OrderedReport {
-public:
-    explicit OrderedReport(std::ostream* out) : _out(out) {}
-    void add(std::size_t index, const FileReport& report) {
-        if (_out == nullptr) {
-            return;
+/// Tells of each file in turn. A file that can't be opened or read is told on the error stream.
+int explainAll(const BatchOptions& options, ConfigSet& config) {
+    BatchPlan plan({}, "", false, {options.shard, options.shards});
+    plan.add(options.paths, options.recursive);
+    int status = kAllProcessed;
+    for (const BatchJob& job : plan.jobs()) {
+        std::string failure = job.refusal;
+        if (failure.empty()) {
+            failure = explain(job.input, config, std::cout);
         }
-        _waiting[index] = report.toJson();
-        for (auto line = _waiting.find(_next); line != _waiting.end(); line = _waiting.find(_next)) {
-            *_out << line->second << std::endl;
-            _waiting.erase(line);
-            ++_next;
+        if (!failure.empty()) {
+            std::cerr << job.input << ": " << failure << "\n";
+            status = kSomeFailed;
         }
     }
-    /// Writes what waits for a line that will never come.
-    void flush() {
-        for (const auto& [index, line] : _waiting) {
-            *_out << line << std::endl;
-        }
-        _waiting.clear();
-    }
-    bool good() const { return _out == nullptr || _out->good(); }
-
-private:
-    std::ostream* _out;
-    std::map<std::size_t, std::string> _waiting;
-    std::size_t _next = 0;
-};
-
-/// Whether a report may go to \p path: it may replace an earlier report, but nothing else, least of all a sounding that
-/// stands where the name of the report was forgotten.
-bool mayHoldReport(const std::string& path) {
-    std::error_code error;
-    if (!fs::is_regular_file(path, error)) {
-        return true;
-    }
-    std::ifstream file(path);
-    const int first = file.get();
-    return first == std::ifstream::traits_type::eof() || first == '{';
-}
-
-/// Where lines of the report go. False, with a usage error in \p status, when they can't go there.
-bool openReport(const BatchOptions& options, BatchPlan& plan, std::ofstream& file, std::ostream*& stream, int& status) {
-    if (options.report == "-") {
-        stream = &std::cout;
-    } else if (!options.report.empty()) {
-        if (!mayHoldReport(options.report)) {
-            status = usageError("the report would replace a file that is no report: " + options.report);
-            return false;
-        }
-        std::error_code error;
-        if (fs::is_regular_file(options.report, error)) {
-            plan.leaveOut(options.report); // the report of an earlier run, in a directory that was asked for
-        }
-        file.open(options.report);
-        if (!file) {
-            status = usageError("the report can't be written: " + options.report);
-            return false;
-        }
-        stream = &file;
-    }
-    return true;
-}
-
-/// What the command line says beyond the file and the set. False with an error of the configuration.
-bool applyOptions(const BatchOptions& options, BatchConfig& config) {
-    return std::all_of(options.overrides.begin(), options.overrides.end(),
-                       [&](const std::string& assignment) { return config.applyOverride(assignment); }) &&
-           config.useBufrTables(options.bufrTables);
-}
-
-/// The configuration for soundings that readers make of others; loaded only when they do.
-struct SecondConfig {
-    bool wanted = false;
-    std::string name;
-    BatchConfig config;
-
-    /// False when there should be one and can't be.
-    bool load(const BatchOptions& options, BatchConfig& first) {
-        first.set().boolValue("descendingPELO", wanted);
-        if (!wanted) {
-            return true;
-        }
-        name = first.secondSetName();
-        return config.load(options.config, name) && applyOptions(options, config);
-    }
-};
-
-int processAll(const BatchOptions& options, BatchConfig& config, const std::vector<const BatchFormat*>& formats,
-               const std::string& outDir) {
-    SecondConfig second;
-    if (!second.load(options, config)) {
-        return usageError(second.config.error());
-    }
-    BatchPlan plan(options.paths, options.recursive, formats, outDir, second.wanted);
-    std::ofstream reportFile;
-    std::ostream* reportStream = nullptr;
-    int status = kUsageError;
-    if (!openReport(options, plan, reportFile, reportStream, status)) {
-        return status;
-    }
-    Progress progress(plan.jobs().size(), options.quiet, options.report == "-");
-    OrderedReport report(reportStream);
-    WorkerPool pool({options.jobs, options.timeout}, config.set());
-    const int signal = pool.run(plan.jobs(), [&](std::size_t index, FileReport done) {
-        done.derivedFrom = plan.jobs()[index].derivedFrom;
-        done.set = done.derivedFrom.empty() ? std::string() : second.name;
-        if (second.wanted && plan.follow(index, done.derived, &second.config.set())) {
-            progress.expectMore();
-        }
-        progress.fileDone(done);
-        report.add(index, done);
-    });
-    report.flush();
-    progress.finish();
-    if (signal != 0) {
-        // Nothing is half written; what asked for the end shall see that it got it.
-        std::signal(signal, SIG_DFL);
-        std::raise(signal);
-    }
-    if (!report.good()) {
-        std::cerr << "tarvo-batch: the report is incomplete: " << options.report << "\n";
-        return kSomeFailed;
-    }
-    return progress.failed() == 0 ? kAllProcessed : kSomeFailed;
+    return status;
 }
 
 /// A standard stream that the caller has closed would lend its number to the next file that is opened, and what is
@@ -236,6 +123,9 @@ int main(int argc, char** argv) {
     if (!applyOptions(options, config)) {
         return usageError(config.error());
     }
+    if (options.action == BatchOptions::Action::Explain) {
+        return explainAll(options, config.set());
+    }
     std::vector<const BatchFormat*> formats;
     std::string error;
     if (options.formats.empty()) {
@@ -254,5 +144,6 @@ int main(int argc, char** argv) {
     if (!fs::is_directory(outDir, ignored)) {
         return usageError("the directory for products can't be made: " + outDir + ": " + failure.message());
     }
-    return processAll(options, config, formats, outDir);
+    BatchRun run(options, config, formats, outDir);
+    return options.watch.empty() ? run.processAll() : run.watch();
 }

@@ -65,12 +65,13 @@ void Progress::drawBar() const {
 void Progress::fileDone(const FileReport& report) {
     ++_done;
     _failed += report.failed ? 1 : 0;
+    _skipped += report.skipped ? 1 : 0;
     if (_bar) {
         clearBar();
     }
     if (report.failed) {
         std::fprintf(stderr, "%s: %s\n", report.file.c_str(), onOneLine(report.error).c_str());
-    } else if (!_quiet) {
+    } else if (!_quiet && !report.skipped) {
         if (_listsFiles) {
             std::string products;
             for (const std::string& product : report.products) {
@@ -103,6 +104,8 @@ void Progress::finish() {
         _bar = false;
     }
     if (!_quiet) {
-        std::fprintf(_lines, "%zu of %zu files processed in %.1f s\n", _done - _failed, _total, elapsed());
+        const std::string earlier = _skipped == 0 ? "" : ", " + std::to_string(_skipped) + " of them by an earlier run";
+        std::fprintf(_lines, "%zu of %zu files processed in %.1f s%s\n", _done - _failed, _total, elapsed(),
+                     earlier.c_str());
     }
 }

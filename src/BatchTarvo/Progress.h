@@ -33,6 +33,7 @@ private:
     std::size_t _total;
     std::size_t _done = 0;
     std::size_t _failed = 0;
+    std::size_t _skipped = 0;
     bool _quiet;
     bool _bar = false;
     bool _listsFiles = false;

@@ -167,18 +167,26 @@ FileReport WorkerPool::finish(const BatchJob& job, Worker& worker) const {
     return report;
 }
 
-int WorkerPool::run(const std::vector<BatchJob>& jobs, const Listener& listener) {
+int WorkerPool::run(const std::vector<BatchJob>& jobs, const Listener& listener, std::size_t first) {
     // What the plan freed lies scattered over the heap. Left so, every worker would gather it up again, and copy the
     // whole heap of a long list in doing so.
     malloc_trim(0);
     const StopSignals signals;
     std::vector<Worker> workers;
-    std::size_t next = 0;
+    std::size_t next = first;
     while (stopSignal == 0 && (next < jobs.size() || !workers.empty())) {
-        while (next < jobs.size() && workers.size() < static_cast<std::size_t>(_limits.jobs)) {
+        bool looksOn = false; // without waiting for a worker, but with an eye on the signals
+        while (!looksOn && next < jobs.size() && workers.size() < static_cast<std::size_t>(_limits.jobs)) {
             const BatchJob& job = jobs[next];
             if (!job.refusal.empty()) {
                 listener(next, FileReport::failure(job.input, job.refusal));
+            } else if (_isDone && _isDone(job)) {
+                FileReport report;
+                report.file = job.input;
+                report.skipped = true;
+                report.failed = false;
+                listener(next, report);
+                looksOn = true;
             } else if (!start(jobs, next, workers, [&] { signals.restoreDefaults(); })) {
                 const std::string reason = std::strerror(errno);
                 if (!workers.empty()) {
@@ -189,7 +197,7 @@ int WorkerPool::run(const std::vector<BatchJob>& jobs, const Listener& listener)
             ++next;
         }
         std::vector<pollfd> polled;
-        double wait = workers.empty() ? 0.0 : _limits.timeout;
+        double wait = looksOn || workers.empty() ? 0.0 : _limits.timeout;
         for (const Worker& worker : workers) {
             polled.push_back({worker.pipe, POLLIN, 0});
             wait = std::min(wait, _limits.timeout - worker.seconds());

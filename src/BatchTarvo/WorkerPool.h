@@ -20,9 +20,12 @@ public:
 
     WorkerPool(Limits limits, ConfigSet& config) : _limits(limits), _config(config) {}
 
-    /// Runs all jobs. SIGINT, SIGTERM, SIGHUP and SIGPIPE, unless they are ignored, stop the workers and remove what
+    /// Jobs for which this answers true are reported as skipped, and not run.
+    void skip(std::function<bool(const BatchJob&)> isDone) { _isDone = std::move(isDone); }
+
+    /// Runs the jobs from \p first on. SIGINT, SIGTERM, SIGHUP and SIGPIPE, unless they are ignored, stop the workers and remove what
     /// they were writing. Returns the signal that ended the run early, or 0.
-    int run(const std::vector<BatchJob>& jobs, const Listener& listener);
+    int run(const std::vector<BatchJob>& jobs, const Listener& listener, std::size_t first = 0);
 
 private:
     struct Worker;
@@ -33,4 +36,5 @@ private:
 
     Limits _limits;
     ConfigSet& _config;
+    std::function<bool(const BatchJob&)> _isDone;
 };

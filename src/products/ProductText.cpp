@@ -6,7 +6,11 @@
 
 EditorControl::Attributes documentedAttributes(const EditorControl& editor) {
     EditorControl::Attributes attributes = editor.filteredAttributes();
-    return attributeText(attributes, "DoQC") == "1" ? attributes : editor.baseAttributes();
+    if (attributeText(attributes, "DoQC") != "1") {
+        attributes = editor.baseAttributes();
+    }
+    attributes.insert(editor.provenance().begin(), editor.provenance().end());
+    return attributes;
 }
 
 std::string attributeText(const EditorControl::Attributes& attributes, const std::string& key) {

@@ -1,53 +1,19 @@
 // The batch tool as its user meets it: a command line, an exit status, two output streams, files.
 
-#include "TemporaryFolder.h"
+#include "BatchTool.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <map>
-#include <nlohmann/json.hpp>
-#include <sstream>
-#include <sys/wait.h>
 
 namespace {
 
-namespace fs = std::filesystem;
 using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
-
-const fs::path kExamples = fs::path(TARVO_SOURCE_DIR) / "examples/data";
-
-struct Outcome {
-    int status;
-    std::string out;
-    std::string err;
-};
-
-/// Runs the tool in \p folder, with a home of its own and the shipped configuration.
-Outcome tool(const TemporaryFolder& folder, const std::string& arguments, const std::string& environment = "") {
-    const fs::path streams = folder / ".streams";
-    fs::create_directories(streams);
-    const std::string command = "cd '" + folder.path().string() + "' && env -u TARVOCONFIG HOME='" +
-                                folder.path().string() + "' " + environment + " '" TARVO_BATCH_PROGRAM "' " +
-                                arguments + " >.streams/out 2>.streams/err </dev/null";
-    const int status = std::system(command.c_str());
-    Outcome outcome{WIFEXITED(status) ? WEXITSTATUS(status) : -1, readFile(streams / "out"), readFile(streams / "err")};
-    fs::remove_all(streams);
-    return outcome;
-}
-
-std::vector<nlohmann::json> reportLines(const std::string& text) {
-    std::vector<nlohmann::json> lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);) {
-        lines.push_back(nlohmann::json::parse(line));
-    }
-    return lines;
-}
 
 std::vector<std::string> exampleNames() {
     std::vector<std::string> names;
@@ -115,7 +81,7 @@ TEST(BatchTool, ProcessesTheExamples) {
     for (std::size_t i = 0; i < names.size(); ++i) {
         const nlohmann::json& line = lines[i];
         EXPECT_EQ(line["file"], (kExamples / names[i]).string());
-        EXPECT_EQ(line.size(), 7u);
+        EXPECT_EQ(line.size(), 13u);
         EXPECT_TRUE(line["valid"]);
         ASSERT_EQ(line["products"].size(), 2u);
         for (const std::string product : line["products"]) {

@@ -109,6 +109,9 @@ public:
     /// is switched off read "999".
     Attributes attributesConfig(bool onlyOutput) const;
     Attributes attributesSnd() const { return _sounding->attributes(); }
+    /// Pairs that products with attributes tell beside their own; none unless they are set.
+    const Attributes& provenance() const { return _provenance; }
+    void provenance(Attributes pairs) { _provenance = std::move(pairs); }
     Attributes filteredAttributes() const { return attributes(true, true); }
     Attributes baseAttributes() const { return attributes(false, false); }
 
@@ -124,6 +127,7 @@ private:
 
     std::unique_ptr<Sounding> _sounding;
     ConfigSet& _config;
+    Attributes _provenance;
     std::unique_ptr<Levels> _levels;
     int _levelsVersion = 0;
     std::unique_ptr<WMO> _wmo;
