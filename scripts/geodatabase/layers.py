@@ -26,14 +26,16 @@ OWN_DATA = Path(__file__).resolve().parents[2] / "resources" / "geography"
 # Finer than the one of the world. What a file cuts off at its bounds is taken whole from another.
 SANE_FILES = ("europe", "africa", "south-america", "north-america", "asia", "world")
 STATES_OF = {"AUS", "BRA", "CAN", "CHN", "IDN", "IND", "MEX", "RUS", "USA", "ZAF"}
+LOWEST_STATE_RANK = 4     # scalerank; that of Mexico
 LOWEST_PLACE_RANK = 4     # scalerank; about what a map of 1:50m shows
 SMALLEST_LAKE = 500.0     # km2
 LONGEST_LINE = 500        # points
 STATE_TOLERANCE = 0.01    # degrees; lines of 1:10m brought to 1:50m
 OBLIQUITY = 23.4392911    # degrees, mean obliquity of the ecliptic at J2000 (IAU 1976)
-# Where the date line turns, as charts draw it.
-DATE_LINE = ((180, 90), (180, 75), (-168.98, 68), (-168.98, 65.5), (170, 53), (180, 48), (180, 0.5), (-160, 0.5), (-160, 5),
-             (-150, 5), (-150, -12), (-172.5, -7.5), (-172.5, -45), (180, -51.5), (180, -90))
+# Where the date line turns, generalised: Kiribati, Tokelau and Samoa have the date of the western side.
+DATE_LINE = ((180, 90), (180, 75), (-168.98, 68), (-168.98, 65.5), (170, 53), (180, 48), (180, 1), (-161.5, 1), (-161.5, 6),
+             (-150, 6), (-150, -12), (-153, -12), (-157, -7), (-169, -7), (-171.1, -10), (-171.1, -15), (-172.5, -16),
+             (-172.5, -45), (180, -51.5), (180, -90))
 
 
 @dataclass
@@ -135,29 +137,31 @@ def _gshhg_lakes(sources):
             if each.attributes["area"] >= SMALLEST_LAKE]
 
 
-def _lines(sources, name, rank="scalerank"):
-    return [Feature(each.parts, {"Name": each.attributes["name"], "scalerank": each.attributes[rank],
-                                 "featurecla": each.attributes["featurecla"]})
-            for each in shapefile.read(sources.file(MAGICS, name))]
+def _with_columns(features, columns):
+    return [Feature(each.parts, {"Name": each.attributes["name"], **{name: each.attributes[name] for name in columns}})
+            for each in features]
 
 
 def _rivers(sources):
-    return _lines(sources, MAGICS_50M + "rivers_lake_centerlines.shp")
+    rivers = shapefile.read(sources.file(MAGICS, MAGICS_50M + "rivers_lake_centerlines.shp"))
+    return _with_columns(rivers, ("scalerank", "featurecla"))
 
 
 def _states(sources):
-    states = shapefile.read(sources.file(MAGICS, MAGICS_10M + "admin_1_states_provinces_lines.shp"))
-    return [Feature(each.parts, {"Name": each.attributes["name"], "scalerank": each.attributes["scalerank"],
-                                 "featurecla": each.attributes["featurecla"], "adm0_a3": each.attributes["adm0_a3"]})
-            for each in states
-            if each.attributes["adm0_a3"] in STATES_OF and each.attributes["featurecla"] == "Admin-1 boundary"]
+    """The lines between the states of the largest countries, those that bound a region or a statistical one included."""
+    lines = {}
+    for each in shapefile.read(sources.file(MAGICS, MAGICS_10M + "admin_1_states_provinces_lines.shp")):
+        kind = (each.attributes["adm0_a3"], each.attributes["scalerank"])
+        if kind[0] in STATES_OF and kind[1] <= LOWEST_STATE_RANK:
+            lines.setdefault(kind, []).extend(each.parts)
+    return [Feature(shapes.joined(parts), {"adm0_a3": country, "scalerank": rank, "featurecla": "Admin-1 boundary"})
+            for (country, rank), parts in sorted(lines.items())]
 
 
 def _places(sources):
     places = shapefile.read(sources.file(MAGICS, MAGICS_10M + "populated_places_simple.shp"))
-    columns = ("scalerank", "featurecla", "adm0name", "pop_max")
-    return [Feature(each.parts, {"Name": each.attributes["name"], **{name: each.attributes[name] for name in columns}})
-            for each in places if each.attributes["scalerank"] <= LOWEST_PLACE_RANK]
+    return _with_columns((each for each in places if each.attributes["scalerank"] <= LOWEST_PLACE_RANK),
+                         ("scalerank", "featurecla", "adm0name", "pop_max"))
 
 
 def _own_points(name):
@@ -183,7 +187,7 @@ LAYERS = (
     Layer("admin_0_countries", "POLYGON", {**NAMED, "iso_n3": "TEXT"},
           (Maker(WORLD_ATLAS, "countries-50m", _countries), Maker(MAGICS, "ne_50m_land", _land)),
           coarser="land without borders and names"),
-    Layer("admin_1_states_provinces_lines_shp", "LINESTRING", {**RANKED, "adm0_a3": "TEXT"},
+    Layer("admin_1_states_provinces_lines_shp", "LINESTRING", {"adm0_a3": "TEXT", "scalerank": "INTEGER", "featurecla": "TEXT"},
           (Maker(MAGICS, "ne_10m_admin_1_states_provinces_lines, simplified", _states),), tolerance=STATE_TOLERANCE),
     Layer("lakes", "POLYGON", NAMED,
           (Maker(SANE, "lakes", lambda sources: _whole_features(sources, "lakes")), Maker(CARTOPY, "GSHHS_l_L2", _gshhg_lakes)),

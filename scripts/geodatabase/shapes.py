@@ -95,6 +95,33 @@ def shore(ring):
     return [each for each in lines + [line] if each]
 
 
+def joined(lines):
+    """The lines, with those put together that meet where no third one ends; a loop stays where it was cut."""
+    ends = {}
+    for index, line in enumerate(lines):
+        for point in (line[0], line[-1]):
+            ends.setdefault(point, []).append(index)
+    lines, whole = dict(enumerate(lines)), {}
+    for point, meeting in ends.items():
+        if len(meeting) != 2:
+            continue
+        first, second = (_current(index, whole) for index in meeting)
+        if first == second:
+            continue
+        a, b = lines[first], lines.pop(second)
+        a = a if a[-1] == point else a[::-1]
+        b = b if b[0] == point else b[::-1]
+        lines[first] = a + b[1:]
+        whole[second] = first
+    return list(lines.values())
+
+
+def _current(index, whole):
+    while index in whole:
+        index = whole[index]
+    return index
+
+
 def pieces(line, longest):
     """The line in pieces of up to \"longest\" points that share their ends, so that a box finds what is near it."""
     return [line[start:start + longest] for start in range(0, len(line) - 1, longest - 1)]

