@@ -1,5 +1,6 @@
 #include "QMicroMap.h"
 
+#include "MapLabel.h"
 #include "ShapeItem.h"
 
 #include <QGraphicsProxyWidget>
@@ -140,13 +141,10 @@ void QMicroMap::drawPoints(const Feature& feature) {
                                         feature.fill.empty() ? QBrush(Qt::NoBrush) : QBrush(feature.fill.c_str()));
         spot->setFlag(QGraphicsItem::ItemIgnoresTransformations);
         spot->setPos(point.x, point.y);
-        // The place of the label is that of its point; beside it is a matter of pixels.
-        auto* label = new QGraphicsSimpleTextItem(QString::fromStdString(point.label));
-        label->setFont(QFont("Helvetica"));
-        label->setFlag(QGraphicsItem::ItemIgnoresTransformations);
-        label->setTransform(QTransform::fromTranslate(kLabelOffset.x(), kLabelOffset.y()));
+        auto* label = new MapLabel(QString::fromStdString(point.label), "Helvetica");
+        label->setOffset(kLabelOffset);
         label->setPos(point.x, point.y);
-        _labels->addToGroup(label);
+        label->setParentItem(_labels);
     }
 }
 
@@ -176,7 +174,6 @@ QRectF QMicroMap::visiblePart() const {
 
 void QMicroMap::drawGrid(const QRectF& rect) {
     for (QGraphicsItem* old : _grid->childItems()) {
-        _grid->removeFromGroup(old);
         delete old;
     }
     const double step = gridStep(rect.height());
@@ -186,7 +183,7 @@ void QMicroMap::drawGrid(const QRectF& rect) {
     const auto addLine = [&](double x0, double y0, double x1, double y1) {
         auto* line = new QGraphicsLineItem(x0, y0, x1, y1);
         line->setPen(pen);
-        _grid->addToGroup(line);
+        line->setParentItem(_grid);
     };
     for (double x = _extent.left(); x <= _extent.right(); x += step) {
         addLine(x, _extent.top(), x, _extent.bottom());
@@ -206,16 +203,14 @@ void QMicroMap::drawGrid(const QRectF& rect) {
 /// Right of \p place and above it, moved as far as it takes to stay within the view.
 void QMicroMap::addGridLabel(const QString& text, const QPointF& place) {
     constexpr double kGap = 2.0; // pixels
-    auto* label = new QGraphicsSimpleTextItem(text);
-    label->setFont(QFont("helvetica"));
-    label->setFlag(QGraphicsItem::ItemIgnoresTransformations);
+    auto* label = new MapLabel(text, "helvetica");
     const QSizeF size = label->boundingRect().size();
     const QPointF corner = mapFromScene(place);
     const double x = std::clamp(corner.x() + kGap, 0.0, std::max(0.0, viewport()->width() - size.width() - kGap));
     const double y = std::clamp(corner.y() - size.height(), 0.0, std::max(0.0, viewport()->height() - size.height()));
-    label->setTransform(QTransform::fromTranslate(x - corner.x(), y - corner.y()));
+    label->setOffset({x - corner.x(), y - corner.y()});
     label->setPos(place);
-    _grid->addToGroup(label);
+    label->setParentItem(_grid);
 }
 
 void QMicroMap::drawAnnotation(const QRectF& /*rect*/) {
