@@ -22,5 +22,6 @@ struct BatchJob {
     ConfigSet* config = nullptr; ///< null: the one of the run
 };
 
-/// Reads, processes and writes one file with the configuration as it stands. Never throws.
-FileReport runBatchJob(const BatchJob& job, ConfigSet& config);
+/// Reads, processes and writes one file with the configuration as it stands, and enters it in the database of soundings
+/// \p database unless that is empty. Never throws.
+FileReport runBatchJob(const BatchJob& job, ConfigSet& config, const std::string& database);

@@ -1,4 +1,5 @@
 #include "BatchConfig.h"
+#include "BatchDatabase.h"
 #include "BatchOptions.h"
 #include "BatchPlan.h"
 #include "Environment.h"
@@ -159,13 +160,27 @@ struct SecondConfig {
     }
 };
 
+/// The database is no sounding, nor is what SQLite keeps beside it.
+void leaveOutDatabase(const std::string& path, BatchPlan& plan) {
+    for (const char* suffix : {"", "-wal", "-shm", "-journal"}) {
+        plan.leaveOut(path + suffix);
+    }
+}
+
 int processAll(const BatchOptions& options, BatchConfig& config, const std::vector<const BatchFormat*>& formats,
                const std::string& outDir) {
     SecondConfig second;
     if (!second.load(options, config)) {
         return usageError(second.config.error());
     }
+    const std::string hindrance = options.database.empty() ? "" : BatchDatabase::prepare(options.database);
+    if (!hindrance.empty()) {
+        return usageError(hindrance);
+    }
     BatchPlan plan(options.paths, options.recursive, formats, outDir, second.wanted);
+    if (!options.database.empty()) {
+        leaveOutDatabase(options.database, plan);
+    }
     std::ofstream reportFile;
     std::ostream* reportStream = nullptr;
     int status = kUsageError;
@@ -174,7 +189,7 @@ int processAll(const BatchOptions& options, BatchConfig& config, const std::vect
     }
     Progress progress(plan.jobs().size(), options.quiet, options.report == "-");
     OrderedReport report(reportStream);
-    WorkerPool pool({options.jobs, options.timeout}, config.set());
+    WorkerPool pool({options.jobs, options.timeout}, config.set(), options.database);
     const int signal = pool.run(plan.jobs(), [&](std::size_t index, FileReport done) {
         done.derivedFrom = plan.jobs()[index].derivedFrom;
         done.set = done.derivedFrom.empty() ? std::string() : second.name;
