@@ -1,5 +1,6 @@
 #include "BatchJob.h"
 
+#include "BatchDatabase.h"
 #include "EditorControl.h"
 #include "Provenance.h"
 #include "QcResult.h"
@@ -33,7 +34,7 @@ void takeDerived(const EditorControl& editor, FileReport& report) {
     }
 }
 
-void process(const BatchJob& job, ConfigSet& config, FileReport& report) {
+void process(const BatchJob& job, ConfigSet& config, const std::string& database, FileReport& report) {
     errno = 0;
     std::ifstream stream(job.input);
     if (!stream) {
@@ -72,6 +73,13 @@ void process(const BatchJob& job, ConfigSet& config, FileReport& report) {
             report.failed = true;
         }
     }
+    if (!database.empty()) {
+        const std::string failure = BatchDatabase::enter(database, job.input, editor);
+        if (!failure.empty()) {
+            addLine(report.error, failure);
+            report.failed = true;
+        }
+    }
 }
 
 } // namespace
@@ -87,12 +95,12 @@ void tellHashes(FileReport& report) {
 
 } // namespace
 
-FileReport runBatchJob(const BatchJob& job, ConfigSet& config) {
+FileReport runBatchJob(const BatchJob& job, ConfigSet& config, const std::string& database) {
     const auto start = std::chrono::steady_clock::now();
     FileReport report;
     report.file = job.input;
     try {
-        process(job, config, report);
+        process(job, config, database, report);
     } catch (const std::exception& failure) {
         addLine(report.error, failure.what());
         report.failed = true;

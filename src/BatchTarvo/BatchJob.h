@@ -24,5 +24,6 @@ struct BatchJob {
     const Provenance* provenance = nullptr; ///< null: nothing is told of it
 };
 
-/// Reads, processes and writes one file with the configuration as it stands. Never throws.
-FileReport runBatchJob(const BatchJob& job, ConfigSet& config);
+/// Reads, processes and writes one file with the configuration as it stands, and enters it in the database of soundings
+/// \p database unless that is empty. Never throws.
+FileReport runBatchJob(const BatchJob& job, ConfigSet& config, const std::string& database);

@@ -86,6 +86,10 @@ bool parseBatchOptions(int argc, char** argv, BatchOptions& options, int& status
                    "Where table_b_bufr and table_d_bufr are; by default beside the configuration file if they are\n"
                    "there, else those that came with the program")
         ->type_name("DIR");
+    app.add_option("--db", options.database,
+                   "Enter each sounding with its levels in this sounding database, made when missing")
+        ->type_name("FILE")
+        ->check([](const std::string& path) { return path.empty() ? "no file is named" : ""; });
     app.add_flag("--recursive", options.recursive, "Descend into directories");
     app.add_option("--jobs", options.jobs, "Files at once")
         ->type_name("N")

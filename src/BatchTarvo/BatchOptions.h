@@ -15,6 +15,7 @@ struct BatchOptions {
     std::string formats;
     std::vector<std::string> overrides;
     std::string bufrTables; ///< empty for the default
+    std::string database;   ///< empty for none
     bool recursive = false;
     int jobs = 1;
     double timeout = 300.0;

@@ -1,5 +1,6 @@
 #include "BatchRun.h"
 
+#include "BatchDatabase.h"
 #include "Progress.h"
 #include "WatchedFolder.h"
 #include "WorkerPool.h"
@@ -50,7 +51,13 @@ bool BatchRun::prepare(std::string& error) {
         return false;
     }
     _plan.leaveOut(_options.report);
-    return true;
+    if (!_options.database.empty()) {
+        error = BatchDatabase::prepare(_options.database);
+        for (const char* suffix : {"", "-wal", "-shm", "-journal"}) { // no soundings, what SQLite keeps beside it neither
+            _plan.leaveOut(_options.database + suffix);
+        }
+    }
+    return error.empty();
 }
 
 int BatchRun::runNewJobs(WorkerPool& pool, Progress& progress) {
@@ -97,7 +104,7 @@ int BatchRun::processAll() {
     }
     _plan.add(_options.paths, _options.recursive);
     Progress progress(_plan.jobs().size(), _options.quiet, _options.report == "-");
-    WorkerPool pool({_options.jobs, _options.timeout}, _config.set());
+    WorkerPool pool({_options.jobs, _options.timeout}, _config.set(), _options.database);
     if (_options.resume) {
         pool.skip([this](const BatchJob& job) { return _report.isDone(job); });
     }
@@ -113,7 +120,7 @@ int BatchRun::watch() {
     constexpr std::chrono::milliseconds kPause(500);
     WatchedFolder folder(_options.watch, _options.recursive, _options.settle);
     Progress progress(0, _options.quiet, false);
-    WorkerPool pool({_options.jobs, _options.timeout}, _config.set());
+    WorkerPool pool({_options.jobs, _options.timeout}, _config.set(), _options.database);
     pool.skip([this](const BatchJob& job) { return _report.isDone(job); });
     while (true) {
         for (const std::string& path : folder.ready(WatchedFolder::Clock::now())) {

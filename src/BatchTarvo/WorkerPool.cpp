@@ -134,7 +134,7 @@ bool WorkerPool::start(const std::vector<BatchJob>& jobs, std::size_t index, std
         }
         if (getppid() == parent) {
             ConfigSet& config = jobs[index].config != nullptr ? *jobs[index].config : _config;
-            writeAll(ends[1], packReport(runBatchJob(jobs[index], config)));
+            writeAll(ends[1], packReport(runBatchJob(jobs[index], config, _database)));
         }
         _exit(0);
     }

@@ -3,6 +3,8 @@
 #include "BatchJob.h"
 
 #include <functional>
+#include <string>
+#include <utility>
 #include <vector>
 
 class ConfigSet;
@@ -18,7 +20,9 @@ public:
     /// of the list.
     using Listener = std::function<void(std::size_t index, const FileReport& report)>;
 
-    WorkerPool(Limits limits, ConfigSet& config) : _limits(limits), _config(config) {}
+    /// \p database is the one of soundings that they are entered in; empty for none.
+    WorkerPool(Limits limits, ConfigSet& config, std::string database = {})
+        : _limits(limits), _config(config), _database(std::move(database)) {}
 
     /// Jobs for which this answers true are reported as skipped, and not run.
     void skip(std::function<bool(const BatchJob&)> isDone) { _isDone = std::move(isDone); }
@@ -36,5 +40,6 @@ private:
 
     Limits _limits;
     ConfigSet& _config;
+    std::string _database;
     std::function<bool(const BatchJob&)> _isDone;
 };

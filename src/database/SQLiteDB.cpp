@@ -232,7 +232,7 @@ int SQLiteDB::user_version() {
     return version;
 }
 
-std::string SQLiteDB::version() const {
+std::string SQLiteDB::libraryVersion() {
     return std::string("SQLite version: ") + sqlite3_libversion();
 }
 

@@ -49,7 +49,8 @@ public:
     std::vector<std::string> table_names();
     std::vector<std::string> column_names(const std::string& table);
     int user_version();
-    virtual std::string version() const;
+    virtual std::string version() const { return libraryVersion(); }
+    static std::string libraryVersion();
 
     const std::string& dbPath() const { return _dbPath; }
     sqlite3* handle() const { return _handle; }

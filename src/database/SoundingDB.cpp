@@ -1,5 +1,6 @@
 #include "SoundingDB.h"
 
+#include "SQLSchema.h"
 #include "SndMetaData.h"
 #include "Text.h"
 
@@ -8,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <filesystem>
 #include <iostream>
 
 namespace {
@@ -20,6 +22,12 @@ const char* const kTexts = "filename, launchtime, platform, project, sondeId, co
 
 } // namespace
 
+int soundingsSchemaVersion() {
+    int version = 0;
+    SQLSchema(soundingsSchema(), false).user_version(version);
+    return version;
+}
+
 SoundingDB::SoundingDB(const std::string& path, int openFlags, const std::string& schema)
     : SQLiteDB(path, true, openFlags) {
     init();
@@ -27,7 +35,7 @@ SoundingDB::SoundingDB(const std::string& path, int openFlags, const std::string
     initLevels();
     if (!schema.empty()) {
         Transaction whole(*this); // another program may be laying it down too
-        if (!validate()) {
+        if (table_names().empty()) {
             exec(schema);
         }
         whole.commit();
@@ -38,6 +46,14 @@ SoundingDB::SoundingDB(const std::string& path, int openFlags, const std::string
         execWhenFree("pragma journal_mode = wal");
         exec("pragma synchronous = normal");
     }
+}
+
+std::unique_ptr<SoundingDB> SoundingDB::openOrCreate(const std::string& path) {
+    std::error_code error;
+    const bool exists = std::filesystem::exists(path, error);
+    const bool filled = exists && std::filesystem::file_size(path, error) != 0;
+    return filled ? std::make_unique<SoundingDB>(path, SQLITE_OPEN_READWRITE, "")
+                  : std::make_unique<SoundingDB>(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, soundingsSchema());
 }
 
 void SoundingDB::initLevels() {
@@ -73,17 +89,16 @@ int SoundingDB::id(const std::string& fileName) {
 
 int SoundingDB::addSounding(const std::string& fileName, const SndMetaData& metaData, const std::string& soundingType) {
     try {
-        Transaction whole(*this);
-        const int row = addRow(fileName, metaData, soundingType);
-        whole.commit();
-        return row;
+        return enterSounding(fileName, metaData, soundingType);
     } catch (const std::string& error) {
         std::cout << "SoundingDB::" << __func__ << " line " << __LINE__ << ": " << error << std::endl;
         return -1;
     }
 }
 
-int SoundingDB::addRow(const std::string& fileName, const SndMetaData& metaData, const std::string& soundingType) {
+int SoundingDB::enterSounding(const std::string& fileName, const SndMetaData& metaData,
+                              const std::string& soundingType) {
+    Transaction whole(*this);
     const std::string launchTime =
         timestamp(metaData.year, metaData.month, metaData.day, metaData.hour, metaData.min, metaData.sec);
     int row = id(fileName);
@@ -117,6 +132,7 @@ int SoundingDB::addRow(const std::string& fileName, const SndMetaData& metaData,
         bind(3, row);
         step();
     }
+    whole.commit();
     return row;
 }
 
@@ -263,6 +279,13 @@ void SoundingDB::clear() {
 }
 
 bool SoundingDB::validate() {
-    const std::vector<std::string> names = table_names();
-    return std::find(names.begin(), names.end(), "soundings") != names.end();
+    try {
+        const std::vector<std::string> names = table_names();
+        return std::find(names.begin(), names.end(), "soundings") != names.end();
+    } catch (const std::string&) {
+        if (sqlite3_errcode(handle()) != SQLITE_NOTADB) {
+            throw;
+        }
+        return false;
+    }
 }

@@ -4,6 +4,7 @@
 #include "SQLiteDB.h"
 
 #include <map>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -12,6 +13,8 @@ struct SndMetaData;
 
 /// The text that lays down a new, empty database of soundings.
 const std::string& soundingsSchema();
+/// The version that it says it has.
+int soundingsSchemaVersion();
 
 /// One file of processed soundings, a row for each sounding file, with the levels that a synoptic map shows. Errors are
 /// thrown as std::string, unless said otherwise.
@@ -67,12 +70,17 @@ public:
     using Levels = std::vector<StoredLevel>;
 
     /// Opens \p path with the flags of sqlite3_open_v2(), and lays it down after \p schema, unless that is empty or the
-    /// file holds a database of soundings by now.
+    /// file has tables by now.
     SoundingDB(const std::string& path, int openFlags, const std::string& schema);
+    /// Opens \p path to be written, and lays it down when it isn't there or is empty. What is there may be no database
+    /// of soundings, or one of another version: validate() and user_version() tell.
+    static std::unique_ptr<SoundingDB> openOrCreate(const std::string& path);
 
     /// Enters a sounding, or renews launch time and place of one that is there and keeps its id. Returns the id. What
     /// goes wrong is printed on standard output, and -1 returned.
     int addSounding(const std::string& fileName, const SndMetaData& metaData, const std::string& soundingType);
+    /// The same, and throws what goes wrong.
+    int enterSounding(const std::string& fileName, const SndMetaData& metaData, const std::string& soundingType);
     void deleteSounding(const std::string& fileName);
     /// -1 without a sounding of that file.
     int id(const std::string& fileName);
@@ -89,7 +97,7 @@ public:
     bool getLocation(int id, double& lat, double& lon);
     /// Deletes all soundings, and says on standard output how many.
     void clear();
-    /// Whether the file is a database of soundings.
+    /// Whether the file is a database of soundings. One that SQLite doesn't know as its own is none.
     bool validate();
 
     static std::string timestamp(int year, int month, int day, int hour, int minute, int second);
@@ -98,7 +106,6 @@ private:
     using FieldName = std::pair<SOUNDING_FIELD, const char*>;
 
     void initLevels();
-    int addRow(const std::string& fileName, const SndMetaData& metaData, const std::string& soundingType);
     LEVEL_TYPE levelTypeOf(double pressure, LevelType levelType) const;
 
     std::vector<std::pair<LEVEL_TYPE, double>> _mandatory;

@@ -103,6 +103,6 @@ std::vector<std::string> SpatiaLiteDB::geometryTables() {
     return tables;
 }
 
-std::string SpatiaLiteDB::version() const {
-    return SQLiteDB::version() + ", SpatiaLite version: " + spatialite_version();
+std::string SpatiaLiteDB::libraryVersion() {
+    return SQLiteDB::libraryVersion() + ", SpatiaLite version: " + spatialite_version();
 }

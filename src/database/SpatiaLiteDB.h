@@ -54,7 +54,9 @@ public:
     const LinestringList& linestrings() const { return _linestrings; }
     const PolygonList& polygons() const { return _polygons; }
 
-    std::string version() const override;
+    std::string version() const override { return libraryVersion(); }
+    /// The same without a file.
+    static std::string libraryVersion();
 
 private:
     gaiaGeomCollStruct* Geom(int col) const;

@@ -2,6 +2,7 @@
 
 #include "InitTarvoFiles.h"
 #include "RevisionInfo.h"
+#include "SpatiaLiteDB.h"
 #include "UiText.h"
 
 #include <QFile>
@@ -15,9 +16,14 @@ QString paragraph(const char* label, const QString& value) {
     return QString("<p>%1 <b>%2</b></p>").arg(label, value.toHtmlEscaped());
 }
 
+QString placeOf(const SQLiteDB* db) {
+    return db == nullptr ? QString("not open") : toQString(db->dbPath());
+}
+
 } // namespace
 
-AboutMsgBox::AboutMsgBox(const QString& image, QWidget* parent) : QMessageBox(parent) {
+AboutMsgBox::AboutMsgBox(const QString& image, const SQLiteDB* soundingDB, const SQLiteDB* geoDB, QWidget* parent)
+    : QMessageBox(parent) {
     setWindowTitle("About Tarvo");
     setIconPixmap(QPixmap(image).scaledToWidth(kImageWidth, Qt::SmoothTransformation));
     const RevisionInfo info;
@@ -28,6 +34,8 @@ AboutMsgBox::AboutMsgBox(const QString& image, QWidget* parent) : QMessageBox(pa
             paragraph("Revision:", fact("REPO_REVISION")) + paragraph("Last Change Date:", fact("REPO_DATE")) +
             paragraph("Qt Version:", qVersion()) +
             paragraph("Tarvo Config Version:", QString::number(InitTarvoFiles::configVersion(&shipped), 'f', 2)) +
+            paragraph("Sounding Database:", placeOf(soundingDB)) + paragraph("Geo Database:", placeOf(geoDB)) +
+            paragraph("SpatiaLiteDB:", toQString(SpatiaLiteDB::libraryVersion())) +
             paragraph("Repository id:", fact("REPO_HASH")) + paragraph("Repository branch:", fact("REPO_BRANCH")));
     setStandardButtons(QMessageBox::Ok);
 }

@@ -2,10 +2,13 @@
 
 #include <QMessageBox>
 
+class SQLiteDB;
+
 /// What this program is, and which build of it.
 class AboutMsgBox : public QMessageBox {
     Q_OBJECT
 
 public:
-    AboutMsgBox(const QString& image, QWidget* parent);
+    /// A database that isn't open is null.
+    AboutMsgBox(const QString& image, const SQLiteDB* soundingDB, const SQLiteDB* geoDB, QWidget* parent);
 };

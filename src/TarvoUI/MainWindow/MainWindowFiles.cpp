@@ -150,7 +150,7 @@ TarvoViewController* TarvoMainWindow::createViewsAndProcessFile(const QString& p
         _printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
     }
     qCInfo(mainWindowLog) << "Opening" << path;
-    auto* view = new TarvoViewController(_printer.get(), _soundingDB, *_statusAgent, this);
+    auto* view = new TarvoViewController(_printer.get(), _soundingDB.get(), *_statusAgent, this);
     QString message;
     if (!view->openFile(path, message)) {
         qCWarning(mainWindowLog) << "Not opened:" << path << message;
@@ -166,6 +166,7 @@ TarvoViewController* TarvoMainWindow::createViewsAndProcessFile(const QString& p
     connect(view, &TarvoViewController::processRequested, this, &TarvoMainWindow::processRequested);
     connect(view, &TarvoViewController::quitRequested, this, [this] { _quitting = true; });
     connect(view, &TarvoViewController::processDone, this, &TarvoMainWindow::updateSounding);
+    connect(view, &TarvoViewController::databaseFailed, this, &TarvoMainWindow::showDatabaseError);
     _mdiArea->addSubWindow(view);
     _recentFiles.read();
     if (!_recentFiles.contains(path)) {

@@ -72,6 +72,8 @@ TarvoMainWindow::TarvoMainWindow(QWidget* parent)
         std::exit(1);
     }
     updateStatusBar("Ready");
+    openSoundingDB();
+    initConfigSet();
     if (isOn("OpenMaximized")) {
         showMaximized();
     }
@@ -82,7 +84,7 @@ TarvoMainWindow::TarvoMainWindow(QWidget* parent)
 }
 
 TarvoMainWindow::~TarvoMainWindow() {
-    // The windows go ahead of the printer that they borrow.
+    // The windows go ahead of the printer and the database that they borrow.
     _mdiArea->disconnect(this);
     delete _mdiArea;
 }
@@ -290,7 +292,7 @@ void TarvoMainWindow::printPreview() {
 }
 
 void TarvoMainWindow::about() {
-    AboutMsgBox(":/tarvo_icons/tarvo.png", this).exec();
+    AboutMsgBox(":/tarvo_icons/tarvo.png", _soundingDB.get(), _geoDB.get(), this).exec();
 }
 
 void TarvoMainWindow::openDocument(const QString& path, const QString& failure) {

@@ -3,6 +3,8 @@
 #include "Busy.h"
 #include "RecentFiles.h"
 #include "RegistryXML.h"
+#include "SoundingDB.h"
+#include "SpatiaLiteDB.h"
 #include "StatusAgentQLabel.h"
 #include "TarvoConfigSet.h"
 
@@ -20,7 +22,6 @@ const QLoggingCategory& mainWindowLog();
 
 class QMdiSubWindow;
 class QMimeData;
-class SoundingDB;
 class TarvoViewController;
 
 /// The one window of the program. It opens sounding files, each in a window of its own inside, keeps the list of recent
@@ -41,6 +42,8 @@ public:
 public slots:
     /// Opens a sounding file, or raises its window when it is open already.
     void processFile(const QString& path);
+    /// Goes over to the database of soundings at \p path. The one before stays when that fails, of which a box tells.
+    void changeSoundingDB(const QString& path);
     void recompute();
     void updateMenus();
     void updateStatusBar(const QString& message = QString(), int timeoutMs = 0);
@@ -102,6 +105,10 @@ private:
     bool isOn(const char* key) const;
     QString configText(const char* key) const;
 
+    // The databases.
+    void openSoundingDB();
+    void showDatabaseError(const QString& error);
+
     // Files.
     TarvoViewController* findView(const QString& path) const;
     TarvoViewController* viewOf(const QMdiSubWindow* window) const;
@@ -142,7 +149,8 @@ private:
     QPixmap _letterV;
     QPixmap _letterQ;
     std::unique_ptr<QPrinter> _printer;
-    SoundingDB* _soundingDB = nullptr;
+    std::unique_ptr<SoundingDB> _soundingDB; // null when there is none
+    std::unique_ptr<SpatiaLiteDB> _geoDB;    // null until a map needs it
     int _textSizePt = 12;
     QString _fontFamily = "Arial";
     int _busy = 0;          // runs under way, in which no other may begin and no window may close

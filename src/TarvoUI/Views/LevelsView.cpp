@@ -5,6 +5,7 @@
 #include "Humidity.h"
 #include "Levels.h"
 #include "LevelsCsv.h"
+#include "LevelsDB.h"
 #include "Listing.h"
 #include "Missing.h"
 #include "RowHeight.h"
@@ -123,6 +124,18 @@ void LevelsView::update() {
     _levelsVersion = _editor->levelsVersion();
     _changed = false;
     updateGrid(*levels);
+    updateDB(*levels);
+}
+
+void LevelsView::updateDB(const Levels& levels) {
+    if (_soundingDB == nullptr) {
+        return;
+    }
+    try {
+        LevelsDB::addLevels(&levels, _soundingDB, _doc->filePath());
+    } catch (const std::string& error) {
+        emit databaseFailed(toQString(error));
+    }
 }
 
 void LevelsView::initGrid() {

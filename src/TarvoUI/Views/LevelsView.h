@@ -7,6 +7,7 @@
 
 class Level;
 class Levels;
+class SoundingDB;
 
 /// The level set. A press on a cell, or the space bar on it, withdraws a level or one of its fields from coding, or
 /// takes it back; the message is coded anew when the user leaves the tab.
@@ -15,6 +16,9 @@ class LevelsView : public TarvoView {
 
 public:
     LevelsView(DocumentController* doc, QPrinter* printer, QWidget* parent);
+
+    /// Where every new level set goes, if the sounding is there; null for nowhere. Borrowed.
+    void setSoundingDB(SoundingDB* soundingDB) { _soundingDB = soundingDB; }
 
     void update() override;
     int printPreview() override;
@@ -25,6 +29,8 @@ public:
 
 signals:
     void levelsChanged();
+    /// The levels couldn't be entered in the database.
+    void databaseFailed(QString error);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -38,6 +44,7 @@ private:
 
     void initGrid();
     void updateGrid(const Levels& levels);
+    void updateDB(const Levels& levels);
     void fillRow(int row, const Level& level);
     void setLevelColor(int row);
     /// The index of the level in a row: sorting doesn't change it.
@@ -48,6 +55,7 @@ private:
 
     QLabel* _topLabel;
     QTableWidget* _levelsGrid;
+    SoundingDB* _soundingDB = nullptr;
     int _levelsVersion = -1;
     bool _changed = false;
 };

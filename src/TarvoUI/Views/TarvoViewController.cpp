@@ -6,6 +6,7 @@
 #include "QCView.h"
 #include "RawView.h"
 #include "SkewTView.h"
+#include "SoundingDB.h"
 #include "SummaryView.h"
 #include "TarvoSettings.h"
 #include "UiText.h"
@@ -149,10 +150,20 @@ void TarvoViewController::addTabs() {
 void TarvoViewController::connectSignals() {
     connect(_viewWidget, &QTabWidget::currentChanged, this, &TarvoViewController::tabChanged);
     connect(_viewWidget, &QTabWidget::tabBarClicked, this, &TarvoViewController::tabClicked);
-    for (const auto& [tab, view] : _tabs) {
-        if (auto* levels = qobject_cast<LevelsView*>(view)) {
-            connect(levels, &LevelsView::levelsChanged, this, &TarvoViewController::levelsChanged);
-        }
+    if (LevelsView* levels = levelsView()) {
+        connect(levels, &LevelsView::levelsChanged, this, &TarvoViewController::levelsChanged);
+        connect(levels, &LevelsView::databaseFailed, this, &TarvoViewController::databaseFailed);
+    }
+}
+
+LevelsView* TarvoViewController::levelsView() const {
+    return _viewWidget->findChild<LevelsView*>();
+}
+
+void TarvoViewController::setSoundingDB(SoundingDB* soundingDB) {
+    _soundingDB = soundingDB;
+    if (LevelsView* levels = levelsView()) {
+        levels->setSoundingDB(soundingDB);
     }
 }
 
@@ -163,6 +174,7 @@ void TarvoViewController::process() {
     if (!problems.empty()) {
         Boxes::displayErrorMessage(toQString(problems), false, "Processing Alert");
     }
+    addSoundingToDB();
     _statusAgent->SetStatus("Updating tabs...");
     updateTabs();
     emit processDone(_curFile);
@@ -172,6 +184,27 @@ void TarvoViewController::process() {
     }
     _statusAgent->SetStatus("Ready");
     _running = false;
+}
+
+void TarvoViewController::addSoundingToDB() {
+    if (_soundingDB == nullptr) {
+        return;
+    }
+    std::string type;
+    editor()->soundingType(type);
+    const int id = _soundingDB->addSounding(_curFile.toStdString(), editor()->getSndMetaData(true), type);
+    if (LevelsView* levels = levelsView()) {
+        levels->setSoundingDB(id == -1 ? nullptr : _soundingDB); // which would only fail once more
+    }
+    if (id == -1) {
+        QMessageBox::information(this, "Sounding Database Error",
+                                 "Unable to add sounding \"" + _curFile +
+                                     "\" to the database.\n"
+                                     "This can happen if the synoptic map database version has been upgraded\n"
+                                     "in a newer version of Tarvo. You will need to delete your old database,\n"
+                                     "or change to a new database file name, in order start saving results in the\n"
+                                     "new database format.\n");
+    }
 }
 
 void TarvoViewController::updateTabs() {

@@ -11,6 +11,7 @@
 #include <memory>
 #include <vector>
 
+class LevelsView;
 class SoundingDB;
 
 /// The window of one sounding. It works on a configuration of its own from the moment of opening, keeps the document,
@@ -36,7 +37,8 @@ public:
     void restoreConfigDefaults();
     /// The name of the configuration set of this window.
     QString activeConfigSet() const;
-    void setSoundingDB(SoundingDB* soundingDB) { _soundingDB = soundingDB; }
+    /// Null for no database.
+    void setSoundingDB(SoundingDB* soundingDB);
 
     /// The canonical path of the sounding file.
     const QString& currentFile() const { return _curFile; }
@@ -47,6 +49,7 @@ public:
 signals:
     void processRequested(bool onlySignal);
     void processDone(QString path);
+    void databaseFailed(QString error);
     /// The user wants no window asked what becomes of its options, and the program to end.
     void quitRequested();
 
@@ -69,6 +72,8 @@ private:
     void createTabs();
     void addTabs();
     void connectSignals();
+    LevelsView* levelsView() const;
+    void addSoundingToDB();
     void updateTabs();
     void autoSave();
     void promptAndSaveConfig();

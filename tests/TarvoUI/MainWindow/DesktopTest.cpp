@@ -10,6 +10,8 @@
 void DesktopTest::SetUp() {
     QDir(QDir::homePath() + "/.config/Tarvo").removeRecursively();
     const InitTarvoFiles files(TarvoSettings::kApplication);
+    SoundingDB::openOrCreate(database());
+    configure("SoundingDBPath", database());
     answers.forget();
 }
 
@@ -104,6 +106,10 @@ std::string DesktopTest::makeSounding(const std::string& name, int rows) {
     }
     writeFile(path(name), text);
     return path(name);
+}
+
+std::string DesktopTest::database() {
+    return QDir::homePath().toStdString() + "/.config/Tarvo/soundings.sqlite";
 }
 
 std::string DesktopTest::configFile() {

@@ -47,6 +47,8 @@ protected:
     static std::string example(const char* name) { return std::string(TARVO_SOURCE_DIR "/examples/data/") + name; }
     void open(const std::string& path) { _window->processFile(QString::fromStdString(path)); }
 
+    /// The database of soundings that a window starts with, empty.
+    static std::string database();
     static std::string configFile();
     /// The stored configuration, changed and read.
     template <typename Value>
