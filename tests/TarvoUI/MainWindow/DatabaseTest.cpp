@@ -40,7 +40,7 @@ protected:
     void answerPath(const QString& typed) {
         answers.operate(kDialog, [typed](QDialog& dialog) {
             if (!typed.isEmpty()) {
-                QTest::keyClicks(dialog.findChild<QLineEdit*>("_pathEditor"), typed);
+                dialog.findChild<QLineEdit*>("_pathEditor")->insert(typed); // letters that no key of the test has
             }
             QTest::mouseClick(dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok), Qt::LeftButton);
         });
@@ -106,7 +106,10 @@ TEST_F(DatabaseTest, APathIsTypedOrBrowsedFor) {
     EXPECT_EQ(stored("SoundingDBPath"), path("folder/soundings.sqlite"));
     EXPECT_EQ(answers.boxes().size(), 1U);
 
+    const std::string chosen = path("né w.sqlite"); // a dialog of files takes quotes for its own
+    fs::copy_file(typed, chosen);
     configure("SoundingDBPath", "");
+    bool asked = false;
     bool browsed = false; // the dialog of files has the same title
     answers.operate(kDialog, [&](QDialog& dialog) {
         if (auto* files = qobject_cast<QFileDialog*>(&dialog)) {
@@ -114,17 +117,18 @@ TEST_F(DatabaseTest, APathIsTypedOrBrowsedFor) {
             EXPECT_THAT(files->nameFilters(), ElementsAre("SQLite Database (*.sqlite)", "All Files (*.*)"));
             auto* name = files->findChild<QLineEdit*>("fileNameEdit");
             name->clear();
-            QTest::keyClicks(name, QString::fromStdString(typed));
+            name->insert(QString::fromStdString(chosen));
             QTest::keyClick(name, Qt::Key_Return);
-        } else if (!browsed) {
-            QTest::mouseClick(dialog.findChild<QPushButton*>("_btnBrowse"), Qt::LeftButton);
-        } else {
+        } else if (!asked) { // by a timer of its own: that of the answers doesn't run within itself
+            asked = true;
+            QTimer::singleShot(0, dialog.findChild<QPushButton*>("_btnBrowse"), &QPushButton::click);
+        } else if (browsed) {
             QTest::mouseClick(dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok), Qt::LeftButton);
         }
     });
     start();
     EXPECT_TRUE(browsed);
-    EXPECT_EQ(stored("SoundingDBPath"), typed);
+    EXPECT_EQ(stored("SoundingDBPath"), chosen);
 }
 
 TEST_F(DatabaseTest, AFileOfSomethingElseIsLeftAlone) {
@@ -194,7 +198,7 @@ TEST_F(DatabaseTest, ARunEntersTheSoundingAndItsLevels) {
     const auto soundings = SoundingDB(database(), SQLITE_OPEN_READWRITE, "").getSoundings();
     ASSERT_EQ(soundings.size(), 1U);
     EXPECT_EQ(soundings[0].filename, fs::canonical(drop).string());
-    EXPECT_EQ(soundings[0].soundingType, "CSV");
+    EXPECT_EQ(soundings[0].soundingType, "Ombra") << "the type of a CSV file that comes down";
     const int levels = number(database(), "select count(*) from levels");
     EXPECT_GT(levels, 3);
     change(database(), "update levels set tdry_degc = -999; insert into levels (sounding_id, type) values (1, 26)");
@@ -271,7 +275,7 @@ TEST_F(DatabaseTest, TwoWindowsAndABatchLoseNothing) {
         second.processFile(QString::fromStdString(makeSounding(other)));
         all.insert(other);
     }
-    ASSERT_TRUE(batch.waitForFinished(60000));
+    ASSERT_TRUE(batch.state() == QProcess::NotRunning || batch.waitForFinished(60000));
     EXPECT_EQ(batch.exitCode(), 0) << batch.readAllStandardError().toStdString();
     EXPECT_THAT(answers.boxes(), IsEmpty());
     const auto entered = names(database());

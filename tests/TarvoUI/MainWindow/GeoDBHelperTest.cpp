@@ -4,6 +4,7 @@
 #include "DesktopTest.h"
 #include "FilePathDialog.h"
 
+#include <QPushButton>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
