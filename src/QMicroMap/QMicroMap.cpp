@@ -332,6 +332,10 @@ void QMicroMap::zoomTo(QRect band) {
     if (view.height() < kSmallestView || view.width() < kSmallestView) {
         return;
     }
+    showView(view);
+}
+
+void QMicroMap::showView(const QRectF& view) {
     _zoomStack.push_back(view);
     showCurrentView();
 }

@@ -33,6 +33,8 @@ public:
     void setTopLeftAnnotation(const QString& text);
     void setTopRightAnnotation(const QString& text);
 
+    /// Goes to a part of the map, one step further.
+    void showView(const QRectF& view);
     /// What is in view now, as it was asked for.
     QRectF currentView() const { return _zoomStack.back(); }
 

@@ -4,6 +4,8 @@
 #include "FilePathDialog.h"
 #include "UiText.h"
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <QLoggingCategory>
 #include <QMessageBox>
@@ -25,6 +27,11 @@ QString askForPath(QWidget* parent, const QString& missing) {
                            .arg(missing));
     const QString path = dialog.exec() == QDialog::Accepted ? dialog.getFilePath() : QString();
     return path.trimmed().isEmpty() ? QString() : QFileInfo(path).absoluteFilePath();
+}
+
+/// The one that is installed with the program.
+QString installedPath() {
+    return QDir::cleanPath(QCoreApplication::applicationDirPath() + "/../share/tarvo/ne1to50m.sqlite");
 }
 
 std::unique_ptr<SpatiaLiteDB> openValid(const QString& path) {
@@ -56,7 +63,8 @@ std::unique_ptr<SpatiaLiteDB> GeoDBHelper::getDB(QWidget* parent, ConfigSet& con
     configSet.text(kPathItem, stored);
     QString path = toQString(stored);
     if (!QFileInfo(path).isFile()) {
-        const QString chosen = askForPath(parent, path);
+        const QString installed = installedPath();
+        const QString chosen = QFileInfo(installed).isFile() ? installed : askForPath(parent, path);
         if (!chosen.isEmpty()) {
             path = chosen;
             configSet.set(kPathItem, path.toStdString());

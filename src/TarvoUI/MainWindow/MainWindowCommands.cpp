@@ -201,12 +201,10 @@ void TarvoMainWindow::updateMenuWindow() {
     for (QMdiSubWindow* window : _mdiArea->subWindowList()) {
         ++number;
         const TarvoViewController* view = viewOf(window);
-        if (view == nullptr) {
-            continue;
-        }
-        QAction* entry = _menuWindow->addAction(entryText(number, view->currentFile()));
+        QAction* entry = _menuWindow->addAction(view != nullptr ? entryText(number, view->currentFile())
+                                                                : QString("&%1 Synoptic").arg(number));
         entry->setCheckable(true);
-        entry->setChecked(view == activeView());
+        entry->setChecked(window == _mdiArea->currentSubWindow());
         connect(entry, &QAction::triggered, this, [this, window] { raiseWindow(window); });
     }
 }
@@ -215,7 +213,7 @@ void TarvoMainWindow::updateMenus() {
     const TarvoViewController* view = activeView();
     const TarvoView* tab = view == nullptr ? nullptr : view->activeTab();
     // What their windows don't exist for yet stays off.
-    for (const char* name : {"_actionConfiguration", "_actionOptions", "_actionSynoptic"}) {
+    for (const char* name : {"_actionConfiguration", "_actionOptions"}) {
         action(name)->setEnabled(false);
     }
     action("_actionSave")->setEnabled(tab != nullptr && tab->canSave());
@@ -223,7 +221,6 @@ void TarvoMainWindow::updateMenus() {
         action(name)->setEnabled(tab != nullptr && tab->canPrint());
     }
     action("_actionRecompute")->setEnabled(tab != nullptr && tab->canRecompute());
-    action("_actionSaveAll")->setVisible(false);
     showConfigName();
     if (soundingCount() == 0) {
         stopFlash(); // who asked for it is gone
@@ -232,6 +229,7 @@ void TarvoMainWindow::updateMenus() {
                              "_actionTile", "_actionArrangeIcons"}) {
         action(name)->setEnabled(view != nullptr);
     }
+    updateSynopticCommands();
 }
 
 void TarvoMainWindow::updateRecentFileActions() {

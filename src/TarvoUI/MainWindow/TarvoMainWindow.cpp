@@ -3,6 +3,7 @@
 #include "AboutMsgBox.h"
 #include "InitTarvoFiles.h"
 #include "RevisionInfo.h"
+#include "SynopticWidget.h"
 #include "TarvoSettings.h"
 #include "TarvoViewController.h"
 #include "UiText.h"
@@ -86,6 +87,9 @@ TarvoMainWindow::TarvoMainWindow(QWidget* parent)
 TarvoMainWindow::~TarvoMainWindow() {
     // The windows go ahead of the printer and the database that they borrow.
     _mdiArea->disconnect(this);
+    if (_synoptic != nullptr) {
+        _synoptic->disconnect(this);
+    }
     delete _mdiArea;
 }
 
@@ -276,18 +280,24 @@ void TarvoMainWindow::restoreDefaults() {
 void TarvoMainWindow::save() {
     if (TarvoViewController* view = activeView()) {
         view->save();
+    } else if (SynopticWidget* map = activeSynoptic()) {
+        map->save();
     }
 }
 
 void TarvoMainWindow::print() {
     if (TarvoViewController* view = activeView()) {
         view->print();
+    } else if (SynopticWidget* map = activeSynoptic()) {
+        map->print();
     }
 }
 
 void TarvoMainWindow::printPreview() {
     if (TarvoViewController* view = activeView()) {
         view->printPreview();
+    } else if (SynopticWidget* map = activeSynoptic()) {
+        map->printPreview();
     }
 }
 

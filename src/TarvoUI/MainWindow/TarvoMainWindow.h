@@ -22,6 +22,7 @@ const QLoggingCategory& mainWindowLog();
 
 class QMdiSubWindow;
 class QMimeData;
+class SynopticWidget;
 class TarvoViewController;
 
 /// The one window of the program. It opens sounding files, each in a window of its own inside, keeps the list of recent
@@ -38,6 +39,8 @@ public:
 
     /// The window of the active sounding; null without one.
     TarvoViewController* activeView() const;
+    /// The synoptic map; null while it isn't open.
+    SynopticWidget* synopticWidget() const { return _synoptic; }
 
 public slots:
     /// Opens a sounding file, or raises its window when it is open already.
@@ -66,13 +69,15 @@ private slots:
     void closeFile();
     void closeAll();
     void save();
-    void saveAll() {}
+    void saveAll();
     void print();
     void printPreview();
     void options() {}
     void restoreDefaults();
     void configuration() {}
-    void synoptic() {}
+    void synoptic();
+    void synopticDestroyed();
+    void updateSynopticMapTitle();
     void showToolbar();
     void showStatusbar();
     void cascade() { _mdiArea->cascadeSubWindows(); }
@@ -108,6 +113,10 @@ private:
     // The databases.
     void openSoundingDB();
     void showDatabaseError(const QString& error);
+
+    // The synoptic map.
+    SynopticWidget* activeSynoptic() const;
+    void updateSynopticCommands();
 
     // Files.
     TarvoViewController* findView(const QString& path) const;
@@ -150,7 +159,8 @@ private:
     QPixmap _letterQ;
     std::unique_ptr<QPrinter> _printer;
     std::unique_ptr<SoundingDB> _soundingDB; // null when there is none
-    std::unique_ptr<SpatiaLiteDB> _geoDB;    // null until a map needs it
+    std::unique_ptr<SpatiaLiteDB> _geoDB;    // null while there is no map
+    SynopticWidget* _synoptic = nullptr;     // deletes itself
     int _textSizePt = 12;
     QString _fontFamily = "Arial";
     int _busy = 0;          // runs under way, in which no other may begin and no window may close

@@ -1,5 +1,6 @@
 #include "SynopticWidget.h"
 
+#include "FilePathDialog.h"
 #include "QStationModelGraphicsItem.h"
 #include "SoundingProxyModel.h"
 #include "SoundingTableModel.h"
@@ -7,6 +8,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QFileInfo>
 #include <QFrame>
 #include <QHeaderView>
@@ -364,8 +366,17 @@ void SynopticWidget::deleteSoundings() {
     showCount();
 }
 
+/// A directory stands for the database of the usual name in it.
 void SynopticWidget::changeSoundingDB() {
-    emit changeSoundingDB(toQString(_soundingDB->dbPath()));
+    FilePathDialog dialog("Tarvo - Browse for Sounding Database", "Locate Sounding Database", true, this);
+    dialog.setFilePath(toQString(_soundingDB->dbPath()));
+    const QString answer = dialog.exec() == QDialog::Accepted ? dialog.getFilePath().trimmed() : QString();
+    if (answer.isEmpty()) {
+        return;
+    }
+    const QFileInfo chosen(answer);
+    emit changeSoundingDB(chosen.isDir() ? QDir(chosen.absoluteFilePath()).filePath("soundings.sqlite")
+                                         : chosen.absoluteFilePath());
 }
 
 void SynopticWidget::setSoundingDB(SoundingDB* soundingDB) {

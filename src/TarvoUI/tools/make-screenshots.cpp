@@ -1,9 +1,11 @@
 // Makes the pictures of the manual: opens the window on an example, without a screen and in a home of its own, and
 // keeps what a user would see.
 //
-//     make-screenshots EXAMPLE FOLDER
+//     make-screenshots EXAMPLE GEOGRAPHY FOLDER
 
 #include "Environment.h"
+#include "SyntheticStations.h"
+#include "SynopticWidget.h"
 #include "TarvoMainWindow.h"
 #include "TarvoSettings.h"
 #include "TarvoViewController.h"
@@ -11,6 +13,7 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
@@ -158,7 +161,38 @@ void keepXYgraph(TarvoViewController& view, QMainWindow& window, Album& album) {
     album.keepPopup(window, *flags->menu(), beside - QPoint(0, flags->menu()->sizeHint().height()), "xy-graph-flags");
 }
 
-void takePictures(const QString& example, Album& album, Answers& answers) {
+/// A level with several stations, at 850 mb, from the Bahamas to Texas.
+void keepMap(TarvoMainWindow& window, const QString& geography, Album& album) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("soundings.sqlite");
+    SyntheticStations::enter(*SoundingDB::openOrCreate(path.toStdString()), 9, 11);
+    {
+        RegistryXML registry(TarvoSettings::configFile().toStdString(), "");
+        TarvoConfigSet set(&registry);
+        set.set("GeoDBPath", geography.toStdString());
+        set.set("SynopticMapTitle", std::string("Synthetic soundings round a cyclone"));
+        set.save(false);
+    }
+    window.changeSoundingDB(path);
+    window.findChild<QAction*>("_actionSynoptic")->trigger();
+    SynopticWidget* synoptic = window.synopticWidget();
+    if (synoptic == nullptr) {
+        album.keep(QPixmap(), "synoptic-map");
+        return;
+    }
+    wait(300);
+    settle(window);
+    synoptic->findChild<QPushButton*>("_selectAll")->click();
+    synoptic->findChild<QComboBox*>("_levelSelect")->setCurrentText("850 mb");
+    auto* map = synoptic->findChild<QMicroMap*>();
+    map->showView(QRectF(QPointF(-99.0, 17.5), QPointF(-73.0, 34.0)));
+    album.keep(window, "synoptic-map");
+    map->reset();
+    album.keep(window, "synoptic-map-world");
+    window.changeSoundingDB(QDir::homePath() + "/soundings.sqlite");
+}
+
+void takePictures(const QString& example, const QString& geography, Album& album, Answers& answers) {
     answers.keepNext("first-start-box");
     { const TarvoMainWindow first; } // makes the files of the user
     adjustConfiguration();
@@ -201,6 +235,7 @@ void takePictures(const QString& example, Album& album, Answers& answers) {
     grid->selectColumn(0);
     answers.keepNext("selection-error-box");
     grid->actions().front()->trigger();
+    keepMap(window, geography, album);
 }
 
 } // namespace
@@ -213,12 +248,12 @@ int main(int argc, char* argv[]) {
     setTimeZone("TZ=GMT0");
     const QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
-    if (arguments.size() != 3) {
-        QTextStream(stderr) << "Usage: make-screenshots EXAMPLE FOLDER\n";
+    if (arguments.size() != 4) {
+        QTextStream(stderr) << "Usage: make-screenshots EXAMPLE GEOGRAPHY FOLDER\n";
         return 2;
     }
-    Album album(arguments[2]);
+    Album album(arguments[3]);
     Answers answers(album);
-    takePictures(arguments[1], album, answers);
+    takePictures(arguments[1], arguments[2], album, answers);
     return album.complete() ? 0 : 1;
 }
