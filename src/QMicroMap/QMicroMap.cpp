@@ -200,7 +200,8 @@ void QMicroMap::drawGrid(const QRectF& rect) {
     _grid->setVisible(_gridOn);
 }
 
-/// Right of \p place and above it, moved as far as it takes to stay within the view.
+/// Right of \p place and above it, moved a little where it wouldn't stay within the view; a label that would come to
+/// stand by another line isn't there.
 void QMicroMap::addGridLabel(const QString& text, const QPointF& place) {
     constexpr double kGap = 2.0; // pixels
     auto* label = new MapLabel(text, "helvetica");
@@ -208,6 +209,10 @@ void QMicroMap::addGridLabel(const QString& text, const QPointF& place) {
     const QPointF corner = mapFromScene(place);
     const double x = std::clamp(corner.x() + kGap, 0.0, std::max(0.0, viewport()->width() - size.width() - kGap));
     const double y = std::clamp(corner.y() - size.height(), 0.0, std::max(0.0, viewport()->height() - size.height()));
+    if (corner.x() - x > size.width() / 2.0) {
+        delete label;
+        return;
+    }
     label->setOffset({x - corner.x(), y - corner.y()});
     label->setPos(place);
     label->setParentItem(_grid);

@@ -165,7 +165,7 @@ void keepXYgraph(TarvoViewController& view, QMainWindow& window, Album& album) {
 void keepMap(TarvoMainWindow& window, const QString& geography, Album& album) {
     const QTemporaryDir folder;
     const QString path = folder.filePath("soundings.sqlite");
-    SyntheticStations::enter(*SoundingDB::openOrCreate(path.toStdString()), 9, 11);
+    SyntheticStations::enter(*SoundingDB::openOrCreate(path.toStdString()), 7, 9);
     {
         RegistryXML registry(TarvoSettings::configFile().toStdString(), "");
         TarvoConfigSet set(&registry);
@@ -185,6 +185,7 @@ void keepMap(TarvoMainWindow& window, const QString& geography, Album& album) {
     synoptic->findChild<QPushButton*>("_selectAll")->click();
     synoptic->findChild<QComboBox*>("_levelSelect")->setCurrentText("850 mb");
     auto* map = synoptic->findChild<QMicroMap*>();
+    map->setTopLeftAnnotation("Synthetic soundings round a cyclone\n/home/operator/soundings.sqlite");
     map->showView(QRectF(QPointF(-99.0, 17.5), QPointF(-73.0, 34.0)));
     album.keep(window, "synoptic-map");
     map->reset();
