@@ -11,15 +11,19 @@ from screen import Program, children, is_in, look, need_screen, text, wait
 NAME = "D20210914_043120.2"
 SAVED = "D20210914_043120QC.csv"
 TITLE = "Tarvo V3.4.8"
-TABS = ["Main", "Raw", "QC", "XY Graph", "Skew-T", "Levels", "WMO", "Summary"]
+TABS = ["Main", "Raw", "QC", "XY Graph", "Skew-T", "Levels", "WMO", "Comm", "Summary"]
 TDRY = 2  # column of the grids
 SAMPLE = 60  # row of the sample that is ignored
 FROM_END = 40  # row of the end of drop, from the last one
 
 
 def start(program, hand):
-    """The boxes of a first start, and the empty window, which soon asks for a file of itself."""
+    """The boxes of a first start, its question for a database, and the empty window, which soon asks for a file of itself."""
     for title in ["Tarvo File Open"] + 4 * ["Tarvo File Update"]:  # manual, log, two tables
+        box = program.window(title)
+        hand.answer(box, "OK")
+        wait(title + " to go", lambda: box not in program.windows())
+    for title in "Tarvo - Browse for Sounding Database", "Tarvo Sounding Database Create":
         box = program.window(title)
         hand.answer(box, "OK")
         wait(title + " to go", lambda: box not in program.windows())

@@ -3,6 +3,7 @@
 #include "EditorControl.h"
 #include "TarvoConfigSet.h"
 
+#include <ctime>
 #include <memory>
 #include <string>
 
@@ -22,6 +23,9 @@ public:
     /// What follows the last "/" or "\".
     const std::string& fileName() const { return _fileName; }
 
+    /// That of the message: two minutes after the sounding was opened.
+    std::time_t nominalTime() const { return _nominalTime; }
+
     void summaryAddItem(const std::string& topic, const std::string& text);
     /// What stands at the foot of a printed page: program, version and time.
     std::string credit() const;
@@ -31,4 +35,5 @@ private:
     std::string _fileName;
     std::unique_ptr<EditorControl> _editor;
     TarvoConfigSet* _configSet;
+    std::time_t _nominalTime = std::time(nullptr) + 120; // s
 };

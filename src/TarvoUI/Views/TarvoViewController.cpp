@@ -1,6 +1,7 @@
 #include "TarvoViewController.h"
 
 #include "Boxes.h"
+#include "CommView.h"
 #include "LevelsView.h"
 #include "MainView.h"
 #include "QCView.h"
@@ -45,21 +46,23 @@ struct TarvoViewController::Tab {
     const char* status;         ///< while it is updated
     const char* autoSaveStatus; ///< null for a tab that saves nothing by itself
     int autoSaveOrder;
-    bool needsQC;
+    int updateOrder;
+    enum Condition { Always, WithQC, DropWithQC } condition;
     TarvoView* (*make)(DocumentController* doc, QPrinter* printer, QWidget* parent);
 };
 
 /// In the order in which they stand.
 const std::vector<TarvoViewController::Tab>& TarvoViewController::tabTable() {
     static const std::vector<Tab> tabs{
-        {"&Main", "Main ", nullptr, 0, false, &make<MainView>},
-        {"&Raw", "Raw ", nullptr, 0, false, &make<RawView>},
-        {"&QC", "QC ", "QC autosaving", 1, true, &make<QCView>},
-        {"&XY Graph", "XY ", nullptr, 0, false, &make<XYgraphView>},
-        {"Skew-&T", "SkewT ", "SkewT autosaving", 2, false, &make<SkewTView>},
-        {"&Levels", "levels ", "Levels autosaving", 4, true, &make<LevelsView>},
-        {"&WMO", "WMO ", "WMO autosaving", 3, true, &make<WMOView>},
-        {"&Summary", "Summary ", "Summary autosaving", 5, true, &make<SummaryView>},
+        {"&Main", "Main ", nullptr, 0, 1, Tab::Always, &make<MainView>},
+        {"&Raw", "Raw ", nullptr, 0, 2, Tab::Always, &make<RawView>},
+        {"&QC", "QC ", "QC autosaving", 1, 3, Tab::WithQC, &make<QCView>},
+        {"&XY Graph", "XY ", nullptr, 0, 4, Tab::Always, &make<XYgraphView>},
+        {"Skew-&T", "SkewT ", "SkewT autosaving", 2, 5, Tab::Always, &make<SkewTView>},
+        {"&Levels", "levels ", "Levels autosaving", 4, 6, Tab::WithQC, &make<LevelsView>},
+        {"&WMO", "WMO ", "WMO autosaving", 3, 8, Tab::WithQC, &make<WMOView>},
+        {"&Comm", "Comm ", nullptr, 0, 7, Tab::DropWithQC, &make<CommView>},
+        {"&Summary", "Summary ", "Summary autosaving", 5, 9, Tab::WithQC, &make<SummaryView>},
     };
     return tabs;
 }
@@ -128,8 +131,10 @@ void TarvoViewController::createTabs() {
     _viewWidget->setUpdatesEnabled(false);
     int doQC = 0;
     _configSet->intValue("DoQC", doQC);
+    std::string type;
+    const bool isDrop = editor()->soundingType(type) == SoundingType::Ombra;
     for (const Tab& tab : tabTable()) {
-        if (!tab.needsQC || doQC != 0) {
+        if (tab.condition == Tab::Always || (doQC != 0 && (tab.condition == Tab::WithQC || isDrop))) {
             TarvoView* view = tab.make(_doc.get(), _printer, _viewWidget);
             connect(view, &TarvoView::processRequest, this, &TarvoViewController::processRequest);
             _tabs.emplace_back(&tab, view);
@@ -214,7 +219,10 @@ void TarvoViewController::updateTabs() {
         _doc->editor()->changeRawVer();
         _rawChanged = false;
     }
-    for (const auto& [tab, view] : _tabs) {
+    auto updated = _tabs; // the message that is shown has what is entered for it
+    std::sort(updated.begin(), updated.end(),
+              [](const auto& a, const auto& b) { return a.first->updateOrder < b.first->updateOrder; });
+    for (const auto& [tab, view] : updated) {
         _statusAgent->AppendStatus(tab->status);
         view->update();
     }
@@ -277,6 +285,9 @@ void TarvoViewController::tabChanged(int index) {
 /// What the user withdrew from coding, or took back, needs a new message.
 void TarvoViewController::levelsChanged() {
     _doc->editor()->doWMO();
+    if (auto* comm = _viewWidget->findChild<CommView*>()) {
+        comm->update();
+    }
 }
 
 void TarvoViewController::tabClicked(int index) {

@@ -228,7 +228,8 @@ void takePictures(const QString& example, const QString& geography, Album& album
     keepXYgraph(*view, window, album);
 
     for (const auto& [tab, name] : {std::pair("SkewTView", "skewt-tab"), std::pair("LevelsView", "levels-tab"),
-                                    std::pair("WMOView", "wmo-tab"), std::pair("SummaryView", "summary-tab")}) {
+                                    std::pair("WMOView", "wmo-tab"), std::pair("CommView", "comm-tab"),
+                                    std::pair("SummaryView", "summary-tab")}) {
         view->tabs()->setCurrentWidget(view->findChild<QWidget*>(tab));
         album.keep(window, name);
     }

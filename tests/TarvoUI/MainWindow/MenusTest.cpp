@@ -183,8 +183,8 @@ TEST_F(MenusTest, WindowMenuTellsTheWindowsAndGoesThere) {
 
 TEST_F(MenusTest, CommandsFollowTheActiveTab) {
     start();
-    const std::vector<std::string> always{"About",     "ConfigLog", "Open",    "Quit",
-                                          "Statusbar", "TarvoDocs", "Toolbar", "UserManual"};
+    const std::vector<std::string> always{"About",    "ConfigLog", "Open",    "Quit",      "Statusbar",
+                                          "Synoptic", "TarvoDocs", "Toolbar", "UserManual"};
     EXPECT_EQ(enabled(), always);
     open(makeSounding("one.csv"));
     std::vector<std::string> onMain = always;

@@ -1,0 +1,183 @@
+// A message goes over a line: Kermit of Debian on a pair of pseudo-terminals, with a receiver that isn't ours.
+
+#include "CommView.h"
+#include "OpenedSounding.h"
+#include "TemporaryFolder.h"
+#include "WMO.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStandardPaths>
+#include <QtTest/QtTest>
+#include <csignal>
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <sys/resource.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class Transmission : public testing::Test {
+protected:
+    void SetUp() override {
+        fs::create_directories(folder / "temporary");
+        fs::create_directories(folder / "received");
+        temporaryBefore = qgetenv("TMPDIR");
+        qputenv("TMPDIR", path("temporary").toLocal8Bit());
+    }
+    void TearDown() override {
+        temporaryBefore.isEmpty() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", temporaryBefore);
+        for (QProcess* process : {&receiver, &line}) {
+            process->kill();
+            process->waitForFinished(2000);
+        }
+    }
+
+    QString path(const char* name) const { return QString::fromStdString((folder / name).string()); }
+    /// The tab, with that program for Kermit and that port.
+    CommView& open(const QString& kermit, const QString& port) {
+        sounding.config.set("KermitPath", kermit.toStdString());
+        view = std::make_unique<CommView>(&sounding.doc, &sounding.printer, nullptr);
+        view->show();
+        view->findChild<QComboBox*>("_commPort")->setEditText(port);
+        return *view;
+    }
+    void press(const char* name) { QTest::mouseClick(view->findChild<QPushButton*>(name), Qt::LeftButton); }
+    QString status() const { return view->findChild<QLabel*>("_sendStatus")->text(); }
+    QString clearText() const { return view->findChild<QPushButton*>("_sendClear")->text(); }
+    std::vector<std::string> temporaryFiles() const {
+        std::vector<std::string> names;
+        for (const auto& entry : fs::directory_iterator(folder / "temporary")) {
+            names.push_back(entry.path().filename().string());
+        }
+        return names;
+    }
+    /// The informative text of the box that came up, which goes.
+    std::string box() {
+        auto* shown = view->findChild<QMessageBox*>();
+        if (shown == nullptr) {
+            return "";
+        }
+        EXPECT_EQ(shown->windowTitle(), "ARWO Error");
+        EXPECT_EQ(shown->text(), "The WMO message transfer to the ARWO failed.");
+        EXPECT_FALSE(shown->isModal());
+        const std::string text = shown->informativeText().toStdString();
+        delete shown;
+        return text;
+    }
+    std::string message() {
+        std::string text;
+        for (const std::string& part : sounding.editor().wmo()->textLines()) {
+            text += part + "\r\n";
+        }
+        return text;
+    }
+
+    static constexpr int kPatience = 60000; // ms
+    const std::string kAdvice = "Is the ARWO computer available? \n\nAre the com port and baud rate set correctly? \n\n"
+                                "Is kermit installed and the correct path set?";
+    TemporaryFolder folder;
+    QByteArray temporaryBefore;
+    OpenedSounding sounding{"D20210801_120003.1"};
+    std::unique_ptr<CommView> view;
+    QProcess line;
+    QProcess receiver;
+};
+
+} // namespace
+
+TEST_F(Transmission, TheMessageArrives) {
+    const QString kermit = QStandardPaths::findExecutable("kermit");
+    for (const char* program : {"kermit", "socat", "rz"}) {
+        if (QStandardPaths::findExecutable(program).isEmpty()) {
+            GTEST_SKIP() << program << " is not installed";
+        }
+    }
+    line.start("socat", {"pty,raw,echo=0,link=" + path("a"), "pty,raw,echo=0,link=" + path("b")});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return fs::exists(folder / "a") && fs::exists(folder / "b"); }, 5000));
+    receiver.setWorkingDirectory(path("received"));
+    receiver.start("sh", {"-c", "exec rz -b <'" + path("b") + "' >'" + path("b") + "'"});
+    ASSERT_TRUE(receiver.waitForStarted());
+
+    open(kermit, path("a"));
+    press("_sendMsg");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return clearText() == "Cancel"; }, 5000)) << status().toStdString();
+    EXPECT_EQ(temporaryFiles().size(), 1U);
+    EXPECT_FALSE(view->findChild<QPushButton*>("_sendMsg")->isEnabled());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return status() == "ARWO message transfer success"; }, kPatience))
+        << status().toStdString();
+    EXPECT_EQ(clearText(), "Clear");
+    EXPECT_THAT(temporaryFiles(), IsEmpty());
+    EXPECT_TRUE(view->findChild<QPushButton*>("_sendMsg")->isEnabled());
+    receiver.waitForFinished(5000);
+    const auto files = QDir(path("received")).entryList(QDir::Files);
+    ASSERT_EQ(files.size(), 1);
+    EXPECT_EQ(readFile(folder / "received" / files[0].toStdString()), message());
+    EXPECT_EQ(box(), "");
+    press("_sendClear");
+    EXPECT_EQ(status(), "");
+}
+
+TEST_F(Transmission, CancelEndsIt) {
+    writeFile(folder / "slow", "#!/bin/sh\nexec sleep 60\n");
+    fs::permissions(folder / "slow", fs::perms::owner_all);
+    open(path("slow"), "com1");
+    press("_sendMsg");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return status() == "ARWO message transfer started"; }, 5000));
+    EXPECT_EQ(clearText(), "Cancel");
+    EXPECT_EQ(temporaryFiles().size(), 1U);
+    press("_sendClear");
+    EXPECT_EQ(clearText(), "Clear");
+    EXPECT_EQ(status(), "");
+    EXPECT_THAT(temporaryFiles(), IsEmpty());
+    EXPECT_EQ(box(), "") << "no failure";
+    press("_sendMsg");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return status() == "ARWO message transfer started"; }, 5000));
+    view.reset(); // the tab goes while a transfer runs
+    EXPECT_THAT(temporaryFiles(), IsEmpty());
+}
+
+TEST_F(Transmission, FailuresAreTold) {
+    writeFile(folder / "failing", "#!/bin/sh\nexit 3\n");
+    fs::permissions(folder / "failing", fs::perms::owner_all);
+    open(path("failing"), "/dev/nowhere");
+    press("_sendMsg");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return status() == "ARWO message transfer failed"; }, 5000));
+    EXPECT_EQ(box(), kAdvice);
+    EXPECT_THAT(temporaryFiles(), IsEmpty());
+
+    fs::remove(folder / "failing"); // it has gone since the tab was opened
+    press("_sendMsg");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return status() == "ARWO message transfer failed"; }, 5000));
+    EXPECT_EQ(box(), kAdvice);
+    EXPECT_THAT(temporaryFiles(), IsEmpty());
+}
+
+/// The limit of a file's size stands for a disk that is full.
+TEST_F(Transmission, AFullDisk) {
+    writeFile(folder / "ok", "#!/bin/sh\nexit 0\n");
+    fs::permissions(folder / "ok", fs::perms::owner_all);
+    open(path("ok"), "com1");
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit full{0, before.rlim_max};
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &full);
+    press("_sendMsg");
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(box(), "Cannot create temporary file to hold the WMO message.");
+    EXPECT_THAT(temporaryFiles(), IsEmpty());
+}
+
+TEST(ZmodemProcess, Commands) {
+    EXPECT_EQ(ZmodemProcess("/usr/bin/kermit", "/tmp/m.txt", "com1", "9600").commands(),
+              "set line com1,set speed 9600,set serial 8N1,set protocol zmodem,set carrier off,set flow-control none,send "
+              "/tmp/m.txt,quit");
+}
