@@ -2,6 +2,7 @@
 
 #include "BatchTool.h"
 #include "Sha256.h"
+#include "SoundingDB.h"
 #include "WatchedFolder.h"
 
 #include <csignal>
@@ -10,6 +11,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <set>
+#include <sqlite3.h>
 #include <thread>
 #include <unistd.h>
 
@@ -311,6 +313,30 @@ TEST(Campaign, WatchesADirectoryThroughRestarts) {
     EXPECT_EQ(fs::last_write_time(folder / "raw/drop100QC.csv"), first) << "done is done";
     EXPECT_TRUE(fs::exists(folder / "raw/meanwhileQC.csv"));
     EXPECT_FALSE(fs::exists(folder / "raw/meanwhileQCQC.csv"));
+}
+
+TEST(Campaign, EntersEachSoundingOnceInTheDatabase) {
+    const TemporaryFolder folder;
+    makeCampaign(folder, 12);
+    writeFile(folder / "raw/broken.1", "no sounding\n");
+    for (int run = 0; run < 2; ++run) {
+        EXPECT_EQ(tool(folder, "--quiet --jobs 8 --out out --formats levels --db raw/all.sqlite raw").status, 1);
+        SoundingDB db((folder / "raw/all.sqlite").string(), SQLITE_OPEN_READWRITE, "");
+        const auto soundings = db.getSoundings();
+        ASSERT_EQ(soundings.size(), 12u);
+        std::set<std::string> files;
+        for (const auto& sounding : soundings) {
+            files.insert(sounding.filename);
+            EXPECT_GT(db.getLevels(sounding.id).size(), 5u);
+        }
+        EXPECT_EQ(files.size(), 12u);
+        EXPECT_EQ(*files.begin(), fs::canonical(folder / "raw/drop100.1").string());
+    }
+    writeFile(folder / "notes.sqlite", "no database at all, but longer than nothing\n");
+    const Outcome refused = tool(folder, "--db notes.sqlite --out out raw");
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_THAT(refused.err, HasSubstr("notes.sqlite"));
+    EXPECT_EQ(readFile(folder / "notes.sqlite"), "no database at all, but longer than nothing\n");
 }
 
 TEST(Campaign, ExplainsWhatWasRemoved) {

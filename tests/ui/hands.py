@@ -140,7 +140,16 @@ class Keyboard:
         self.press("Return")
 
     def go_to_tab(self, name):
-        self.press("alt+" + name[0].lower())
+        """Presses the tab's letter, and again when a program that was still busy didn't take it."""
+        shown = {"Main": ("push button", "RECOMPUTE"), "Raw": ("table", "Raw data"), "QC": ("table", "QC data")}[name]
+        for _ in range(5):
+            self.press("alt+" + name[0].lower())
+            try:
+                wait(f"the tab {name}", lambda: any(look(window, *shown) for window in self.program.windows()), 4)
+                return
+            except AssertionError:
+                continue
+        raise AssertionError(f"the tab {name} doesn't open")
 
     def go_to_cell(self, table, row, column):
         self.go_to("Tab", "table", table)
