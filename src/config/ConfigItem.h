@@ -22,6 +22,8 @@ public:
     int intValue() const;
     bool boolValue() const { return _value != 0.0; }
     const std::string& text() const { return _text; }
+    double defaultValue() const { return _defaultValue; }
+    const std::string& defaultText() const { return _defaultText; }
 
     /// Always true. Setting the value that is in force does nothing at all.
     bool set(double value);

@@ -212,10 +212,7 @@ void TarvoMainWindow::updateMenuWindow() {
 void TarvoMainWindow::updateMenus() {
     const TarvoViewController* view = activeView();
     const TarvoView* tab = view == nullptr ? nullptr : view->activeTab();
-    // What their windows don't exist for yet stays off.
-    for (const char* name : {"_actionConfiguration", "_actionOptions"}) {
-        action(name)->setEnabled(false);
-    }
+    action("_actionConfiguration")->setEnabled(view == nullptr);
     action("_actionSave")->setEnabled(tab != nullptr && tab->canSave());
     for (const char* name : {"_actionPrint", "_actionPrintPreview"}) {
         action(name)->setEnabled(tab != nullptr && tab->canPrint());
@@ -225,7 +222,7 @@ void TarvoMainWindow::updateMenus() {
     if (soundingCount() == 0) {
         stopFlash(); // who asked for it is gone
     }
-    for (const char* name : {"_actionClose", "_actionCloseAll", "_actionRestoreDefaults", "_actionCascade",
+    for (const char* name : {"_actionClose", "_actionCloseAll", "_actionOptions", "_actionRestoreDefaults", "_actionCascade",
                              "_actionTile", "_actionArrangeIcons"}) {
         action(name)->setEnabled(view != nullptr);
     }

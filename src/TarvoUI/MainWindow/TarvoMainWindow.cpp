@@ -4,6 +4,7 @@
 #include "InitTarvoFiles.h"
 #include "RevisionInfo.h"
 #include "SynopticWidget.h"
+#include "TarvoConfigMgt.h"
 #include "TarvoSettings.h"
 #include "TarvoViewController.h"
 #include "UiText.h"
@@ -269,6 +270,27 @@ void TarvoMainWindow::closeEvent(QCloseEvent* event) {
     }
     closeSoundings();
     event->accept();
+}
+
+void TarvoMainWindow::options() {
+    TarvoViewController* view = activeView();
+    if (_busy == 0 && view != nullptr) {
+        const Busy busy(_busy);
+        view->options(_mdiArea->subWindowList().size());
+    }
+}
+
+void TarvoMainWindow::configuration() {
+    if (_busy > 0) {
+        return;
+    }
+    const Busy busy(_busy);
+    QDialog parent(this);
+    TarvoConfigMgt management(TarvoSettings::kApplication, &parent, _soundingDB.get());
+    management.setStyleSheet(textStyleSheet(_textSizePt, _fontFamily));
+    connect(&management, &TarvoConfigMgt::configChanged, this, [this] { updateStatusBar(); });
+    connect(&management, &TarvoConfigMgt::configChanged, this, &TarvoMainWindow::updateSynopticMapTitle);
+    management.exec();
 }
 
 void TarvoMainWindow::restoreDefaults() {

@@ -72,9 +72,9 @@ private slots:
     void saveAll();
     void print();
     void printPreview();
-    void options() {}
+    void options();
     void restoreDefaults();
-    void configuration() {}
+    void configuration();
     void synoptic();
     void synopticDestroyed();
     void updateSynopticMapTitle();

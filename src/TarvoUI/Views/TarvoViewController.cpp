@@ -9,6 +9,7 @@
 #include "SkewTView.h"
 #include "SoundingDB.h"
 #include "SummaryView.h"
+#include "TarvoAdvConfigController.h"
 #include "TarvoSettings.h"
 #include "UiText.h"
 #include "WMOView.h"
@@ -20,6 +21,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QMdiArea>
 #include <QMessageBox>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -295,6 +297,15 @@ void TarvoViewController::tabClicked(int index) {
         _viewWidget->setCurrentIndex(index);
         view->show();
     }
+}
+
+void TarvoViewController::options(int windows) {
+    QDialog dialog;
+    dialog.setStyleSheet(window()->findChild<QMdiArea*>() == nullptr ? QString()
+                                                                      : window()->findChild<QMdiArea*>()->styleSheet());
+    const TarvoAdvConfigController controller(&dialog, _configSet.get(), _soundingDB, windows);
+    connect(&controller, &TarvoAdvConfigController::saveConfiguration, this, &TarvoViewController::saveConfiguration);
+    dialog.exec();
 }
 
 void TarvoViewController::restoreConfigDefaults() {

@@ -34,6 +34,8 @@ public:
     int print();
     int printPreview();
     /// Asks, and sets the options of this window to their defaults.
+    /// Edits the options of the window's set; \p windows is how many are open.
+    void options(int windows);
     void restoreConfigDefaults();
     /// The name of the configuration set of this window.
     QString activeConfigSet() const;

@@ -1,0 +1,112 @@
+#include "TarvoAdvConfigController.h"
+
+#include "OptionSearch.h"
+#include "TarvoAutoSave.h"
+#include "TarvoGraphConfig.h"
+#include "TarvoOtherOptions.h"
+#include "TarvoQcConfig.h"
+#include "TarvoSynopticMap.h"
+#include "WMOConfigForm.h"
+#include "WaitCursor.h"
+
+#include <QDialogButtonBox>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+TarvoAdvConfigController::TarvoAdvConfigController(QDialog* dialog, TarvoConfigSet* configSet, SoundingDB* soundingDB,
+                                                   int numberOfOpenSoundings)
+    : QWidget(dialog), _dialog(dialog), _soundingDB(soundingDB), _openSoundings(numberOfOpenSoundings),
+      _tabs(new QTabWidget(this)) {
+    _dialog->setWindowTitle("Options");
+    auto* search = new QLineEdit(this);
+    search->setObjectName("_search");
+    search->setPlaceholderText("Find an option (Ctrl+F)");
+    search->setAccessibleName("Find an option");
+    search->setClearButtonEnabled(true);
+    _tabs->setObjectName("_tabs");
+    initializeTabs(configSet);
+    connect(search, &QLineEdit::textChanged, this, [this](const QString& text) {
+        std::vector<TarvoAdvConfig*> forms;
+        for (const auto& form : _forms) {
+            forms.push_back(form.get());
+        }
+        searchOptions(text, _tabs, forms);
+    });
+    connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, search, [search] {
+        search->setFocus();
+        search->selectAll();
+    });
+    auto* buttons =
+        new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Apply, this);
+    connect(buttons->button(QDialogButtonBox::Apply), &QPushButton::clicked, this,
+            &TarvoAdvConfigController::applySelected);
+    connect(buttons, &QDialogButtonBox::accepted, this, &TarvoAdvConfigController::okSelected);
+    connect(buttons, &QDialogButtonBox::rejected, this, &TarvoAdvConfigController::cancelSelected);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(search);
+    layout->addWidget(_tabs, 1);
+    layout->addWidget(buttons);
+    auto* around = new QVBoxLayout(_dialog);
+    around->addWidget(this);
+    _dialog->resize(1000, 700);
+    _dialog->installEventFilter(this);
+}
+
+TarvoAdvConfigController::~TarvoAdvConfigController() {
+    // The pages go with the forms that made them.
+    while (_tabs->count() > 0) {
+        QWidget* page = _tabs->widget(0);
+        _tabs->removeTab(0);
+        page->setParent(nullptr);
+        delete page;
+    }
+}
+
+bool TarvoAdvConfigController::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == _dialog && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        return key == Qt::Key_Return || key == Qt::Key_Enter;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void TarvoAdvConfigController::initializeTabs(TarvoConfigSet* configSet) {
+    auto processing = std::make_unique<TarvoOtherOptions>(configSet, _openSoundings);
+    auto autoSave = std::make_unique<TarvoAutoSave>(configSet);
+    connect(processing.get(), &TarvoOtherOptions::qcMode, autoSave.get(), &TarvoAutoSave::enAutoSave);
+    double mode = TarvoConfigSet::DOQC_NORMAL;
+    configSet->value("DoQC", mode);
+    autoSave->enAutoSave(static_cast<int>(mode));
+    _forms.push_back(std::make_unique<TarvoQcConfig>(configSet));
+    _forms.push_back(std::move(processing));
+    _forms.push_back(std::make_unique<WMOConfigForm>(configSet));
+    _forms.push_back(std::move(autoSave));
+    _forms.push_back(std::make_unique<TarvoSynopticMap>(configSet, _soundingDB));
+    _forms.push_back(std::make_unique<TarvoGraphConfig>(configSet));
+    const char* const texts[] = {"&QC Parameters", "&Processing", "&WMO", "&Auto Save", "&Synoptic Map", "&Visual"};
+    for (std::size_t i = 0; i < _forms.size(); ++i) {
+        _tabs->addTab(_forms[i]->widget(), texts[i]);
+    }
+}
+
+void TarvoAdvConfigController::applySelected() {
+    {
+        const WaitCursor wait;
+        for (const std::size_t form : {0U, 5U, 1U, 2U, 3U, 4U}) {
+            _forms[form]->updateConfigFromForm();
+        }
+    }
+    emit saveConfiguration(true);
+}
+
+void TarvoAdvConfigController::okSelected() {
+    applySelected();
+    _dialog->accept();
+}
+
+void TarvoAdvConfigController::cancelSelected() {
+    _dialog->reject();
+}

@@ -1,0 +1,5 @@
+#include "WMOConfigForm.h"
+
+WMOConfigForm::WMOConfigForm(TarvoConfigSet* configSet) : TarvoAdvConfig(configSet, "WMO Messages", config_forms::wmo()) {
+    begin();
+}

@@ -1,0 +1,276 @@
+// Every option of the options dialog, by clicks and keys.
+
+#include "ConfigForms.h"
+#include "ModalAnswers.h"
+#include "ParameterTable.h"
+#include "RegistryXML.h"
+#include "ShippedConfiguration.h"
+#include "TarvoAdvConfigController.h"
+
+#include <QAbstractButton>
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QtTest/QtTest>
+#include <gmock/gmock.h>
+#include <set>
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace {
+
+std::vector<OptionField> allFields() {
+    std::vector<OptionField> all;
+    for (const auto* table : {&config_forms::qualityControl(), &config_forms::processing(), &config_forms::wmo(),
+                              &config_forms::autoSave(), &config_forms::synopticMap(), &config_forms::visual()}) {
+        all.insert(all.end(), table->begin(), table->end());
+    }
+    return all;
+}
+
+/// The dialog over the set editsonde of the shipped configuration.
+class Options {
+public:
+    explicit Options(int openSoundings = 0)
+        : registry(RegistryXML::fromText(shippedConfiguration(), "editsonde")), set(registry.get()),
+          controller(new TarvoAdvConfigController(&dialog, &set, nullptr, openSoundings)) {
+        dialog.show();
+    }
+    ~Options() { delete controller; }
+    Options(const Options&) = delete;
+    Options& operator=(const Options&) = delete;
+
+    template <typename Widget>
+    Widget& child(const char* name) {
+        Widget* found = dialog.findChild<Widget*>(name);
+        if (found == nullptr) {
+            throw std::runtime_error(std::string("no widget ") + name);
+        }
+        return *found;
+    }
+    ConfigItem& item(const char* key) { return *set[Id(key)]; }
+    QPushButton& button(QDialogButtonBox::StandardButton which) {
+        return *dialog.findChild<QDialogButtonBox*>()->button(which);
+    }
+    void apply() { button(QDialogButtonBox::Apply).click(); }
+    /// Types over what stands there, and leaves the field.
+    void type(QLineEdit& edit, const QString& text) {
+        edit.setFocus();
+        edit.selectAll();
+        QTest::keyClick(&edit, Qt::Key_Delete);
+        QTest::keyClick(&edit, Qt::Key_Home);
+        QTest::keyClicks(&edit, text);
+        QTest::keyClick(&edit, Qt::Key_Return);
+    }
+
+    std::unique_ptr<RegistryXML> registry;
+    TarvoConfigSet set;
+    QDialog dialog;
+    TarvoAdvConfigController* controller;
+};
+
+QString shown(const ConfigItem& item) {
+    return item.isNumeric() ? QString::number(item.value(), 'g', 6) : QString::fromStdString(item.text());
+}
+
+class EveryOption : public testing::TestWithParam<OptionField> {
+protected:
+    Options options;
+    ModalAnswers answers;
+};
+
+} // namespace
+
+TEST_P(EveryOption, IsShownEditedAndKept) {
+    const OptionField& field = GetParam();
+    ASSERT_NE(findParameter(field.key), nullptr);
+    ConfigItem& item = options.item(field.key);
+    if (field.kind == OptionField::Flag) {
+        auto& box = options.child<QCheckBox>(field.key);
+        ASSERT_TRUE(item.isNumeric());
+        EXPECT_EQ(box.isChecked(), item.boolValue());
+        const bool before = box.isChecked();
+        box.setChecked(!before);
+        EXPECT_EQ(item.boolValue(), before) << "not before Apply";
+        options.apply();
+        EXPECT_EQ(item.boolValue(), !before);
+        EXPECT_THAT(box.toolTip().toStdString(), HasSubstr(field.key));
+    } else if (field.kind == OptionField::Choice) {
+        auto& group = options.child<QButtonGroup>(field.key);
+        EXPECT_EQ(group.checkedId(), item.intValue());
+        ASSERT_EQ(group.buttons().size(), static_cast<int>(field.choices.size()));
+        const int other = group.checkedId() == 1 ? 2 : 1;
+        group.button(other)->click();
+        options.apply();
+        EXPECT_EQ(item.intValue(), other);
+    } else {
+        auto& edit = options.child<QLineEdit>(field.key);
+        EXPECT_EQ(edit.text(), shown(item));
+        EXPECT_THAT(edit.toolTip().toStdString(), HasSubstr("\nSet: " + shown(item).toStdString() + "\nDefault: "));
+        const bool isNumber = field.kind == OptionField::Double || field.kind == OptionField::Int;
+        ASSERT_EQ(item.isNumeric(), isNumber);
+        const bool hasLimits = field.min != 0.0 || field.max != 0.0;
+        QString text = isNumber ? hasLimits ? QString::number(field.max, 'g', 6) : "7" : "abc";
+        if (field.kind == OptionField::Pattern) {
+            text = std::string(field.key) == "TempEmailAddress" ? "ops@site.org"
+                   : std::string(field.key) == "BSN"            ? "72469"
+                                                                : "KABC";
+        }
+        edit.setText(text); // what a greyed field takes only from its box
+        options.apply();
+        EXPECT_EQ(shown(item), text);
+    }
+    EXPECT_THAT(answers.boxes(), IsEmpty());
+}
+
+TEST_P(EveryOption, LimitsRefuseAndAnEmptyFieldStoresNothing) {
+    const OptionField& field = GetParam();
+    const bool isNumber = field.kind == OptionField::Double || field.kind == OptionField::Int;
+    if (!isNumber || (field.min == 0.0 && field.max == 0.0)) {
+        GTEST_SKIP() << "without limits";
+    }
+    ConfigItem& item = options.item(field.key);
+    auto& edit = options.child<QLineEdit>(field.key);
+    edit.setEnabled(true);
+    edit.setVisible(true);
+    const QString before = edit.text();
+    const double step = field.kind == OptionField::Int ? 1.0 : 0.05;
+    const std::string message = QString("The %1 must be greater than %2 and less than %3!")
+                                    .arg(field.inMessages)
+                                    .arg(static_cast<int>(field.min))
+                                    .arg(static_cast<int>(field.max))
+                                    .toStdString();
+    for (const QString& wrong : {QString::number(field.max + step, 'g', 9), QString::number(field.min - step, 'g', 9),
+                                 QString("many")}) {
+        answers.forget();
+        options.type(edit, wrong);
+        ASSERT_THAT(answers.texts(), ElementsAre(message)) << wrong.toStdString();
+        EXPECT_EQ(answers.boxes()[0].title, "ERROR");
+        EXPECT_EQ(answers.boxes()[0].icon, QMessageBox::Warning);
+        EXPECT_EQ(edit.text(), before);
+    }
+    answers.forget();
+    options.type(edit, QString::number(field.min, 'g', 6));
+    EXPECT_EQ(edit.text().toDouble(), field.min) << "the limit itself is accepted";
+    options.type(edit, "");
+    options.apply();
+    EXPECT_THAT(answers.boxes(), IsEmpty());
+    const double kept = item.isImmediateSave() ? field.min : before.toDouble();
+    EXPECT_DOUBLE_EQ(item.value(), kept);
+}
+
+INSTANTIATE_TEST_SUITE_P(Options, EveryOption, testing::ValuesIn(allFields()),
+                         [](const auto& option) { return std::string(option.param.key); });
+
+TEST(OptionsDialog, EachOptionStandsOnce) {
+    std::set<std::string> keys;
+    for (const OptionField& field : allFields()) {
+        EXPECT_TRUE(keys.insert(field.key).second) << field.key;
+    }
+    EXPECT_GT(keys.size(), 150U);
+}
+
+TEST(OptionsDialog, CancelChangesNothing) {
+    Options options;
+    const auto before = options.set.dump();
+    options.type(options.child<QLineEdit>("PresQCWL"), "44");
+    options.child<QCheckBox>("PresMonoCheck").toggle();
+    QSignalSpy saved(options.controller, &TarvoAdvConfigController::saveConfiguration);
+    options.button(QDialogButtonBox::Cancel).click();
+    const auto after = options.set.dump();
+    ASSERT_EQ(after.size(), before.size());
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        EXPECT_EQ(after[i], before[i]);
+    }
+    EXPECT_TRUE(saved.isEmpty());
+    EXPECT_FALSE(options.dialog.isVisible());
+}
+
+TEST(OptionsDialog, OkAppliesAndCloses) {
+    Options options;
+    options.type(options.child<QLineEdit>("PresQCWL"), "600");
+    QSignalSpy saved(options.controller, &TarvoAdvConfigController::saveConfiguration);
+    options.button(QDialogButtonBox::Ok).click();
+    EXPECT_EQ(options.item("PresQCWL").value(), 600.0);
+    ASSERT_EQ(saved.size(), 1);
+    EXPECT_TRUE(saved[0][0].toBool());
+    EXPECT_FALSE(options.dialog.isVisible());
+}
+
+TEST(OptionsDialog, QcModesRuleOtherBoxes) {
+    Options options;
+    auto& enable = options.child<QCheckBox>("QCAutoSaveEnable");
+    enable.setChecked(true);
+    options.child<QAbstractButton>("DoQC_0").click();
+    EXPECT_FALSE(enable.isEnabled());
+    EXPECT_FALSE(enable.isChecked());
+    EXPECT_FALSE(options.child<QCheckBox>("DoLevels").isChecked());
+    EXPECT_FALSE(options.child<QCheckBox>("DoWMO").isChecked());
+    options.child<QAbstractButton>("DoQC_1").click();
+    EXPECT_TRUE(enable.isEnabled());
+
+    Options withOpen(2);
+    for (const char* name : {"DoQC_0", "DoQC_1", "DoQC_2", "DoQC_3"}) {
+        EXPECT_FALSE(withOpen.child<QAbstractButton>(name).isEnabled());
+        EXPECT_EQ(withOpen.child<QAbstractButton>(name).toolTip(),
+                  "To change the QC processing you must close all soundings");
+    }
+}
+
+TEST(OptionsDialog, OptionsHideAndGreyOthers) {
+    Options options;
+    auto& sats = options.child<QLineEdit>("WindSats");
+    options.child<QCheckBox>("WindDisableSatsCheck").setChecked(true);
+    EXPECT_TRUE(sats.isHidden());
+    options.child<QCheckBox>("WindDisableSatsCheck").setChecked(false);
+    EXPECT_FALSE(sats.isHidden());
+    options.child<QCheckBox>("xyGraphLatAuto").setChecked(true);
+    EXPECT_FALSE(options.child<QLineEdit>("xyGraphLatMin").isEnabled());
+    options.child<QCheckBox>("xyGraphLatAuto").setChecked(false);
+    EXPECT_TRUE(options.child<QLineEdit>("xyGraphLatMax").isEnabled());
+}
+
+TEST(OptionsDialog, RefusedTextsStayAndReachNoItem) {
+    Options options;
+    ModalAnswers answers;
+    auto& mail = options.child<QLineEdit>("TempEmailAddress");
+    const std::string before = options.item("TempEmailAddress").text();
+    options.type(mail, "nobody");
+    EXPECT_THAT(answers.texts(), ElementsAre("'nobody' is not an acceptable value for the email address!"));
+    EXPECT_EQ(mail.text(), "nobody");
+    options.apply();
+    EXPECT_EQ(options.item("TempEmailAddress").text(), before);
+}
+
+TEST(OptionsDialog, TheSearchFindsAnOption) {
+    Options options;
+    auto& search = options.child<QLineEdit>("_search");
+    auto& tabs = options.child<QTabWidget>("_tabs");
+    QTest::keyClicks(&search, "drag coef");
+    EXPECT_EQ(tabs.currentIndex(), 1);
+    EXPECT_TRUE(options.child<QLineEdit>("DragCoef").isVisible());
+    EXPECT_FALSE(options.child<QLineEdit>("ChuteArea").isVisible());
+    EXPECT_FALSE(tabs.isTabEnabled(0));
+    search.clear();
+    EXPECT_TRUE(options.child<QLineEdit>("ChuteArea").isVisible());
+    EXPECT_TRUE(tabs.isTabEnabled(0));
+    QTest::keyClicks(&search, "xygraphlonmax"); // by its key
+    EXPECT_EQ(tabs.currentIndex(), 5);
+    QTest::keyClicks(&search, "nothing");
+    EXPECT_FALSE(tabs.isTabEnabled(5));
+}
+
+TEST(OptionsDialog, TwoSetsKeepTheirOwnValues) {
+    Options one;
+    Options two;
+    one.type(one.child<QLineEdit>("TdryOffset"), "0.5");
+    one.apply();
+    two.apply();
+    EXPECT_EQ(one.item("TdryOffset").value(), 0.5);
+    EXPECT_EQ(two.item("TdryOffset").value(), 0.0);
+}
