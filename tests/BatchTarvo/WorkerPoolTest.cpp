@@ -155,13 +155,24 @@ TEST(FileReport, IsOneLineOfJson) {
     report.error = "- one\n- two\n";
     report.seconds = 0.25;
     report.products = {"x"};
+    report.version = "V1";
+    report.set = "mine";
+    report.overrides = {"A=1"};
+    report.sha256 = "ab";
+    report.productSha256 = {"cd"};
     EXPECT_EQ(report.toJson(),
-              "{\"file\":\"a \\\"b\\\"\xEF\xBF\xBD.csv\",\"type\":\"Ombra\",\"valid\":true,"
-              "\"error\":\"- one\\n- two\\n\",\"qcError\":\"\",\"seconds\":0.25,\"products\":[\"x\"]}");
+              "{\"file\":\"a \\\"b\\\"\xEF\xBF\xBD.csv\",\"type\":\"Ombra\",\"valid\":true,\"failed\":true,"
+              "\"error\":\"- one\\n- two\\n\",\"qcError\":\"\",\"seconds\":0.25,\"products\":[\"x\"],"
+              "\"version\":\"V1\",\"set\":\"mine\",\"overrides\":[\"A=1\"],\"sha256\":\"ab\",\"productSha256\":[\"cd\"]}");
     FileReport back;
     EXPECT_FALSE(unpackReport("", back));
     EXPECT_FALSE(unpackReport(packReport(report).substr(0, 20), back));
     ASSERT_TRUE(unpackReport(packReport(report), back));
     EXPECT_EQ(back.file, report.file);
     EXPECT_EQ(back.toJson(), report.toJson());
+    ASSERT_TRUE(FileReport::fromJson(report.toJson(), back));
+    EXPECT_EQ(back.productSha256, report.productSha256);
+    for (const char* torn : {"", "{}", "{\"file\":\"a", "{\"file\":1}", "[1]"}) {
+        EXPECT_FALSE(FileReport::fromJson(torn, back)) << torn;
+    }
 }
