@@ -193,6 +193,15 @@ void keepMap(TarvoMainWindow& window, const QString& geography, Album& album) {
     window.changeSoundingDB(QDir::homePath() + "/soundings.sqlite");
 }
 
+/// The dialogs of the configuration, each while it is up.
+void keepOptions(TarvoMainWindow& window, Answers& answers) {
+    answers.keepNext("options-dialog");
+    window.findChild<QAction*>("_actionOptions")->trigger();
+    window.findChild<QAction*>("_actionCloseAll")->trigger();
+    answers.keepNext("configuration-dialog");
+    window.findChild<QAction*>("_actionConfiguration")->trigger();
+}
+
 void takePictures(const QString& example, const QString& geography, Album& album, Answers& answers) {
     answers.keepNext("first-start-box");
     { const TarvoMainWindow first; } // makes the files of the user
@@ -238,6 +247,10 @@ void takePictures(const QString& example, const QString& geography, Album& album
     answers.keepNext("selection-error-box");
     grid->actions().front()->trigger();
     keepMap(window, geography, album);
+    view->activateWindow();
+    window.synopticWidget()->parentWidget()->close();
+    wait(200);
+    keepOptions(window, answers);
 }
 
 } // namespace
