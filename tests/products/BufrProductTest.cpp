@@ -5,6 +5,7 @@
 #include "TarvoToBUFR_BC26.h"
 
 #include "MadeLevels.h"
+#include "PrescribedTime.h"
 #include "TemporaryFolder.h"
 
 #include <cstdlib>
@@ -264,9 +265,10 @@ TEST(TarvoToBUFR, PutsAHeaderInFront) {
     ASSERT_TRUE(product.code(1));
     EXPECT_EQ(product.message.substr(0, 25), "IUDA01 KWBC 012300\r\r\nBUFR");
     product.attributes = {{"BufrAddAbrHdr", "1"}, {"BufrOrigCenterICAO", "KNHC"}, {"BufrAbrHdr", ""}};
-    setenv("TARVO_OVERRIDE_PROCESSING_TIME", "1627819203", 1); // 1 August 2021 12:00:03
-    ASSERT_TRUE(product.code(1));
-    unsetenv("TARVO_OVERRIDE_PROCESSING_TIME");
+    {
+        const PrescribedTime processingTime;
+        ASSERT_TRUE(product.code(1));
+    }
     EXPECT_EQ(product.message.substr(0, 25), "UZPN13 KNHC 011200\r\r\nBUFR") << "without a position";
     product.attributes["BufrAddAbrHdr"] = "0";
     ASSERT_TRUE(product.code(1));

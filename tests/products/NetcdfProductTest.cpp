@@ -6,6 +6,7 @@
 
 #include "MadeAnalysis.h"
 #include "MadeColumns.h"
+#include "PrescribedTime.h"
 #include "TemporaryFolder.h"
 
 #include <cmath>
@@ -52,6 +53,7 @@ protected:
     }
     double value(const char* name) { return values(name).at(0); }
 
+    const PrescribedTime processingTime;
     TemporaryFolder folder;
     MadeAnalysis analysis;
     std::string path;

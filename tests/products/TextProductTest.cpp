@@ -10,6 +10,7 @@
 
 #include "MadeAnalysis.h"
 #include "MadeColumns.h"
+#include "PrescribedTime.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -110,17 +111,14 @@ void expectRow(const std::string& line, int row, const std::vector<Field>& field
 
 class TextProduct : public testing::Test {
 protected:
-    TextProduct() {
-        setenv("TARVO_OVERRIDE_PROCESSING_TIME", "1627819203", 1); // 2021-08-01 12:00:03
-        analysis.config.set.set("PresOffset", -0.26);
-    }
-    ~TextProduct() override { unsetenv("TARVO_OVERRIDE_PROCESSING_TIME"); }
+    TextProduct() { analysis.config.set.set("PresOffset", -0.26); }
 
     std::string header(Kind kind, const SndMetaData& meta) { return text(kind, 0, meta, analysis.editor); }
     std::vector<std::string> all(Kind kind, int n, const SndMetaData& meta, bool nulls = false) {
         return lines(text(kind, n, meta, analysis.editor, nulls));
     }
 
+    PrescribedTime processingTime;
     MadeAnalysis analysis;
 };
 
@@ -150,7 +148,7 @@ TEST_F(TextProduct, TroveHeader) {
     EXPECT_EQ(bare[1], "Project ID:                        PROJ");
     EXPECT_EQ(bare[2], "Launch Site Type/Site ID:          Twin jet of the very long name indeed");
     EXPECT_EQ(bare[3], "Launch Location (lon,lat,alt):     104 30.00'W, -999, -104.50000 -999 1700");
-    setenv("TARVO_OVERRIDE_PROCESSING_TIME", "9000000000000000000", 1); // no calendar goes as far
+    processingTime.set("9000000000000000000"); // no calendar goes as far
     EXPECT_EQ(all(Trove, 0, launch())[10], "Post Processing Comments:          V3.4.8; Created on ");
 }
 
@@ -178,7 +176,7 @@ TEST_F(TextProduct, ZorHeader) {
     EXPECT_EQ(bare[0], "Data Type/Direction:                       drop test/Ascending");
     EXPECT_EQ(bare[2], "Project Name/Platform:                     PROJ/Twin jet of the very long name indeed");
     EXPECT_EQ(bare[4], "Launch Location (lon,lat,alt):             104 30.00'W -104.500000, -999 -999,  1700.40");
-    setenv("TARVO_OVERRIDE_PROCESSING_TIME", "9000000000000000000", 1); // no calendar goes as far
+    processingTime.set("9000000000000000000"); // no calendar goes as far
     analysis.config.set.set("QCDisclaimer", "as is");
     const auto undated = all(Zor, 0, launch());
     EXPECT_EQ(undated[9], "Post Processing Comments:                  V3.4.8; Configuration internal");

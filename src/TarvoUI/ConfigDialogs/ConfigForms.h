@@ -13,10 +13,10 @@ struct OptionField {
     Kind kind;
     double min = 0.0; ///< of a number with limits; there are none when both are 0
     double max = 0.0;
-    const char* inMessages = nullptr;    ///< what a refusal calls it; the label when null
-    const char* pattern = nullptr;       ///< of a Pattern
-    const char* mask = nullptr;          ///< input mask of a text
-    std::vector<const char*> choices{};  ///< of a Choice: the texts of its buttons, for the values from 0 on
+    const char* inMessages = nullptr;   ///< what a refusal calls it; the label when null
+    const char* pattern = nullptr;      ///< of a Pattern
+    const char* mask = nullptr;         ///< input mask of a text
+    std::vector<const char*> choices{}; ///< of a Choice: the texts of its buttons, for the values from 0 on
 };
 
 /// The tables of the six forms.

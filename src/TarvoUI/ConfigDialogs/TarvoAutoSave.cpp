@@ -2,7 +2,8 @@
 
 #include <QFileDialog>
 
-TarvoAutoSave::TarvoAutoSave(TarvoConfigSet* configSet) : TarvoAdvConfig(configSet, "Auto Save", config_forms::autoSave()) {
+TarvoAutoSave::TarvoAutoSave(TarvoConfigSet* configSet)
+    : TarvoAdvConfig(configSet, "Auto Save", config_forms::autoSave()) {
     begin();
 }
 

@@ -49,11 +49,11 @@ TarvoConfigMgt::~TarvoConfigMgt() = default;
 
 void TarvoConfigMgt::makeForm() {
     setWindowTitle(kTitle);
-    _gbxActive1 = makeActive(1, "Select Active Configuration Set 1", _selectActive1, _editActive1, _restoreActive1,
-                             _despActive1);
+    _gbxActive1 =
+        makeActive(1, "Select Active Configuration Set 1", _selectActive1, _editActive1, _restoreActive1, _despActive1);
     _gbxActive1->setToolTip("This is the configuration set that Tarvo uses to process the loaded sounding files.");
-    _gbxActive2 = makeActive(2, "Select Active Configuration Set 2", _selectActive2, _editActive2, _restoreActive2,
-                             _despActive2);
+    _gbxActive2 =
+        makeActive(2, "Select Active Configuration Set 2", _selectActive2, _editActive2, _restoreActive2, _despActive2);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(_gbxActive1);
     layout->addWidget(_gbxActive2);
@@ -64,8 +64,8 @@ void TarvoConfigMgt::makeForm() {
     layout->addWidget(makeOther("_gbxNew", "Create Configuration Set",
                                 "Create a new configuration set, cloned from the selected set. Enter the new set name "
                                 "when prompted.",
-                                "Select the Configuration Set to Clone", "_selectClone", "_clone", "Clone", _selectClone,
-                                &TarvoConfigMgt::cloneConfig));
+                                "Select the Configuration Set to Clone", "_selectClone", "_clone", "Clone",
+                                _selectClone, &TarvoConfigMgt::cloneConfig));
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     buttons->setObjectName("_configButtonBox");
     connect(buttons, &QDialogButtonBox::accepted, this, &TarvoConfigMgt::okSelected);
@@ -233,7 +233,8 @@ void TarvoConfigMgt::displayAdvConfig() {
 void TarvoConfigMgt::restoreDefaults() {
     const bool second = isSecond(sender());
     const QString name = (second ? _selectActive2 : _selectActive1)->currentText();
-    if (!getUserSelection(QString("Are you sure that you want to restore the defaults\nfor the configuration '%1'?").arg(name))) {
+    if (!getUserSelection(
+            QString("Are you sure that you want to restore the defaults\nfor the configuration '%1'?").arg(name))) {
         return;
     }
     const std::string first = _registry->getActive1SetName();
@@ -249,9 +250,10 @@ void TarvoConfigMgt::restoreDefaults() {
 void TarvoConfigMgt::deleteConfig() {
     const QString name = _selectDelete->currentText();
     if (name.toStdString() == _registry->getActive1SetName() || name.toStdString() == _registry->getActive2SetName()) {
-        displayErrorMessage("You cannot delete the currently active configuration set.\nChange the active configuration "
-                            "set before deleting this one!",
-                            false);
+        displayErrorMessage(
+            "You cannot delete the currently active configuration set.\nChange the active configuration "
+            "set before deleting this one!",
+            false);
         return;
     }
     if (!getUserSelection(QString("Are you sure that you want to delete the configuration '%1'?").arg(name))) {
@@ -274,7 +276,8 @@ QString TarvoConfigMgt::askForName() {
     }
     QString name = dialog.getFilePath();
     if (name.isEmpty()) {
-        displayErrorMessage("No name is entered. You must give a name\nfor the newly created configuration set.", false);
+        displayErrorMessage("No name is entered. You must give a name\nfor the newly created configuration set.",
+                            false);
         return {};
     }
     int position = 0;

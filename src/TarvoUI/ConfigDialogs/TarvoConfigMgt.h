@@ -41,8 +41,8 @@ private:
     void makeForm();
     QGroupBox* makeActive(int number, const QString& label, QComboBox*& select, QPushButton*& edit,
                           QPushButton*& restore, QLabel*& description);
-    QGroupBox* makeOther(const char* name, const char* title, const char* tip, const char* label, const char* selectName,
-                         const char* buttonName, const char* button, QComboBox*& select,
+    QGroupBox* makeOther(const char* name, const char* title, const char* tip, const char* label,
+                         const char* selectName, const char* buttonName, const char* button, QComboBox*& select,
                          void (TarvoConfigMgt::*slot)());
     void initConfigSet();
     void updateConfigCombo();

@@ -45,10 +45,10 @@ QString TarvoSynopticMap::browse(const std::string& key, const QString& current)
 
 /// What can't be undone is asked for.
 void TarvoSynopticMap::clearSoundingDB() {
-    const auto answer = QMessageBox::question(
-        widget(), "Configuration Management",
-        QString("Are you sure that you want to delete all soundings of the database\n'%1'?")
-            .arg(toQString(_soundingDB->dbPath())));
+    const auto answer =
+        QMessageBox::question(widget(), "Configuration Management",
+                              QString("Are you sure that you want to delete all soundings of the database\n'%1'?")
+                                  .arg(toQString(_soundingDB->dbPath())));
     if (answer != QMessageBox::Yes) {
         return;
     }

@@ -1,5 +1,6 @@
 #include "WMOConfigForm.h"
 
-WMOConfigForm::WMOConfigForm(TarvoConfigSet* configSet) : TarvoAdvConfig(configSet, "WMO Messages", config_forms::wmo()) {
+WMOConfigForm::WMOConfigForm(TarvoConfigSet* configSet)
+    : TarvoAdvConfig(configSet, "WMO Messages", config_forms::wmo()) {
     begin();
 }

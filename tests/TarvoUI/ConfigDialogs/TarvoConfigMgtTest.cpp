@@ -1,10 +1,10 @@
 // The management of configuration sets, and what the file holds afterwards.
 
+#include "TarvoConfigMgt.h"
 #include "FilePathDialog.h"
 #include "ModalAnswers.h"
 #include "QtText.h"
 #include "ShippedConfiguration.h"
-#include "TarvoConfigMgt.h"
 #include "TarvoSettings.h"
 #include "TemporaryFolder.h"
 
@@ -82,7 +82,8 @@ TEST_F(Management, ListsWhatMayBeChosen) {
     EXPECT_EQ(combo("_selectActive1").currentText(), "editsonde");
     EXPECT_EQ(combo("_selectActive2").currentText(), "descending-PELO");
     EXPECT_FALSE(dialog->findChild<QGroupBox*>("_gbxActive2")->isVisible()) << "descents aren't processed";
-    EXPECT_THAT(dialog->findChild<QLabel*>("_despActive1")->text().toStdString(), HasSubstr("[ editsonde ]:  Intended"));
+    EXPECT_THAT(dialog->findChild<QLabel*>("_despActive1")->text().toStdString(),
+                HasSubstr("[ editsonde ]:  Intended"));
 }
 
 TEST_F(Management, OkWritesTheActiveSetAndCancelDoesNot) {
@@ -104,8 +105,9 @@ TEST_F(Management, ClonesAndDeletes) {
     combo("_selectClone").setCurrentText("upsonde-10s");
     nameIt("mine2");
     press("_clone");
-    EXPECT_THAT(answers.texts(),
-                ElementsAre("Are you sure that you want to create a new configuration named 'mine2' from 'upsonde-10s'?"));
+    EXPECT_THAT(
+        answers.texts(),
+        ElementsAre("Are you sure that you want to create a new configuration named 'mine2' from 'upsonde-10s'?"));
     EXPECT_THAT(items("_selectActive1"), Contains("mine2"));
     finish(QDialogButtonBox::Ok);
     EXPECT_THAT(file().getSetNames(), Contains("mine2"));
@@ -123,16 +125,18 @@ TEST_F(Management, ClonesAndDeletes) {
     answers.forget();
     combo("_selectDelete").setCurrentText("editsonde");
     press("_delete");
-    EXPECT_THAT(answers.texts(), ElementsAre("You cannot delete the currently active configuration set.\nChange the active "
-                                             "configuration set before deleting this one!"));
+    EXPECT_THAT(answers.texts(),
+                ElementsAre("You cannot delete the currently active configuration set.\nChange the active "
+                            "configuration set before deleting this one!"));
     EXPECT_THAT(items("_selectDelete"), Contains("editsonde"));
 }
 
 TEST_F(Management, RefusesNames) {
     const std::vector<std::pair<const char*, const char*>> cases{
         {"", "No name is entered. You must give a name\nfor the newly created configuration set."},
-        {"abcdefghijklmnopqrstu", "'abcdefghijklmnopqrstu' is an invalid name. The name must begin with a\nletter or number "
-                                  "and the maximum length is 20."},
+        {"abcdefghijklmnopqrstu",
+         "'abcdefghijklmnopqrstu' is an invalid name. The name must begin with a\nletter or number "
+         "and the maximum length is 20."},
         {"a b", "'a b' is an invalid name. The name must begin with a\nletter or number and the maximum length is 20."},
         {"editsonde", "'editsonde' is already an existing configuration set.\nPlease choose a unique name."}};
     for (const auto& [name, text] : cases) {
@@ -157,8 +161,9 @@ TEST_F(Management, EditsAndRestores) {
     press("_editActive1");
     EXPECT_EQ(stored("editsonde", "PresQCWL"), 55.0);
     press("_restoreActive1");
-    ASSERT_THAT(answers.texts(), ElementsAre("Are you sure that you want to restore the defaults\nfor the configuration "
-                                             "'editsonde'?"));
+    ASSERT_THAT(answers.texts(),
+                ElementsAre("Are you sure that you want to restore the defaults\nfor the configuration "
+                            "'editsonde'?"));
     RegistryXML registry((folder / "tarvo.xml").string(), "editsonde");
     TarvoConfigSet set(&registry);
     EXPECT_EQ(set[Id("PresQCWL")]->value(), set[Id("PresQCWL")]->defaultValue());

@@ -2,8 +2,8 @@
 
 #include "CsvText.h"
 #include "MadeConfig.h"
+#include "PrescribedTime.h"
 
-#include <cstdlib>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sstream>
@@ -190,7 +190,7 @@ TEST(EditorControl, RhChoiceIsForTheNextRun) {
 }
 
 TEST(EditorControl, Attributes) {
-    setenv("TARVO_OVERRIDE_PROCESSING_TIME", "1627819203", 1); // 2021-08-01 12:00:03
+    const PrescribedTime processingTime;
     Analysis analysis(drop());
     ConfigSet& config = analysis.config.set;
     config.set("Agency", "AGENCY");
@@ -217,7 +217,6 @@ TEST(EditorControl, Attributes) {
         << "a configuration pair never replaces another";
     EXPECT_THAT(filtered, Not(Contains(Key("Secret"))));
     EXPECT_THAT(analysis.editor.attributes(true, false), Contains(Pair("Secret", "text")));
-    unsetenv("TARVO_OVERRIDE_PROCESSING_TIME");
 }
 
 TEST(EditorControl, LimitsOfADisabledCheckRead999) {

@@ -1,5 +1,6 @@
 #include "AbrHeader.h"
 #include "MadeLevels.h"
+#include "PrescribedTime.h"
 #include "SignificantSections.h"
 #include "WMOsection1.h"
 #include "WMOsection10.h"
@@ -10,8 +11,6 @@
 #include "WMOsection9.h"
 
 #include <gtest/gtest.h>
-
-#include <cstdlib>
 
 namespace {
 
@@ -380,7 +379,6 @@ TEST(AbrHeader, DefaultOverrideAndCorrection) {
     EXPECT_EQ(textOf(header), "UZPA13 KNHC 050607 COR 03");
     header.create("KWBC", "", 5, 6, 7, 10.0, 120.0, "UUNA19");
     EXPECT_EQ(textOf(header), "UUNA19 KWBC 050607");
-    setenv("TARVO_OVERRIDE_PROCESSING_TIME", "1627819203", 1); // 2021-08-01 12:00:03
+    const PrescribedTime processingTime;
     EXPECT_EQ(AbrHeader::build("KWBC", "", 5, 6, 7, 10.0, 120.0, ""), "UZPA13 KWBC 011200");
-    unsetenv("TARVO_OVERRIDE_PROCESSING_TIME");
 }
