@@ -42,7 +42,8 @@ int main(int argc, char* argv[]) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
-    const QString path = arguments.size() == 3 ? arguments[2] : QString(TARVO_SOURCE_DIR "/build/geodata/ne1to50m.sqlite");
+    const QString path =
+        arguments.size() == 3 ? arguments[2] : QString(TARVO_SOURCE_DIR "/build/geodata/ne1to50m.sqlite");
     const QTemporaryDir folder;
     try {
         SpatiaLiteDB geography(path.toStdString());

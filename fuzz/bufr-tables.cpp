@@ -27,8 +27,8 @@ const std::string& tableFile() {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    std::ofstream(tableFile(), std::ios::binary).write(reinterpret_cast<const char*>(data),
-                                                       static_cast<std::streamsize>(size));
+    std::ofstream(tableFile(), std::ios::binary)
+        .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
     BufrTables* tables = bufr_create_tables();
     bufr_load_table_b(tables, tableFile());
     bufr_load_table_d(tables, tableFile());

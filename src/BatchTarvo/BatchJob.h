@@ -18,9 +18,9 @@ struct BatchJob {
 
     std::string input;
     std::vector<Product> products;
-    std::string refusal;         ///< why the file isn't processed at all; empty when it is
-    std::string derivedFrom;     ///< the file that its reader made this one of; empty for any other
-    ConfigSet* config = nullptr; ///< null: the one of the run
+    std::string refusal;                    ///< why the file isn't processed at all; empty when it is
+    std::string derivedFrom;                ///< the file that its reader made this one of; empty for any other
+    ConfigSet* config = nullptr;            ///< null: the one of the run
     const Provenance* provenance = nullptr; ///< null: nothing is told of it
 };
 

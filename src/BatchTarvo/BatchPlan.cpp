@@ -117,8 +117,9 @@ void BatchPlan::add(const std::vector<std::string>& paths, bool recursive) {
         addPath(path, true, recursive, found);
     }
     if (!_notInputs.empty()) {
-        found.erase(std::remove_if(found.begin(), found.end(), [&](const BatchJob& job) { return !isInput(job.input); }),
-                    found.end());
+        found.erase(
+            std::remove_if(found.begin(), found.end(), [&](const BatchJob& job) { return !isInput(job.input); }),
+            found.end());
     }
     for (const BatchJob& job : found) {
         _inputs.insert(placeOf(job.input));
@@ -146,8 +147,7 @@ void BatchPlan::forget(const std::string& path) {
     }
 }
 
-bool BatchPlan::follow(std::size_t index, const std::string& derived, ConfigSet* config,
-                       const Provenance* provenance) {
+bool BatchPlan::follow(std::size_t index, const std::string& derived, ConfigSet* config, const Provenance* provenance) {
     const std::string source = _jobs[index].input;
     const auto waiting = _waiting.find(placeOf(source));
     BatchJob job;

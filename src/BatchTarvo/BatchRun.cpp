@@ -53,7 +53,8 @@ bool BatchRun::prepare(std::string& error) {
     _plan.leaveOut(_options.report);
     if (!_options.database.empty()) {
         error = BatchDatabase::prepare(_options.database);
-        for (const char* suffix : {"", "-wal", "-shm", "-journal"}) { // no soundings, what SQLite keeps beside it neither
+        for (const char* suffix :
+             {"", "-wal", "-shm", "-journal"}) { // no soundings, what SQLite keeps beside it neither
             _plan.leaveOut(_options.database + suffix);
         }
     }

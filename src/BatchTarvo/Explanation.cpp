@@ -119,9 +119,8 @@ void tellQuantity(const EditorControl& editor, const ConfigSet& config, const Qu
             continue;
         }
         ++gone;
-        const auto reason = std::find_if(kReasons.begin(), kReasons.end(), [&](const Reason& candidate) {
-            return value.testAttribute(candidate.mark);
-        });
+        const auto reason = std::find_if(kReasons.begin(), kReasons.end(),
+                                         [&](const Reason& candidate) { return value.testAttribute(candidate.mark); });
         removed[static_cast<std::size_t>(reason - kReasons.begin())].push_back(&value);
     }
     if (measured == 0) {
@@ -134,8 +133,7 @@ void tellQuantity(const EditorControl& editor, const ConfigSet& config, const Qu
         if (!removed[i].empty()) {
             const std::string why = i < kReasons.size() ? withParameters(kReasons[i].text, config, quantity)
                                                         : "went with what else was removed of its record";
-            out << std::setw(7) << removed[i].size() << "  " << why << "\n           " << places(removed[i])
-                << "\n";
+            out << std::setw(7) << removed[i].size() << "  " << why << "\n           " << places(removed[i]) << "\n";
         }
     }
 }

@@ -27,8 +27,8 @@ public:
     /// Jobs for which this answers true are reported as skipped, and not run.
     void skip(std::function<bool(const BatchJob&)> isDone) { _isDone = std::move(isDone); }
 
-    /// Runs the jobs from \p first on. SIGINT, SIGTERM, SIGHUP and SIGPIPE, unless they are ignored, stop the workers and remove what
-    /// they were writing. Returns the signal that ended the run early, or 0.
+    /// Runs the jobs from \p first on. SIGINT, SIGTERM, SIGHUP and SIGPIPE, unless they are ignored, stop the workers
+    /// and remove what they were writing. Returns the signal that ended the run early, or 0.
     int run(const std::vector<BatchJob>& jobs, const Listener& listener, std::size_t first = 0);
 
 private:

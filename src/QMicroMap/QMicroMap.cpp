@@ -14,10 +14,10 @@
 
 namespace {
 
-constexpr int kResizePause = 50;      // ms
-constexpr int kSmallestBand = 4;      // pixels; less is a click
+constexpr int kResizePause = 50;       // ms
+constexpr int kSmallestBand = 4;       // pixels; less is a click
 constexpr double kSmallestView = 0.01; // degrees
-constexpr double kPointRadius = 3.0;  // pixels
+constexpr double kPointRadius = 3.0;   // pixels
 constexpr QPointF kLabelOffset(5.0, -7.0);
 
 constexpr double kGridLayer = 1.0;
@@ -35,7 +35,8 @@ QPolygonF outline(const std::vector<SpatiaLiteDB::Point>& points) {
 
 /// Between the lines of the grid, degrees, for a view of that height.
 double gridStep(double height) {
-    constexpr std::array<std::array<double, 2>, 5> kSteps{{{1.0, 1.0}, {2.0, 2.0}, {5.0, 5.0}, {10.0, 10.0}, {30.0, 15.0}}};
+    constexpr std::array<std::array<double, 2>, 5> kSteps{
+        {{1.0, 1.0}, {2.0, 2.0}, {5.0, 5.0}, {10.0, 10.0}, {30.0, 15.0}}};
     const double fifth = height / 5.0;
     const auto step = std::find_if(kSteps.begin(), kSteps.end(), [&](const auto& row) { return fifth < row[0]; });
     return step == kSteps.end() ? 30.0 : (*step)[1];

@@ -8,7 +8,8 @@
 #include <vector>
 
 /// All polygons or lines of one table as one item. It keeps them in several resolutions and paints the coarsest that
-/// looks the same at the zoom, and of that only what is in view, so that a map of the world is as quick as one of a bay.
+/// looks the same at the zoom, and of that only what is in view, so that a map of the world is as quick as one of a
+/// bay.
 class ShapeItem : public QGraphicsItem {
 public:
     /// \p brush of Qt::NoBrush makes lines, any other closed polygons. The pen's width doesn't change with the zoom.

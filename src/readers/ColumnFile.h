@@ -11,8 +11,8 @@
 /// What the readers of column files have in common: a header whose lines come in a fixed order, each with a text that
 /// it must contain, then one line for each record, of blank-separated words.
 ///
-/// A header that ends early or lacks a text, a launch time that isn't told whole, or a file without a record is invalid;
-/// there is no text for that. A word that isn't there is a missing value, a line without a time no record.
+/// A header that ends early or lacks a text, a launch time that isn't told whole, or a file without a record is
+/// invalid; there is no text for that. A word that isn't there is a missing value, a line without a time no record.
 class ColumnFile : public SoundingFile {
 protected:
     using SoundingFile::SoundingFile;

@@ -80,8 +80,9 @@ FRDFile::FRDFile(std::string fileName, std::vector<std::string> frdLines, Config
     _ascending = false;
     _dataType = "NOAA FRD";
     if (forcePassThrough(config)) {
-        _errorMsg += "NOAA FRD files have already had QC applied and should not be reprocessed. Setting QC mode to pass "
-                     "through.\n";
+        _errorMsg +=
+            "NOAA FRD files have already had QC applied and should not be reprocessed. Setting QC mode to pass "
+            "through.\n";
     }
     if (takeHeader(kHeader)) {
         takeRecords(table());

@@ -229,8 +229,8 @@ Mw41File::Columns Mw41File::takeColumns(const std::vector<std::string>& names) {
         const Column* known = findColumn(*name);
         const bool again = std::find(names.begin(), name, *name) != name;
         if (known == nullptr && !again) {
-            _errorMsg += "- Tarvo does not recognize column: " + *name +
-                         ". The data from this column will not be ingested.\n";
+            _errorMsg +=
+                "- Tarvo does not recognize column: " + *name + ". The data from this column will not be ingested.\n";
         }
         columns.push_back(known == nullptr || again ? nullptr : &(this->*known->series));
     }

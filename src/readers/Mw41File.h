@@ -11,9 +11,9 @@ class ConfigSet;
 /// The text export of the MW41 radiosonde system: tab-separated pairs of key and value, an empty line, and a
 /// comma-separated table whose first line names the columns. Its data have been checked already.
 ///
-/// What isn't understood of the pairs is kept as metadata. Invalid, with a text, without an empty line, without a column
-/// of elapsed times, or without a record; a column that isn't known only gives a notice. 99999.0 is a missing value, and
-/// so is an empty cell.
+/// What isn't understood of the pairs is kept as metadata. Invalid, with a text, without an empty line, without a
+/// column of elapsed times, or without a record; a column that isn't known only gives a notice. 99999.0 is a missing
+/// value, and so is an empty cell.
 class Mw41File : public SoundingFile {
 public:
     /// \p lines with the empty ones among them. Puts the item DoQC of \p config to pass-through, and says so in the

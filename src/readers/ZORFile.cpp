@@ -44,8 +44,9 @@ ZORFile::ZORFile(std::string fileName, std::vector<std::string> zorLines, Config
     }};
     _soundingType = SoundingType::Zor;
     if (forcePassThrough(config)) {
-        _errorMsg += "KIVU ZOR files have already had QC applied and should not be reprocessed. Setting QC mode to pass "
-                     "through.\n";
+        _errorMsg +=
+            "KIVU ZOR files have already had QC applied and should not be reprocessed. Setting QC mode to pass "
+            "through.\n";
     }
     if (takeHeader(kHeader) && linesLeft()) {
         takeLaunchRow(table(), nextLine());

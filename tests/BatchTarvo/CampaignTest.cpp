@@ -112,7 +112,8 @@ TEST(Campaign, ShardsSeeToEveryFileOnce) {
     for (const char* shard : {"1/4", "2/4", "3/4", "4/4"}) {
         // A file that comes in between the jobs of an array moves no other file from shard to shard.
         fs::copy_file(kExamples / "D20230211_154208.1", folder / ("raw/a" + std::string(1, shard[0]) + ".1"));
-        const Outcome outcome = tool(folder, std::string("--quiet --out out --formats levels --report - --shard ") + shard + " raw");
+        const Outcome outcome =
+            tool(folder, std::string("--quiet --out out --formats levels --report - --shard ") + shard + " raw");
         EXPECT_EQ(outcome.status, 0) << outcome.err;
         const auto lines = reportLines(outcome.out);
         EXPECT_GT(lines.size(), 2u) << shard;
@@ -140,7 +141,8 @@ TEST(Campaign, ADescentBelongsToTheShardOfItsFile) {
     for (const char* shard : {"1/3", "2/3", "3/3"}) {
         for (const auto& line : reportLines(tool(folder, std::string("--quiet --out out --formats levels --report - "
                                                                      "--override descendingPELO=true --shard ") +
-                                                             shard + " raw").out)) {
+                                                             shard + " raw")
+                                                .out)) {
             seen.insert(line["file"]);
             const std::string file = line["file"];
             EXPECT_EQ(line.contains("derivedFrom"), file.back() == 'd') << file;
@@ -174,9 +176,10 @@ TEST(Campaign, ReportTellsWhereProductsComeFrom) {
     EXPECT_THAT(plain, Not(HasSubstr("Provenance")));
     ASSERT_EQ(tool(folder, kRun + "--provenance --override TdryOffset=0.5 drop.1").status, 0);
     const std::string told = readFile(folder / "out/dropQC.csv");
-    for (const std::string& text : {std::string("ProvenanceInputFile,\"drop.1\"\n"), std::string("ProvenanceSet,\"editsonde\"\n"),
-                                    "ProvenanceInputSHA256,\"" + digest("drop.1") + "\"\n",
-                                    std::string("ProvenanceOverrides,\"TdryOffset=0.5\"\n")}) {
+    for (const std::string& text :
+         {std::string("ProvenanceInputFile,\"drop.1\"\n"), std::string("ProvenanceSet,\"editsonde\"\n"),
+          "ProvenanceInputSHA256,\"" + digest("drop.1") + "\"\n",
+          std::string("ProvenanceOverrides,\"TdryOffset=0.5\"\n")}) {
         EXPECT_THAT(told, HasSubstr(text));
     }
     EXPECT_EQ(tool(folder, "--quiet --out again --formats raw-csv out/dropQC.csv").status, 0) << "it reads back";
@@ -208,10 +211,11 @@ TEST(Campaign, ResumesWhatIsNotDone) {
     };
     EXPECT_THAT(processed(""), IsEmpty());
 
-    fs::remove(folder / "out/drop100QC.csv");                             // a product that is gone
-    writeFile(folder / "out/drop101QC.trv", "cut short");                 // one that isn't what was written
-    std::ofstream(folder / "raw/drop102.1", std::ios::app) << "\n";       // an input that has changed
-    fs::last_write_time(folder / "raw/drop103.1", fs::file_time_type::clock::now() + std::chrono::hours(1)); // or may have
+    fs::remove(folder / "out/drop100QC.csv");                       // a product that is gone
+    writeFile(folder / "out/drop101QC.trv", "cut short");           // one that isn't what was written
+    std::ofstream(folder / "raw/drop102.1", std::ios::app) << "\n"; // an input that has changed
+    fs::last_write_time(folder / "raw/drop103.1",
+                        fs::file_time_type::clock::now() + std::chrono::hours(1)); // or may have
     EXPECT_THAT(processed(""), ElementsAre("drop100", "drop101", "drop102", "drop103"));
     fs::last_write_time(folder / "raw/drop103.1", fs::file_time_type::clock::now() - std::chrono::hours(1));
     EXPECT_THAT(processed(""), IsEmpty());
@@ -226,13 +230,15 @@ TEST(Campaign, AKilledRunIsResumed) {
     {
         RunningTool run(folder, {"--quiet", "--jobs", "1", "--out", "out", "--formats", "qc-csv,qc-trv", "--report",
                                  "report.jsonl", "raw"});
-        ASSERT_TRUE(becomesTrue([&] { return fs::exists(folder / "report.jsonl") && linesOf(folder / "report.jsonl") > 4; }));
+        ASSERT_TRUE(
+            becomesTrue([&] { return fs::exists(folder / "report.jsonl") && linesOf(folder / "report.jsonl") > 4; }));
         EXPECT_EQ(run.end(SIGKILL), SIGKILL);
     }
     const int done = linesOf(folder / "report.jsonl");
     ASSERT_LT(done, 40);
     std::ofstream(folder / "report.jsonl", std::ios::app) << "{\"file\":\"raw/drop1"; // a line torn by the kill
-    const Outcome outcome = tool(folder, "--jobs 2 --out out --formats qc-csv,qc-trv --report report.jsonl --resume raw");
+    const Outcome outcome =
+        tool(folder, "--jobs 2 --out out --formats qc-csv,qc-trv --report report.jsonl --resume raw");
     EXPECT_EQ(outcome.status, 0) << outcome.err;
     EXPECT_THAT(outcome.out, HasSubstr("40 of 40 files processed"));
     EXPECT_THAT(outcome.out, HasSubstr(std::to_string(done) + " of them by an earlier run"));
@@ -291,8 +297,8 @@ TEST(Campaign, WatchesADirectoryThroughRestarts) {
     EXPECT_EQ(tool(folder, "--watch raw --report r.jsonl raw").status, 2);
     EXPECT_EQ(tool(folder, "--watch none --report r.jsonl").status, 2);
     // Products go where the soundings are, and are no soundings.
-    const std::vector<std::string> arguments{"--quiet",  "--watch",      "raw",   "--settle", "0.2",     "--out",
-                                             "raw",      "--formats",    "qc-csv", "--report", "r.jsonl"};
+    const std::vector<std::string> arguments{"--quiet", "--watch",   "raw",    "--settle", "0.2",    "--out",
+                                             "raw",     "--formats", "qc-csv", "--report", "r.jsonl"};
     const auto reported = [&] { return fs::exists(folder / "r.jsonl") ? linesOf(folder / "r.jsonl") : 0; };
     {
         RunningTool run(folder, arguments);
@@ -344,11 +350,11 @@ TEST(Campaign, ExplainsWhatWasRemoved) {
     const Outcome outcome = tool(folder, "--explain '" + (kExamples / "D20210914_043120.2").string() + "'");
     EXPECT_EQ(outcome.status, 0) << outcome.err;
     // Of the planted faults: see the truth of this example.
-    for (const char* text :
-         {"      5  the checksum of the record's pressure, temperature and humidity is wrong\n",
-          "      1  outside of what can be in the atmosphere\n           312.00 s (1250.00)\n",
-          "60.00 s (544.25), 75.00 s (534.36)\n", "too few satellites (WindSats 6)\n           300.00 to 300.50 s (2 samples)\n",
-          "(WindBuddySlope 10 per second)\n           150.00 s (42.33)\n"}) {
+    for (const char* text : {"      5  the checksum of the record's pressure, temperature and humidity is wrong\n",
+                             "      1  outside of what can be in the atmosphere\n           312.00 s (1250.00)\n",
+                             "60.00 s (544.25), 75.00 s (534.36)\n",
+                             "too few satellites (WindSats 6)\n           300.00 to 300.50 s (2 samples)\n",
+                             "(WindBuddySlope 10 per second)\n           150.00 s (42.33)\n"}) {
         EXPECT_THAT(outcome.out, HasSubstr(text));
     }
     EXPECT_THAT(outcome.out, Not(HasSubstr("<font")));

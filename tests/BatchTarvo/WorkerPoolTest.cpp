@@ -160,10 +160,11 @@ TEST(FileReport, IsOneLineOfJson) {
     report.overrides = {"A=1"};
     report.sha256 = "ab";
     report.productSha256 = {"cd"};
-    EXPECT_EQ(report.toJson(),
-              "{\"file\":\"a \\\"b\\\"\xEF\xBF\xBD.csv\",\"type\":\"Ombra\",\"valid\":true,\"failed\":true,"
-              "\"error\":\"- one\\n- two\\n\",\"qcError\":\"\",\"seconds\":0.25,\"products\":[\"x\"],"
-              "\"version\":\"V1\",\"set\":\"mine\",\"overrides\":[\"A=1\"],\"sha256\":\"ab\",\"productSha256\":[\"cd\"]}");
+    EXPECT_EQ(
+        report.toJson(),
+        "{\"file\":\"a \\\"b\\\"\xEF\xBF\xBD.csv\",\"type\":\"Ombra\",\"valid\":true,\"failed\":true,"
+        "\"error\":\"- one\\n- two\\n\",\"qcError\":\"\",\"seconds\":0.25,\"products\":[\"x\"],"
+        "\"version\":\"V1\",\"set\":\"mine\",\"overrides\":[\"A=1\"],\"sha256\":\"ab\",\"productSha256\":[\"cd\"]}");
     FileReport back;
     EXPECT_FALSE(unpackReport("", back));
     EXPECT_FALSE(unpackReport(packReport(report).substr(0, 20), back));

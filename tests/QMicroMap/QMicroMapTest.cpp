@@ -1,5 +1,5 @@
-#include "MadeGeography.h"
 #include "QMicroMap.h"
+#include "MadeGeography.h"
 #include "TemporaryFolder.h"
 
 #include <QGraphicsItem>
@@ -141,7 +141,8 @@ TEST_F(Map, NamesOfPlacesAndAnnotations) {
     for (const QGraphicsItem* item : map.scene()->items()) {
         const auto* proxy = dynamic_cast<const QGraphicsProxyWidget*>(item);
         if (proxy != nullptr) {
-            const QRect rect = proxy->deviceTransform(map.viewportTransform()).mapRect(proxy->boundingRect()).toAlignedRect();
+            const QRect rect =
+                proxy->deviceTransform(map.viewportTransform()).mapRect(proxy->boundingRect()).toAlignedRect();
             EXPECT_TRUE(map.viewport()->rect().contains(rect)) << rect.x() << " " << rect.right();
             EXPECT_LT(rect.top(), 20);
             ++found;

@@ -32,8 +32,8 @@ struct Values {
 
 std::unique_ptr<QStationModelGraphicsItem> model(const Values& values) {
     return std::make_unique<QStationModelGraphicsItem>("/data/D1", -80.0, 25.0, values.wspd, values.wdir, values.tdry,
-                                                       values.dp, values.presht, values.isPres, 6, 5, 60.0, values.parts,
-                                                       "Remove", "Process");
+                                                       values.dp, values.presht, values.isPres, 6, 5, 60.0,
+                                                       values.parts, "Remove", "Process");
 }
 
 Recording drawn(QStationModelGraphicsItem& item) {
@@ -84,8 +84,8 @@ TEST(StationModel, TheStaffPointsWhereTheWindComesFrom) {
     struct Case {
         double wdir, x, y;
     };
-    for (const Case& wind : {Case{0.0, 0.0, -60.0}, Case{90.0, 60.0, 0.0}, Case{180.0, 0.0, 60.0}, Case{270.0, -60.0, 0.0},
-                             Case{360.0, 0.0, -60.0}, Case{45.0, 42.426, -42.426}}) {
+    for (const Case& wind : {Case{0.0, 0.0, -60.0}, Case{90.0, 60.0, 0.0}, Case{180.0, 0.0, 60.0},
+                             Case{270.0, -60.0, 0.0}, Case{360.0, 0.0, -60.0}, Case{45.0, 42.426, -42.426}}) {
         const auto item = model({3.0, wind.wdir});
         const auto lines = drawn(*item).lines;
         ASSERT_EQ(lines.size(), 1U);
@@ -167,7 +167,8 @@ TEST(StationModel, PointerAndMenu) {
     EXPECT_EQ(drawn(*item).brushes[0].style(), Qt::NoBrush);
 
     QStringList told;
-    QObject::connect(item, &QStationModelGraphicsItem::process, [&](const QString& file) { told << "process " + file; });
+    QObject::connect(item, &QStationModelGraphicsItem::process,
+                     [&](const QString& file) { told << "process " + file; });
     QObject::connect(item, &QStationModelGraphicsItem::remove, [&](const QString& file) { told << "remove " + file; });
     for (const int entry : {0, 1}) {
         QTimer::singleShot(100, [entry] {

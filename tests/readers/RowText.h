@@ -33,7 +33,8 @@ inline TextLines troveHeader() {
             "------ ------ ----- ----- ----- ------ ------ ----- ----- ----- -------- ------- ----- ----- ------- ---- "
             "---- ---- ---- ---- ----"};
 }
-inline const std::string kTroveLaunch = "-1.0 1012.0 28.5 24.7 80.0 -7 0.6 7.0 95.0 99.0 -105.234 40.012 999 999 1.5 9 9 9";
+inline const std::string kTroveLaunch =
+    "-1.0 1012.0 28.5 24.7 80.0 -7 0.6 7.0 95.0 99.0 -105.234 40.012 999 999 1.5 9 9 9";
 
 inline TextLines zorHeader() {
     return {"Data Type/Direction:                       Channel 1/Descending",
@@ -92,16 +93,16 @@ inline TextLines mw41Header() {
 
 /// Whole files with two records.
 inline std::string troveText() {
-    return joined(with(troveHeader(), {kTroveLaunch,
-                                       "0.0 1011.0 28.4 24.6 79.7 -7 0.6 7.1 94.5 5.0 -105.235 40.013 999 999 6.5 9 9 9",
-                                       "10.0 1006.3 28.1 24.6 81.4 -7 0.7 7.2 95.8 5.1 -105.236 40.014 999 999 50.7 9 9 9"}));
+    return joined(with(troveHeader(),
+                       {kTroveLaunch, "0.0 1011.0 28.4 24.6 79.7 -7 0.6 7.1 94.5 5.0 -105.235 40.013 999 999 6.5 9 9 9",
+                        "10.0 1006.3 28.1 24.6 81.4 -7 0.7 7.2 95.8 5.1 -105.236 40.014 999 999 50.7 9 9 9"}));
 }
 inline std::string zorText() {
-    return joined(with(
-        zorHeader(),
-        {kZorLaunch,
-         "0.00 12 0 3.00 449.99 17.06 1.25 34.47 -30.6 34.1 45.8 138.0 -13.9 6329.49 -80.4322 25.1235 6329.79",
-         "0.50 12 0 3.50 450.40 6.96 -5.52 40.68 -30.5 34.0 45.7 137.9 -13.8 6323.52 -80.4323 25.1236 6323.82"}));
+    return joined(
+        with(zorHeader(),
+             {kZorLaunch,
+              "0.00 12 0 3.00 449.99 17.06 1.25 34.47 -30.6 34.1 45.8 138.0 -13.9 6329.49 -80.4322 25.1235 6329.79",
+              "0.50 12 0 3.50 450.40 6.96 -5.52 40.68 -30.5 34.0 45.7 137.9 -13.8 6323.52 -80.4323 25.1236 6323.82"}));
 }
 inline std::string frdText() {
     return joined(with(frdHeader(),

@@ -55,7 +55,8 @@ namespace {
 /// The values of a level as the truth of an example has them: null where the message has none.
 nlohmann::json valuesOf(const UnLevels::Level& level) {
     nlohmann::json values = nlohmann::json::array();
-    for (const auto field : {UnLevels::PRES, UnLevels::HEIGHT, UnLevels::TDRY, UnLevels::DP, UnLevels::WDIR, UnLevels::WSPD}) {
+    for (const auto field :
+         {UnLevels::PRES, UnLevels::HEIGHT, UnLevels::TDRY, UnLevels::DP, UnLevels::WDIR, UnLevels::WSPD}) {
         values.push_back(level.has(field) ? nlohmann::json(level.value(field)) : nlohmann::json());
     }
     return values;
@@ -75,8 +76,8 @@ TEST_P(MessageExample, GivesTheLevelsThatItWasCodedFrom) {
     EXPECT_EQ(file->ascending(), truth["direction"] == "up");
     ASSERT_NE(file->unLevels(), nullptr);
 
-    for (const auto type : {UnLevels::SURFACE, UnLevels::MANDATORY, UnLevels::SIGNIFICANT, UnLevels::TROPOPAUSE,
-                            UnLevels::MAXWIND}) {
+    for (const auto type :
+         {UnLevels::SURFACE, UnLevels::MANDATORY, UnLevels::SIGNIFICANT, UnLevels::TROPOPAUSE, UnLevels::MAXWIND}) {
         const auto found = file->unLevels()->levels({type});
         std::size_t at = 0;
         for (const nlohmann::json& coded : truth["coded"]) {

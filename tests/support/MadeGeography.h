@@ -8,8 +8,8 @@
 
 #include <string>
 
-/// A small geographic database with some of the tables of the map: a country round the origin with a lake, its coast, and
-/// two places. Made up.
+/// A small geographic database with some of the tables of the map: a country round the origin with a lake, its coast,
+/// and two places. Made up.
 inline std::string makeGeography(const std::string& path) {
     void* connection = spatialite_alloc_connection();
     {

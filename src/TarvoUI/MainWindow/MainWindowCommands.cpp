@@ -222,8 +222,8 @@ void TarvoMainWindow::updateMenus() {
     if (soundingCount() == 0) {
         stopFlash(); // who asked for it is gone
     }
-    for (const char* name : {"_actionClose", "_actionCloseAll", "_actionOptions", "_actionRestoreDefaults", "_actionCascade",
-                             "_actionTile", "_actionArrangeIcons"}) {
+    for (const char* name : {"_actionClose", "_actionCloseAll", "_actionOptions", "_actionRestoreDefaults",
+                             "_actionCascade", "_actionTile", "_actionArrangeIcons"}) {
         action(name)->setEnabled(view != nullptr);
     }
     updateSynopticCommands();

@@ -40,8 +40,7 @@ void TarvoMainWindow::synoptic() {
     _geoDB = std::move(geoDB);
     connect(this, &TarvoMainWindow::updateSounding, _synoptic, &SynopticWidget::addNewSounding);
     connect(_synoptic, &SynopticWidget::openSounding, this, &TarvoMainWindow::processFile);
-    connect(_synoptic, qOverload<QString>(&SynopticWidget::changeSoundingDB), this,
-            &TarvoMainWindow::changeSoundingDB);
+    connect(_synoptic, qOverload<QString>(&SynopticWidget::changeSoundingDB), this, &TarvoMainWindow::changeSoundingDB);
     connect(_synoptic, &QObject::destroyed, this, &TarvoMainWindow::synopticDestroyed);
     QMdiSubWindow* window = _mdiArea->addSubWindow(_synoptic);
     _synoptic->show();

@@ -57,8 +57,8 @@ void SynopticWidget::save() {
         return;
     }
     QString filter = kPngFilter;
-    QString path = QFileDialog::getSaveFileName(this, "Tarvo - Save Synoptic Map",
-                                                suggestedName(_levelSelect->currentText().remove(' ')), kFilters, &filter);
+    QString path = QFileDialog::getSaveFileName(
+        this, "Tarvo - Save Synoptic Map", suggestedName(_levelSelect->currentText().remove(' ')), kFilters, &filter);
     if (path.isEmpty()) {
         return;
     }
@@ -73,8 +73,7 @@ void SynopticWidget::save() {
 
 void SynopticWidget::saveAll() {
     QString filter = kPngFilter;
-    const QString suggested =
-        suggestedName(QDateTime::currentDateTimeUtc().toString("yyyyMMdd_hhmmss") + "_LevelName");
+    const QString suggested = suggestedName(QDateTime::currentDateTimeUtc().toString("yyyyMMdd_hhmmss") + "_LevelName");
     QString prefix = QFileDialog::getSaveFileName(this, "Tarvo - Save Synoptic Maps", suggested, kFilters, &filter);
     if (prefix.isEmpty()) {
         return;

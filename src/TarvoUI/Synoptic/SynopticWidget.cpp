@@ -31,9 +31,9 @@ constexpr int kHourAt = 11;     // of "2021-08-01 12:00:03"
 constexpr int kMinuteAt = 14;
 
 /// In the order in which they are looked for, so that "10 mb" isn't taken for one of "1 ".
-constexpr std::array<const char*, 26> kLevelTexts{"1000", "925 ", "850 ", "700 ", "500 ", "400 ", "300 ", "250 ", "200 ",
-                                                  "150 ", "100 ", "70 ",  "50 ",  "30 ",  "20 ",  "10 ",  "7 ",   "5 ",
-                                                  "3 ",   "2 ",   "1 ",   "150m", "DLM",  "MBL",  "Max",  "Trop"};
+constexpr std::array<const char*, 26> kLevelTexts{
+    "1000", "925 ", "850 ", "700 ", "500 ", "400 ", "300 ", "250 ", "200 ", "150 ", "100 ", "70 ", "50 ",
+    "30 ",  "20 ",  "10 ",  "7 ",   "5 ",   "3 ",   "2 ",   "1 ",   "150m", "DLM",  "MBL",  "Max", "Trop"};
 
 } // namespace
 
@@ -301,7 +301,9 @@ void SynopticWidget::removeStationModel(const QString& name) {
 }
 
 void SynopticWidget::addNewSounding(const QString& name) {
-    const auto knows = [&](const SoundingDB::Sounding& sounding) { return toQString(sounding.filename).contains(name); };
+    const auto knows = [&](const SoundingDB::Sounding& sounding) {
+        return toQString(sounding.filename).contains(name);
+    };
     if (std::any_of(_soundings.begin(), _soundings.end(), knows)) {
         updateStationModel();
         return;
@@ -309,11 +311,12 @@ void SynopticWidget::addNewSounding(const QString& name) {
     readSoundings();
     const auto added = std::find_if(_soundings.begin(), _soundings.end(), knows);
     if (added != _soundings.end() && _tableModel->insertRows(0, 1)) {
-        const std::array<QString, 4> texts{getRelativeFileName(toQString(added->filename)), toQString(added->launchTime),
-                                           toQString(added->platform), toQString(added->project)};
+        const std::array<QString, 4> texts{getRelativeFileName(toQString(added->filename)),
+                                           toQString(added->launchTime), toQString(added->platform),
+                                           toQString(added->project)};
         for (int i = 0; i < 4; ++i) {
-            _tableModel->setData(_tableModel->index(0, SoundingTableModel::NAME + i), texts[static_cast<std::size_t>(i)],
-                                 Qt::DisplayRole);
+            _tableModel->setData(_tableModel->index(0, SoundingTableModel::NAME + i),
+                                 texts[static_cast<std::size_t>(i)], Qt::DisplayRole);
         }
     }
     showCount();
@@ -325,8 +328,9 @@ void SynopticWidget::deleteSoundings() {
         checked += _tableModel->index(row, SoundingTableModel::CHECK).data(Qt::CheckStateRole) == Qt::Checked ? 1 : 0;
     }
     if (checked == 0) {
-        QMessageBox::information(this, "Delete Sounding",
-                                 "No sounding is selected.  \nCheck the checkbox to select the sounding to be deleted.");
+        QMessageBox::information(
+            this, "Delete Sounding",
+            "No sounding is selected.  \nCheck the checkbox to select the sounding to be deleted.");
         return;
     }
     const QString question = QString("Are you sure you want to delete the %1 selected sounding(s) from database?");
@@ -481,9 +485,9 @@ void SynopticWidget::addStationModel(SoundingDB::LEVEL_TYPE level) {
     _stations = _map->scene()->createItemGroup(items);
     _stations->setHandlesChildEvents(false);
     _stations->setZValue(QMicroMap::kUserLayer);
-    _soundingCount->setToolTip(
-        withoutPlace == 0 ? QString()
-                          : QString("%1 of them without a position, and so not on the map").arg(withoutPlace));
+    _soundingCount->setToolTip(withoutPlace == 0
+                                   ? QString()
+                                   : QString("%1 of them without a position, and so not on the map").arg(withoutPlace));
     _map->setTopRightAnnotation(_levelSelect->currentText());
 }
 

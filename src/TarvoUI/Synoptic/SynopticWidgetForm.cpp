@@ -22,8 +22,8 @@ namespace {
 
 constexpr int kSurfaceIndex = 21;
 constexpr std::array<const char*, 27> kLevels{
-    "1 mb",   "2 mb",   "3 mb",   "5 mb",   "7 mb",    "10 mb",   "20 mb",     "30 mb",    "50 mb",
-    "70 mb",  "100 mb", "150 mb", "200 mb", "250 mb",  "300 mb",  "400 mb",    "500 mb",   "700 mb",
+    "1 mb",   "2 mb",   "3 mb",    "5 mb",    "7 mb",      "10 mb",    "20 mb",    "30 mb",    "50 mb",
+    "70 mb",  "100 mb", "150 mb",  "200 mb",  "250 mb",    "300 mb",   "400 mb",   "500 mb",   "700 mb",
     "850 mb", "925 mb", "1000 mb", "Surface", "150m Wind", "DLM Wind", "MBL Wind", "Max Wind", "Tropopause",
 };
 
@@ -103,8 +103,9 @@ QRadioButton* SynopticWidget::addMode(QVBoxLayout* layout, const char* name, con
 QGroupBox* SynopticWidget::makeMouseModes() {
     _mouseModes = new QGroupBox("Mouse Behavior", this);
     _mouseModes->setObjectName("_mouseModes");
-    _mouseModes->setToolTip("You can also cycle through \nthe mouse behavior choices by \ndouble clicking on the map. \n\n"
-                            "Right click on the map \nto back up one zoom level.");
+    _mouseModes->setToolTip(
+        "You can also cycle through \nthe mouse behavior choices by \ndouble clicking on the map. \n\n"
+        "Right click on the map \nto back up one zoom level.");
     auto* layout = new QVBoxLayout(_mouseModes);
     _modePan = addMode(layout, "_modePan", "Pan");
     _modeSelect = addMode(layout, "_modeSelect", "Select");

@@ -325,8 +325,9 @@ void CommView::sendMessage() {
         return;
     }
     file.close();
-    _process = new ZmodemProcess(_kermitPath, _messageFile.toStdString(), _commPort->currentText().trimmed().toStdString(),
-                                 _baudRate->currentText().toStdString(), this);
+    _process =
+        new ZmodemProcess(_kermitPath, _messageFile.toStdString(), _commPort->currentText().trimmed().toStdString(),
+                          _baudRate->currentText().toStdString(), this);
     connect(_process, &QProcess::errorOccurred, this, &CommView::zmodemError);
     connect(_process, qOverload<int, QProcess::ExitStatus>(&QProcess::finished), this, &CommView::zmodemFinished);
     connect(_process, &QProcess::started, this, &CommView::zmodemStarted);

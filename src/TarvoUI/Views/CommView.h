@@ -12,8 +12,8 @@ class QGroupBox;
 class QLabel;
 class QPushButton;
 
-/// What the operator of a dropsonde adds to its message: header, mission, remarks. Each entry goes into the coded message
-/// at once, and again after each new coding. The tab also sends the message over a serial line.
+/// What the operator of a dropsonde adds to its message: header, mission, remarks. Each entry goes into the coded
+/// message at once, and again after each new coding. The tab also sends the message over a serial line.
 class CommView : public TarvoView {
     Q_OBJECT
 

@@ -302,7 +302,7 @@ void TarvoViewController::tabClicked(int index) {
 void TarvoViewController::options(int windows) {
     QDialog dialog;
     dialog.setStyleSheet(window()->findChild<QMdiArea*>() == nullptr ? QString()
-                                                                      : window()->findChild<QMdiArea*>()->styleSheet());
+                                                                     : window()->findChild<QMdiArea*>()->styleSheet());
     const TarvoAdvConfigController controller(&dialog, _configSet.get(), _soundingDB, windows);
     connect(&controller, &TarvoAdvConfigController::saveConfiguration, this, &TarvoViewController::saveConfiguration);
     dialog.exec();

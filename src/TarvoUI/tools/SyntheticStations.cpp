@@ -13,20 +13,20 @@ namespace {
 constexpr double kDegrees = 57.29577951308232; // to the radian
 constexpr double kEyeLat = 25.0;
 constexpr double kEyeLon = -87.0;
-constexpr double kCoreRadius = 1.2;  // degrees, of the strongest wind
-constexpr double kStrongest = 46.0;  // m/s
-constexpr double kInflow = 20.0;     // degrees, of the wind across the isobars
-constexpr double kEast = -70.0;      // of the net, degrees
+constexpr double kCoreRadius = 1.2; // degrees, of the strongest wind
+constexpr double kStrongest = 46.0; // m/s
+constexpr double kInflow = 20.0;    // degrees, of the wind across the isobars
+constexpr double kEast = -70.0;     // of the net, degrees
 constexpr double kWest = -100.0;
 constexpr double kSouth = 16.0;
 constexpr double kNorth = 36.0;
 
 struct LevelRow {
-    double pressure;  // mb; 0 is the surface
-    double height;    // m, far from the cyclone
-    double tdry;      // deg C
+    double pressure;   // mb; 0 is the surface
+    double height;     // m, far from the cyclone
+    double tdry;       // deg C
     double depression; // deg C
-    double wind;      // part of that at the surface
+    double wind;       // part of that at the surface
 };
 
 constexpr std::array<LevelRow, 6> kLevels{{{0.0, 0.0, 28.0, 4.0, 0.8},

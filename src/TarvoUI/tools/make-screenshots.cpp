@@ -4,8 +4,8 @@
 //     make-screenshots EXAMPLE GEOGRAPHY FOLDER
 
 #include "Environment.h"
-#include "SyntheticStations.h"
 #include "SynopticWidget.h"
+#include "SyntheticStations.h"
 #include "TarvoMainWindow.h"
 #include "TarvoSettings.h"
 #include "TarvoViewController.h"
@@ -236,9 +236,9 @@ void takePictures(const QString& example, const QString& geography, Album& album
     album.keep(window, "qc-tab");
     keepXYgraph(*view, window, album);
 
-    for (const auto& [tab, name] : {std::pair("SkewTView", "skewt-tab"), std::pair("LevelsView", "levels-tab"),
-                                    std::pair("WMOView", "wmo-tab"), std::pair("CommView", "comm-tab"),
-                                    std::pair("SummaryView", "summary-tab")}) {
+    for (const auto& [tab, name] :
+         {std::pair("SkewTView", "skewt-tab"), std::pair("LevelsView", "levels-tab"), std::pair("WMOView", "wmo-tab"),
+          std::pair("CommView", "comm-tab"), std::pair("SummaryView", "summary-tab")}) {
         view->tabs()->setCurrentWidget(view->findChild<QWidget*>(tab));
         album.keep(window, name);
     }

@@ -4,10 +4,10 @@
 #include "DesktopTest.h"
 #include "FilePathDialog.h"
 
-#include <QPushButton>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <sqlite3.h>
 
 using testing::ElementsAre;

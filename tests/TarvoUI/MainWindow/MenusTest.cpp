@@ -191,8 +191,8 @@ TEST_F(MenusTest, CommandsFollowTheActiveTab) {
     EXPECT_EQ(enabled(), without);
     open(makeSounding("one.csv"));
     std::vector<std::string> onMain = always;
-    for (const char* name : {"ArrangeIcons", "Cascade", "Close", "CloseAll", "Options", "Print", "PrintPreview", "Recompute",
-                             "RestoreDefaults", "Tile"}) {
+    for (const char* name : {"ArrangeIcons", "Cascade", "Close", "CloseAll", "Options", "Print", "PrintPreview",
+                             "Recompute", "RestoreDefaults", "Tile"}) {
         onMain.emplace_back(name);
     }
     std::sort(onMain.begin(), onMain.end());

@@ -1,5 +1,5 @@
-#include "SoundingProxyModel.h"
 #include "SoundingTableModel.h"
+#include "SoundingProxyModel.h"
 
 #include <QSignalSpy>
 #include <gtest/gtest.h>

@@ -1,10 +1,10 @@
 // The synoptic window, by clicks.
 
+#include "SynopticWidget.h"
 #include "MadeGeography.h"
 #include "ModalAnswers.h"
 #include "QStationModelGraphicsItem.h"
 #include "SndMetaData.h"
-#include "SynopticWidget.h"
 #include "SyntheticStations.h"
 #include "TemporaryFolder.h"
 
@@ -121,10 +121,10 @@ protected:
 
 TEST_F(Synoptic, LevelsOfTheCombo) {
     EXPECT_EQ(SynopticWidget::stationLevel("Surface"), 0);
-    const std::vector<std::pair<const char*, int>> some{{"1000 mb", 1}, {"925 mb", 2}, {"850 mb", 3},   {"100 mb", 11},
-                                                        {"10 mb", 16},  {"1 mb", 21},  {"2 mb", 20},    {"20 mb", 15},
-                                                        {"150 mb", 10}, {"5 mb", 18},  {"150m Wind", 22}, {"DLM Wind", 23},
-                                                        {"MBL Wind", 24}, {"Max Wind", 25}, {"Tropopause", 26}};
+    const std::vector<std::pair<const char*, int>> some{
+        {"1000 mb", 1},    {"925 mb", 2},    {"850 mb", 3},    {"100 mb", 11},   {"10 mb", 16},
+        {"1 mb", 21},      {"2 mb", 20},     {"20 mb", 15},    {"150 mb", 10},   {"5 mb", 18},
+        {"150m Wind", 22}, {"DLM Wind", 23}, {"MBL Wind", 24}, {"Max Wind", 25}, {"Tropopause", 26}};
     for (const auto& [text, level] : some) {
         EXPECT_EQ(SynopticWidget::stationLevel(text), level) << text;
     }
@@ -216,7 +216,8 @@ TEST_F(Synoptic, TheTableProcessesItsRow) {
 
 TEST_F(Synoptic, PartsAndLevels) {
     press("_selectAll");
-    QTest::mouseClick(&child<QCheckBox>("_tdry"), Qt::LeftButton, {}, QPoint(8, child<QCheckBox>("_tdry").height() / 2));
+    QTest::mouseClick(&child<QCheckBox>("_tdry"), Qt::LeftButton, {},
+                      QPoint(8, child<QCheckBox>("_tdry").height() / 2));
     ASSERT_FALSE(child<QCheckBox>("_tdry").isChecked());
     const QImage surface = window->findChild<QMicroMap*>()->grab().toImage();
     child<QComboBox>("_levelSelect").setCurrentText("850 mb");
@@ -246,8 +247,9 @@ TEST_F(Synoptic, MouseModesFollowEachOther) {
 
 TEST_F(Synoptic, DeletesTheCheckedOnes) {
     press("_delete");
-    EXPECT_THAT(answers.texts(), ElementsAre("No sounding is selected.  \nCheck the checkbox to select the sounding to be "
-                                             "deleted."));
+    EXPECT_THAT(answers.texts(),
+                ElementsAre("No sounding is selected.  \nCheck the checkbox to select the sounding to be "
+                            "deleted."));
     press("_selectAll");
     click("one.csv", 0);
     click("three.csv", 0);

@@ -177,7 +177,8 @@ TEST_F(Transmission, AFullDisk) {
 }
 
 TEST(ZmodemProcess, Commands) {
-    EXPECT_EQ(ZmodemProcess("/usr/bin/kermit", "/tmp/m.txt", "com1", "9600").commands(),
-              "set line com1,set speed 9600,set serial 8N1,set protocol zmodem,set carrier off,set flow-control none,send "
-              "/tmp/m.txt,quit");
+    EXPECT_EQ(
+        ZmodemProcess("/usr/bin/kermit", "/tmp/m.txt", "com1", "9600").commands(),
+        "set line com1,set speed 9600,set serial 8N1,set protocol zmodem,set carrier off,set flow-control none,send "
+        "/tmp/m.txt,quit");
 }

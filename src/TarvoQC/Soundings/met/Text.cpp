@@ -6,7 +6,8 @@
 
 namespace {
 
-template <typename Number> std::string formatNumber(const char* format, Number value) {
+template <typename Number>
+std::string formatNumber(const char* format, Number value) {
     std::array<char, 64> buffer; // enough for nearly every number
     const int length = std::snprintf(buffer.data(), buffer.size(), format, value);
     if (length < static_cast<int>(buffer.size())) {
