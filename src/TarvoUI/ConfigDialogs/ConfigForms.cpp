@@ -248,15 +248,15 @@ const std::vector<OptionField>& visual() {
         {"XY Graph", "Lon min", "xyGraphLonMin", OptionField::Double, -180.0, 180.0, "XY graph Lon min"},
         {"XY Graph", "Lon max", "xyGraphLonMax", OptionField::Double, -180.0, 180.0, "XY graph Lon max"},
         {"XY Graph", "AutoScale", "xyGraphLonAuto", OptionField::Flag},
-        {"Skew-T", "dimension X", "PlotPixelsX", OptionField::Int, 32.0, 2000.0, "Skew-T dimension X"},
-        {"Skew-T", "dimension Y", "PlotPixelsY", OptionField::Int, 32.0, 2000.0, "Skew-T dimension Y"},
+        {"Skew-T", "Dimension X", "PlotPixelsX", OptionField::Int, 32.0, 2000.0, "Skew-T dimension X"},
+        {"Skew-T", "Dimension Y", "PlotPixelsY", OptionField::Int, 32.0, 2000.0, "Skew-T dimension Y"},
         {"Skew-T", "Temp min", "SkewTtmin", OptionField::Double, -1000.0, 1000.0, "Skew-T Temp min"},
         {"Skew-T", "Temp max", "SkewTtmax", OptionField::Double, -1000.0, 1000.0, "Skew-T Temp max"},
         {"Skew-T", "Pres min", "SkewTpmin", OptionField::Double, 1.0, 2000.0, "Skew-T Pres min"},
         {"Skew-T", "Pres max", "SkewTpmax", OptionField::Double, 1.0, 2000.0, "Skew-T Pres max"},
         {"Skew-T", "Wind barbs", "NumberSkewTWinds", OptionField::Int, 0.0, 500.0, "Skew-T Wind Bards"},
         {"Text Characteristics", "Text size (pt)", "TextSizePt", OptionField::Int, 5.0, 61.0, "Text size (pt)"},
-        {"Text Characteristics", "Font", "FontFamily", OptionField::Text},
+        {"Text Characteristics", "Font", "FontFamily", OptionField::Font},
     };
     return fields;
 }

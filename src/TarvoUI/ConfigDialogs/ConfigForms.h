@@ -5,7 +5,7 @@
 
 /// One option of a form. What a form shows is a table of these; their widgets are named after the keys.
 struct OptionField {
-    enum Kind { Double, Int, Text, Pattern, Flag, Choice, Path };
+    enum Kind { Double, Int, Text, Pattern, Flag, Choice, Path, Font };
 
     const char* group; ///< title of the group that it stands in
     const char* label;

@@ -4,6 +4,7 @@
 #include "TarvoWidgetValidator.h"
 #include "UiText.h"
 
+#include <QFontComboBox>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -11,6 +12,7 @@
 #include <QRadioButton>
 #include <QRegExpValidator>
 #include <QScrollArea>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <array>
@@ -36,15 +38,15 @@ void TarvoAdvConfig::makePage(const char* title) {
     _page->setObjectName(title);
     _banner = new QLabel(_page);
     _banner->setObjectName("_banner");
-    auto* content = new QWidget;
-    auto* columns = new QHBoxLayout(content);
+    _content = new QWidget;
+    auto* columns = new QHBoxLayout(_content);
     std::array<QVBoxLayout*, 2> column{new QVBoxLayout, new QVBoxLayout};
     std::size_t rowsLeft = 0;
     std::map<std::string, QFormLayout*> forms;
     std::map<std::string, QGroupBox*> groups;
     for (const OptionField& field : _fields) {
         if (forms.count(field.group) == 0) {
-            auto* group = new QGroupBox(field.group, content);
+            auto* group = new QGroupBox(field.group, _content);
             forms[field.group] = new QFormLayout(group);
             groups[field.group] = group;
             column[rowsLeft * 2 < _fields.size() ? 0 : 1]->addWidget(group);
@@ -53,16 +55,23 @@ void TarvoAdvConfig::makePage(const char* title) {
         addField(forms[field.group], groups[field.group], field);
     }
     for (QVBoxLayout* one : column) {
+        const bool isUsed = one->count() > 0;
         one->addStretch();
-        columns->addLayout(one, 1);
+        columns->addLayout(one, isUsed ? 1 : 0);
     }
     auto* scroll = new QScrollArea(_page);
-    scroll->setWidget(content);
+    scroll->setWidget(_content);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
     auto* layout = new QVBoxLayout(_page);
     layout->addWidget(_banner);
     layout->addWidget(scroll, 1);
+}
+
+int TarvoAdvConfig::wholeWidth() const {
+    const QMargins margins = _page->layout()->contentsMargins();
+    return _content->sizeHint().width() + margins.left() + margins.right() +
+           _page->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
 }
 
 void TarvoAdvConfig::addField(QFormLayout* form, QGroupBox* group, const OptionField& field) {
@@ -84,7 +93,18 @@ void TarvoAdvConfig::addField(QFormLayout* form, QGroupBox* group, const OptionF
             buttons->addButton(button, static_cast<int>(i));
             line->addWidget(button);
         }
-        form->addRow(field.label, widget);
+        if (*field.label == '\0') {
+            form->addRow(widget); // the title of the group says it
+        } else {
+            form->addRow(field.label, widget);
+        }
+    } else if (field.kind == OptionField::Font) {
+        auto* fonts = new QFontComboBox(group);
+        fonts->lineEdit()->setObjectName(field.key);
+        fonts->setAccessibleName(field.label);
+        widget = fonts;
+        row.widgets.push_back(fonts->lineEdit());
+        form->addRow(field.label, fonts);
     } else {
         auto* text = new QLineEdit(group);
         text->setObjectName(field.key);

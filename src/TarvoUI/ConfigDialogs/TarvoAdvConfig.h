@@ -37,6 +37,8 @@ public:
     /// Shows the options alone of which every word of \p words is a part of key, label, group or meaning; all for none.
     /// Returns how many there are.
     int narrow(const QStringList& words);
+    /// Width of the page in pixels at which nothing of it is cut off at the side.
+    int wholeWidth() const;
 
 protected:
     enum setType { NUMBER, TEXT };
@@ -80,6 +82,7 @@ private:
 
     const std::vector<OptionField>& _fields;
     QWidget* _page;
+    QWidget* _content = nullptr; // of the page, which scrolls
     QLabel* _banner = nullptr;
     std::vector<Row> _rows;
 };

@@ -10,10 +10,20 @@
 #include "WaitCursor.h"
 
 #include <QDialogButtonBox>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <algorithm>
+
+namespace {
+
+constexpr QSize kUsualSize(1000, 700);
+constexpr int kFrames = 8; // pixels, of the tabs around a page
+
+} // namespace
 
 TarvoAdvConfigController::TarvoAdvConfigController(QDialog* dialog, TarvoConfigSet* configSet, SoundingDB* soundingDB,
                                                    int numberOfOpenSoundings)
@@ -51,7 +61,7 @@ TarvoAdvConfigController::TarvoAdvConfigController(QDialog* dialog, TarvoConfigS
     layout->addWidget(buttons);
     auto* around = new QVBoxLayout(_dialog);
     around->addWidget(this);
-    _dialog->resize(1000, 700);
+    resizeDialog();
     _dialog->installEventFilter(this);
 }
 
@@ -63,6 +73,21 @@ TarvoAdvConfigController::~TarvoAdvConfigController() {
         page->setParent(nullptr);
         delete page;
     }
+}
+
+/// Every form whole in its width if the screen has room, whatever the size of its type.
+void TarvoAdvConfigController::resizeDialog() {
+    QSize size = kUsualSize;
+    for (const auto& form : _forms) {
+        for (QWidget* widget : form->widget()->findChildren<QWidget*>()) {
+            widget->ensurePolished(); // or its type hasn't the size of the style sheet yet
+        }
+        const QMargins around = _dialog->layout()->contentsMargins();
+        size.setWidth(std::max(size.width(), form->wholeWidth() + kFrames + around.left() + around.right()));
+    }
+    size.setHeight(size.width() * kUsualSize.height() / kUsualSize.width());
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    _dialog->resize(screen == nullptr ? size : size.boundedTo(screen->availableSize() * 9 / 10));
 }
 
 bool TarvoAdvConfigController::eventFilter(QObject* watched, QEvent* event) {

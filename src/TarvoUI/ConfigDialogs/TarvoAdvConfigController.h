@@ -37,6 +37,7 @@ protected:
 
 private:
     void initializeTabs(TarvoConfigSet* configSet);
+    void resizeDialog();
 
     QDialog* _dialog;
     SoundingDB* _soundingDB;
