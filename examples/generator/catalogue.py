@@ -337,6 +337,16 @@ def cyclone_with_gap():
                           version="1.4", header="plain", line_end="\r\n")
 
 
+def floating():
+    flight = _Drop(1122, datetime(2023, 8, 29, 18, 42, 7), Atmosphere(951.2, CYCLONE, ((0.9, 400.0, 1.3),)), 700.0,
+                   (24.6, -84.9), THIN_SENSOR, 0.25, 862.0)
+    flight.faults.afloat(9.0, random.Random(1122))
+    return flight.example("D20230829_184207.2",
+                          "Eyewall of a tropical cyclone from 700 mb; the sonde goes on reporting while it floats.",
+                          _metadata(sonde_id="231720455", flight="SF15", channel=2,
+                                    platform_type="Four-engine turboprop", platform_id="SYN02"), header="new")
+
+
 def _csv_example(file_name, description, flight, rh_channels):
     sounding = flight.sounding
     reader = {
@@ -587,6 +597,7 @@ EXAMPLES = {
     "D20230211_154208": no_launch_line,
     "D20100119_180708": dry_bias_mid_latitude,
     "D20080910_235612": cyclone_with_gap,
+    "D20230829_184207": floating,
     "tradewind_drop_20210803": csv_drop,
     "summer_up_20220705": csv_up,
     "polar_up_20230117": csv_polar,

@@ -4,6 +4,10 @@ Times count from release, and each fault goes to the record nearest to its time.
 clean and its faulty value; ``None`` is a missing value.
 """
 
+import math
+
+from .sounding import Frame
+
 PTU = ("pressure", "temperature", "rh", "rh1", "rh2")
 GPS = ("direction", "speed", "longitude", "latitude", "gps_altitude")
 WINDS_ONLY_MISSING = PTU + ("longitude", "latitude", "altitude")
@@ -68,6 +72,17 @@ class Faults:
                 for quantity in quantities:
                     setattr(frame, quantity, None)
         self.notes.append({"time": start, "end": end, "kind": "missing", "quantities": list(quantities)})
+
+    def afloat(self, seconds, rng):
+        """The sonde goes on reporting from the water: waves in the pressure, no air for its sensors, and no GPS."""
+        last = self._frames[-1]
+        for index in range(1, int(2 * seconds) + 1):
+            frame = Frame(last.time + 0.5 * index, satellites=0)
+            frame.pressure = last.pressure + 0.9 * math.sin(index / 3.0) - 0.12 * index + rng.gauss(0.0, 0.1)
+            frame.temperature = last.temperature + 0.8 + rng.gauss(0.0, 0.05)
+            frame.rh = frame.rh1 = frame.rh2 = 100.0
+            self._frames.append(frame)
+        self.notes.append({"time": last.time + 0.5, "end": self._frames[-1].time, "kind": "afloat"})
 
     def gap(self, start, end):
         """Records lost from ``start`` up to, not including, ``end``."""

@@ -216,7 +216,7 @@ class Models(unittest.TestCase):
 
 class Truth(unittest.TestCase):
     def test_all_are_there(self):
-        self.assertEqual(len(D_FILES), 6)
+        self.assertEqual(len(D_FILES), 7)
         self.assertEqual(sorted(example.path.suffix for example in ROW_FILES), sorted(list(ROWS) * 2))
         told = [json.loads(path.read_text("ascii")) for path in (EXAMPLES / "truth").iterdir()]
         self.assertEqual(sorted(path.name for path in (EXAMPLES / "data").iterdir()), sorted(t["file"] for t in told))
@@ -605,6 +605,17 @@ class PlantedFaults(unittest.TestCase):
         (gap,) = cyclone.truth["faults"]
         self.assertEqual((gap["kind"], gap["records"]), ("gap", 14))
         self.assertEqual([f for f in cyclone.file.frames if gap["time"] <= f["time"] < gap["end"]], [])
+
+    def test_floating(self):
+        """951.2 mb at the sea, from where the pressure falls by more than 1 mb within 15 s, and GPS is gone."""
+        floating = next(example for example in ALL if example.name == "D20230829_184207")
+        (afloat,) = floating.truth["faults"]
+        frames = floating.file.frames
+        wet = [frame for frame in frames if frame["time"] >= afloat["time"]]
+        self.assertEqual((len(wet), wet[-1]["time"]), (18, afloat["end"]))
+        self.assertEqual([frame["speed"] is None for frame in frames[-20:]], 2 * [False] + 18 * [True])
+        self.assertLess(wet[-1]["pressure"], max(frame["pressure"] for frame in frames[-30:]) - 1.0)
+        self.assertAlmostEqual(frames[-19]["pressure"], 951.2, delta=1.0)
 
     def test_missing_cells(self):
         polar = next(example for example in ALL if example.name == "polar_up_20230117")

@@ -27,6 +27,7 @@ constexpr double kSameTime = 0.01;  // s
 struct Example {
     const char* file;
     const char* configuration;
+    double endOfDrop = 0.0; ///< s, that the user sets; 0 for none
 };
 
 const Example kAll[] = {{"D20080910_235612.2", "editsonde"},           {"D20100119_180708.4", "editsonde"},
@@ -36,7 +37,7 @@ const Example kAll[] = {{"D20080910_235612.2", "editsonde"},           {"D201001
                         {"polar_up_20230117.csv", "upsonde-10s"},      {"pelo_updown_20220914.dat", "upsonde-1s"},
                         {"pelo_damaged_20220915.dat", "upsonde-1s"},   {"vesta_up_20210312.vst", "upsonde-10s"},
                         {"vesta_damaged_20210313.vst", "upsonde-10s"}, {"mirra_up_20200620.mir", "upsonde-10s"},
-                        {"mirra_damaged_20200621.mir", "upsonde-10s"}};
+                        {"mirra_damaged_20200621.mir", "upsonde-10s"}, {"D20230829_184207.2", "editsonde", 243.75}};
 
 /// Where a planted fault would show, and how far a QC value may lie from the clean one: some five times the noise.
 struct Place {
@@ -61,6 +62,10 @@ std::string stemOf(const Example& example) {
     return fs::path(example.file).stem().string();
 }
 
+void PrintTo(const Example& example, std::ostream* out) {
+    *out << example.file;
+}
+
 /// An example after the whole of QC, with its truth.
 class TruthTest : public testing::TestWithParam<Example> {
 protected:
@@ -76,10 +81,20 @@ protected:
         editor->getSounding(path.string(), &stream);
         ASSERT_TRUE(editor->isValid()) << editor->getSndfileErrorMsg();
         editor->qcProcess();
+        if (GetParam().endOfDrop > 0.0) {
+            editor->qcError(firstAlert);
+            config->add("LastDataTimeOverride", GetParam().endOfDrop, false, false, false);
+            editor->qcProcess();
+        }
     }
 
-    /// Where the sounding that is judged ends: what comes down again behind an ascent is another.
-    double lastTime() const { return truth.contains("descent") ? truth["descent"]["burst"].get<double>() : 1e9; }
+    /// Where the sounding that is judged ends: what comes down again behind an ascent is another, what
+    /// comes from the water none.
+    double lastTime() const {
+        return truth.contains("descent")    ? truth["descent"]["burst"].get<double>()
+               : GetParam().endOfDrop > 0.0 ? GetParam().endOfDrop
+                                            : 1e9;
+    }
     bool drops() const { return truth["direction"] == "down"; }
     const Series& series(const std::string& name) const { return *editor->getSeries(name); }
     std::size_t column(const std::string& name) const {
@@ -135,6 +150,7 @@ protected:
     }
 
     json truth;
+    std::string firstAlert; ///< ahead of the end of drop that the user sets
     std::unique_ptr<RegistryXML> registry;
     std::unique_ptr<TarvoConfigSet> config;
     std::unique_ptr<EditorControl> editor;
@@ -155,6 +171,11 @@ TEST_P(TruthTest, GivesTheAirBack) {
 }
 
 TEST_P(TruthTest, NoStepFailsThatCanWork) {
+    const bool afloat = GetParam().endOfDrop > 0.0;
+    EXPECT_EQ(firstAlert,
+              afloat ? "- This sounding appears to contain post-splash data. Please remove post-splash data by "
+                       "setting end-of-drop time.\n"
+                     : "");
     std::string text;
     editor->qcError(text);
     // Its wavelength of 10 s can't be told from samples every 10 s.
