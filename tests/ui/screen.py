@@ -16,8 +16,8 @@ except (ImportError, ValueError):
 LIMIT = 120.0  # seconds that anything may take, also on a slow machine
 
 
-def need_screen():
-    """Goes on in a run of the script that has a screen, a session bus and a home of its own."""
+def need_screen(name_of_home=None):
+    """Goes on in a run of the script that has a screen, a session bus and a home of its own, which pictures may show."""
     tools = "Xvfb", "xvfb-run", "xauth", "xdotool", "openbox", "dbus-run-session"
     missing = [tool for tool in tools if not shutil.which(tool)]
     if missing or Atspi is None or not os.path.exists("/usr/share/dbus-1/services/org.a11y.Bus.service"):
@@ -26,11 +26,19 @@ def need_screen():
     if "TARVO_ON_SCREEN" in os.environ:
         return
     with tempfile.TemporaryDirectory() as home:
+        if name_of_home:
+            os.symlink(home, name_of_home)
+            home = name_of_home
         environment = dict(os.environ, TARVO_ON_SCREEN="1", HOME=home, XDG_RUNTIME_DIR=home, QT_QPA_PLATFORM="xcb",
                            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
         environment.pop("XDG_CONFIG_HOME", None)
-        sys.exit(subprocess.run(["xvfb-run", "-a", "-s", "-screen 0 1280x900x24", "dbus-run-session", "--",
-                                 sys.executable, *sys.argv], env=environment).returncode)
+        try:
+            run = subprocess.run(["xvfb-run", "-a", "-s", "-screen 0 1280x900x24", "dbus-run-session", "--",
+                                  sys.executable, *sys.argv], env=environment)
+        finally:
+            if name_of_home:
+                os.unlink(name_of_home)
+        sys.exit(run.returncode)
 
 
 def wait(what, condition, limit=LIMIT):

@@ -24,6 +24,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QTabWidget>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTextStream>
@@ -35,6 +36,8 @@ namespace {
 
 constexpr int kWidth = 1280; // pixels
 constexpr int kHeight = 800;
+constexpr int kDialogWidth = 1040;
+constexpr int kDialogHeight = 700;
 constexpr int kTextSize = 10; // points
 constexpr int kPeriod = 20;   // ms
 constexpr int kRowsAbove = 8; // of the one that the Raw tab shows off
@@ -100,6 +103,9 @@ protected:
             return;
         }
         if (!_name.isEmpty()) {
+            if (dialog->findChild<QTabWidget*>() != nullptr) {
+                dialog->resize(kDialogWidth, kDialogHeight); // which the screen that isn't there has no room for
+            }
             _album.keep(dialog->grab(), _name);
             _name.clear();
         }
@@ -188,8 +194,6 @@ void keepMap(TarvoMainWindow& window, const QString& geography, Album& album) {
     map->setTopLeftAnnotation("Synthetic soundings round a cyclone\n/home/operator/soundings.sqlite");
     map->showView(QRectF(QPointF(-99.0, 17.5), QPointF(-73.0, 34.0)));
     album.keep(window, "synoptic-map");
-    map->reset();
-    album.keep(window, "synoptic-map-world");
     window.changeSoundingDB(QDir::homePath() + "/soundings.sqlite");
 }
 
