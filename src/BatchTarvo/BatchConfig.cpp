@@ -35,8 +35,18 @@ std::string userFile() {
 }
 
 std::unique_ptr<RegistryXML> openRegistry(const std::string& path, const std::string& setName) {
-    return path.empty() ? RegistryXML::fromText(shippedConfiguration(), setName)
+    return path.empty() ? RegistryXML::fromText(shippedConfiguration(setName), setName)
                         : std::make_unique<RegistryXML>(path, setName);
+}
+
+/// Sorted by name, as a store tells them.
+std::vector<std::string> shippedNames() {
+    std::vector<std::string> names;
+    for (const ShippedSet& set : shippedSets()) {
+        names.emplace_back(set.name);
+    }
+    std::sort(names.begin(), names.end());
+    return names;
 }
 
 bool hasBufrTables(const fs::path& folder) {
@@ -83,7 +93,7 @@ bool BatchConfig::load(const std::string& file, const std::string& setName) {
     _registry = openRegistry(path, setName);
     if (_registry->status() != RegistryXML::LOADED && !setName.empty()) {
         // The file may be good and the name not: without the name it tells its sets.
-        const auto names = openRegistry(path, "")->getSetNames();
+        const auto names = path.empty() ? shippedNames() : openRegistry(path, "")->getSetNames();
         if (!names.empty() && std::find(names.begin(), names.end(), setName) == names.end()) {
             std::string list;
             for (const std::string& name : names) {
@@ -108,6 +118,10 @@ bool BatchConfig::load(const std::string& file, const std::string& setName) {
         }
     }
     return true;
+}
+
+std::vector<std::string> BatchConfig::setNames() const {
+    return _path.empty() ? shippedNames() : _registry->getSetNames();
 }
 
 bool BatchConfig::applyOverride(const std::string& assignment) {

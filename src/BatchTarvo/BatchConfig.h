@@ -26,7 +26,7 @@ public:
 
     const std::string& error() const { return _error; }
     ConfigSet& set() { return *_set; }
-    std::vector<std::string> setNames() const { return _registry->getSetNames(); }
+    std::vector<std::string> setNames() const;
 
     /// The set for soundings that a reader made of others: the second active one, or the first where the file has none.
     std::string secondSetName() const;

@@ -19,22 +19,20 @@
 
 namespace {
 
-bool save(const EditorControl& editor, const std::string& path, const char* extension, const ProductColumns& columns) {
-    return FileSaver::saveFile(RevisionInfo().text("REPO_REVISION"), path, extension, editor.getSndMetaData(true),
-                               editor, columns, editor.levels());
-}
-
 /// The extension of \p path, which the suffix gave it, tells the format.
-std::string extension(const std::string& path) {
-    return std::filesystem::path(path).extension().string();
+bool save(const EditorControl& editor, const std::string& path, const ProductColumns& columns,
+          const std::string& bufrTables = "") {
+    return FileSaver::saveFile(RevisionInfo().text("REPO_REVISION"), path,
+                               std::filesystem::path(path).extension().string(), editor.getSndMetaData(true), editor,
+                               columns, editor.levels(), bufrTables);
 }
 
-bool writeRaw(EditorControl& editor, const ConfigSet& /*config*/, const std::string& path) {
-    return save(editor, path, extension(path).c_str(), ProductColumns::raw(editor));
+bool writeRaw(AnalysedSounding& sounding, const std::string& path) {
+    return save(sounding.editor, path, sounding.rawColumns());
 }
 
-bool writeQc(EditorControl& editor, const ConfigSet& config, const std::string& path) {
-    return save(editor, path, extension(path).c_str(), ProductColumns::qc(editor, config));
+bool writeQc(AnalysedSounding& sounding, const std::string& path) {
+    return save(sounding.editor, path, sounding.qcColumns());
 }
 
 template <typename Write>
@@ -47,41 +45,51 @@ bool writeText(const std::string& path, Write write) {
     return file.commit();
 }
 
-bool writeWmo(EditorControl& editor, const ConfigSet& config, const std::string& path) {
+bool writeWmo(AnalysedSounding& sounding, const std::string& path) {
     bool appendNNNN = false;
-    config.boolValue("TempAppendNNNN", appendNNNN);
-    return writeText(path, [&](std::ostream& stream) { editor.wmo()->saveTextFile(stream, appendNNNN); });
+    sounding.config.boolValue("TempAppendNNNN", appendNNNN);
+    return writeText(path, [&](std::ostream& stream) { sounding.editor.wmo()->saveTextFile(stream, appendNNNN); });
 }
 
-bool writeLevels(EditorControl& editor, const ConfigSet& /*config*/, const std::string& path) {
-    return writeText(path, [&](std::ostream& stream) { saveLevelsCsv(*editor.levels(), stream); });
+bool writeLevels(AnalysedSounding& sounding, const std::string& path) {
+    return writeText(path, [&](std::ostream& stream) { saveLevelsCsv(*sounding.editor.levels(), stream); });
 }
 
-bool writeSummary(EditorControl& editor, const ConfigSet& /*config*/, const std::string& path) {
-    return writeText(path, [&](std::ostream& stream) { saveSummaryText(editor, stream); });
+bool writeSummary(AnalysedSounding& sounding, const std::string& path) {
+    return writeText(path, [&](std::ostream& stream) { saveSummaryText(sounding.editor, stream); });
 }
 
-bool writeSkewTSvgFile(EditorControl& editor, const ConfigSet& config, const std::string& path) {
-    return writeText(path, [&](std::ostream& stream) {
-        writeSkewTSvg(stream, skewTData(editor, defaultSkewTSource(editor)), editor, SkewTSetup(config));
-    });
+void drawSkewT(AnalysedSounding& sounding, std::ostream& svg, bool withText = true) {
+    const EditorControl& editor = sounding.editor;
+    writeSkewTSvg(svg, skewTData(editor, defaultSkewTSource(editor)), editor, SkewTSetup(sounding.config), withText);
 }
 
-bool writeSkewTPng(EditorControl& editor, const ConfigSet& config, const std::string& path) {
+bool writeSkewTSvgFile(AnalysedSounding& sounding, const std::string& path) {
+    return writeText(path, [&](std::ostream& stream) { drawSkewT(sounding, stream); });
+}
+
+bool writeSkewTPng(AnalysedSounding& sounding, const std::string& path) {
     std::ostringstream svg;
-    writeSkewTSvg(svg, skewTData(editor, defaultSkewTSource(editor)), editor, SkewTSetup(config), false);
+    drawSkewT(sounding, svg, false);
     AtomicFile file(path);
     return file.isOpen() && drawAsPng(svg.str(), file.temporaryPath()) && file.commit();
 }
 
-bool writeQcBufr(EditorControl& editor, const ConfigSet& config, const std::string& path) {
+bool writeQcBufr(AnalysedSounding& sounding, const std::string& path) {
     std::string tableDir;
-    config.text(kBufrTablesItem, tableDir);
-    return FileSaver::saveFile(RevisionInfo().text("REPO_REVISION"), path, ".bfr", editor.getSndMetaData(true), editor,
-                               ProductColumns::qc(editor, config), editor.levels(), tableDir);
+    sounding.config.text(kBufrTablesItem, tableDir);
+    return save(sounding.editor, path, sounding.qcColumns(), tableDir);
 }
 
 } // namespace
+
+const ProductColumns& AnalysedSounding::rawColumns() {
+    return _raw ? *_raw : _raw.emplace(ProductColumns::raw(editor));
+}
+
+const ProductColumns& AnalysedSounding::qcColumns() {
+    return _qc ? *_qc : _qc.emplace(ProductColumns::qc(editor, config));
+}
 
 std::string BatchFormat::hindrance(const EditorControl& editor) const {
     if (needs != Nothing && !editor.QCready()) {

@@ -61,12 +61,13 @@ void process(const BatchJob& job, ConfigSet& config, const std::string& database
     if (job.provenance != nullptr && job.provenance->inProducts) {
         editor.provenance(job.provenance->attributes(job.input));
     }
+    AnalysedSounding sounding(editor, config);
     for (const BatchJob::Product& product : job.products) {
         const std::string hindrance = product.format->hindrance(editor);
         if (!hindrance.empty()) {
             addLine(report.error, hindrance);
             report.failed = true;
-        } else if (product.format->write(editor, config, product.path)) {
+        } else if (product.format->write(sounding, product.path)) {
             report.products.push_back(product.path);
         } else {
             addLine(report.error, "The product can't be written: " + product.path);
@@ -81,10 +82,6 @@ void process(const BatchJob& job, ConfigSet& config, const std::string& database
         }
     }
 }
-
-} // namespace
-
-namespace {
 
 void tellHashes(FileReport& report) {
     report.sha256 = sha256OfFile(report.file);

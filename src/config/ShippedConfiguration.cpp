@@ -4,6 +4,8 @@
 #include "ParameterTable.h"
 #include "ShippedSetTable.h"
 
+#include <algorithm>
+
 namespace {
 
 // The reader of the marker takes the rest of its line for the number, so nothing may follow it there.
@@ -38,6 +40,8 @@ constexpr std::string_view kDtd = R"(<!--
 // Only "sample" has it: the store adds it to the others when it is first read.
 constexpr std::string_view kOnlyInSample = "xyGraphDzDtMax";
 constexpr std::string_view kRepeated = "DisableKermit";
+constexpr std::string_view kActive1 = "editsonde";
+constexpr std::string_view kActive2 = "descending-PELO";
 
 struct OptionTexts {
     std::string current;
@@ -120,17 +124,33 @@ std::string setElement(std::size_t setIndex) {
     return xml + "  </set>\n";
 }
 
+template <typename IsWanted>
+std::string configurationOf(IsWanted isWanted) {
+    std::string xml(kProlog);
+    xml += kConfigurationVersion;
+    xml += "\n-->\n<!DOCTYPE tarvoConfig SYSTEM \"tarvo.dtd\">\n<tarvoConfig>\n  ";
+    xml += element("active1", std::string(kActive1)) + "\n  " + element("active2", std::string(kActive2)) + "\n";
+    for (std::size_t setIndex = 0; setIndex < kShippedSetCount; ++setIndex) {
+        if (isWanted(shippedSets()[setIndex].name)) {
+            xml += setElement(setIndex);
+        }
+    }
+    return xml + "</tarvoConfig>\n";
+}
+
 } // namespace
 
 std::string shippedConfiguration() {
-    std::string xml(kProlog);
-    xml += kConfigurationVersion;
-    xml += "\n-->\n<!DOCTYPE tarvoConfig SYSTEM \"tarvo.dtd\">\n<tarvoConfig>\n";
-    xml += "  <active1>editsonde</active1>\n  <active2>descending-PELO</active2>\n";
-    for (std::size_t setIndex = 0; setIndex < kShippedSetCount; ++setIndex) {
-        xml += setElement(setIndex);
+    return configurationOf([](std::string_view) { return true; });
+}
+
+std::string shippedConfiguration(std::string_view setName) {
+    const auto& sets = shippedSets();
+    const std::string_view first = setName.empty() ? kActive1 : setName;
+    if (std::none_of(sets.begin(), sets.end(), [&](const ShippedSet& set) { return set.name == first; })) {
+        return shippedConfiguration();
     }
-    return xml + "</tarvoConfig>\n";
+    return configurationOf([&](std::string_view name) { return name == first || name == kActive2; });
 }
 
 std::string_view tarvoDtd() {

@@ -114,12 +114,13 @@ DataFileSaveCsv::DataFileSaveCsv(const std::string& fileName, std::ostream& stre
         {v, "%.2f"},
         {ascent, "%.2f"},
     }};
+    std::string line;
     for (int i = firstDataIsPrelaunch ? 1 : 0; i < n; ++i) {
-        _stream << "Data," << csvFormat("%.1f", time[i], "");
+        line = "Data," + csvFormat("%.1f", time[i], "");
         for (const DataField& field : fields) {
-            _stream << csvFormat(field.format, field.column == nullptr ? kMissing : field.column[i], ",");
+            line += csvFormat(field.format, field.column == nullptr ? kMissing : field.column[i], ",");
         }
-        _stream << "\n";
+        _stream << line << "\n";
     }
 }
 

@@ -15,5 +15,5 @@ double GivenColumns::at(ProductColumns::Column quantity, int row) const {
 
 void appendField(std::string& line, const FixedField& field, const GivenColumns& columns, int row) {
     const double value = columns.at(field.quantity, row);
-    line += stringFormat(field.format, value == kMissing ? field.missing : value);
+    appendFormat(line, field.format, value == kMissing ? field.missing : value);
 }

@@ -20,9 +20,12 @@ std::string trimLeftWord(const std::string& s);
 /// Lower-cases \p s in place, byte by byte; bytes above 127 stay.
 void lowerize(std::string& s);
 
-/// The text of one number through the printf-style \p format, which must hold exactly one conversion for its type.
+/// The text of one number through the printf-style \p format, which must hold exactly one conversion for its type. The
+/// decimal point is a point, whatever the locale.
 std::string stringFormat(const char* format, double value);
 std::string stringFormat(const char* format, int value);
+/// Appends stringFormat() to \p text.
+void appendFormat(std::string& text, const char* format, double value);
 
 /// The tokens of \p s between any of the characters in \p delimiters, each through trimBoth(). Empty tokens are kept
 /// ("a,,b" is "a", "", "b"), but a delimiter at the very end adds none ("a," is "a"), and an empty \p s has none.

@@ -3,6 +3,7 @@
 #include "Missing.h"
 
 #include <algorithm>
+#include <iterator>
 
 void DataArray::addSeries(const Series* series) {
     const auto column = static_cast<std::int32_t>(_columns.size());
@@ -19,30 +20,31 @@ void DataArray::generate() {
     _matrix.clear();
     _nRows = 0;
 
-    std::vector<ValueId> merged;
-    for (const auto& column : _columns) {
-        merged.insert(merged.end(), column.begin(), column.end());
-    }
-    if (merged.empty()) {
-        return;
-    }
-    // Stable, so that of equal times in one column the last one stands.
-    std::stable_sort(merged.begin(), merged.end());
-
-    _nRows = 1;
-    for (std::size_t i = 1; i < merged.size(); ++i) {
-        _nRows += merged[i].time() != merged[i - 1].time() ? 1 : 0;
-    }
-    _matrix.assign(_columns.size() * static_cast<std::size_t>(_nRows), kMissing);
-
-    std::size_t row = 0;
-    for (std::size_t i = 0; i < merged.size(); ++i) {
-        if (i > 0 && merged[i].time() != merged[i - 1].time()) {
-            ++row;
+    std::vector<double> times;
+    std::vector<double> united;
+    for (auto& column : _columns) {
+        // Stable, so that of equal times in one column the last one stands.
+        if (!std::is_sorted(column.begin(), column.end())) {
+            std::stable_sort(column.begin(), column.end());
         }
-        _matrix[static_cast<std::size_t>(merged[i].id()) * static_cast<std::size_t>(_nRows) + row] = merged[i].data();
-        if (row == 0 && merged[i].isObservation()) {
-            _firstDataIsPrelaunch = true;
+        std::vector<double> own(column.size());
+        std::transform(column.begin(), column.end(), own.begin(), [](const Value& value) { return value.time(); });
+        united.clear();
+        std::set_union(times.begin(), times.end(), own.begin(), own.end(), std::back_inserter(united));
+        times.swap(united);
+    }
+    times.erase(std::unique(times.begin(), times.end()), times.end());
+    _nRows = static_cast<int>(times.size());
+    _matrix.assign(_columns.size() * times.size(), kMissing);
+    for (std::size_t i = 0; i < _columns.size(); ++i) {
+        double* const values = _matrix.data() + i * times.size();
+        std::size_t row = 0;
+        for (const Value& value : _columns[i]) {
+            while (times[row] < value.time()) {
+                ++row;
+            }
+            values[row] = value.data();
+            _firstDataIsPrelaunch = _firstDataIsPrelaunch || (row == 0 && value.isObservation());
         }
     }
 }
