@@ -1,17 +1,21 @@
 #include "WorkerPool.h"
 
 #include "AtomicFile.h"
+#include "ConfigSet.h"
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <chrono>
 #include <csignal>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <malloc.h>
 #include <poll.h>
+#include <string_view>
 #include <sys/prctl.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -76,45 +80,98 @@ private:
     sigset_t _maskBefore{};
 };
 
-void writeAll(int fd, const std::string& text) {
-    for (std::size_t done = 0; done < text.size();) {
-        const ssize_t n = write(fd, text.data() + done, text.size() - done);
+using Length = std::uint64_t; // ahead of each message
+
+/// False when the other end is gone. Never raises SIGPIPE, which would stop the run.
+bool sendAll(int socket, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t n = send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL);
         if (n < 0 && errno != EINTR) {
-            return;
+            return false;
         }
-        done += n > 0 ? static_cast<std::size_t>(n) : 0;
+        bytes.remove_prefix(n > 0 ? static_cast<std::size_t>(n) : 0);
+    }
+    return true;
+}
+
+std::string_view bytesOf(const Length& number) {
+    return {reinterpret_cast<const char*>(&number), sizeof number};
+}
+
+/// Gives the store back what a file changed in it: the next one begins as this one did.
+void takeBack(const ConfigSet& before, const ConfigSet& after) {
+    for (const auto& [id, item] : before) {
+        ConfigItem* changed = after[id];
+        if (changed != nullptr) {
+            item->isNumeric() ? changed->set(item->value()) : changed->set(item->text());
+        }
     }
 }
 
 } // namespace
 
 struct WorkerPool::Worker {
+    static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+
     pid_t pid;
-    int pipe;
-    std::size_t index;
-    Clock::time_point start;
-    std::string received;
+    int socket;
+    std::size_t known;         ///< how many jobs there were when it was made
+    std::size_t index = kNone; ///< of the job that it works at
+    int served = 0;
+    Clock::time_point start{};
+    std::string received{};
     bool closed = false;
     bool timedOut = false;
 
+    bool idle() const { return index == kNone; }
     double seconds() const { return std::chrono::duration<double>(Clock::now() - start).count(); }
 
+    /// Gives it a job. False when it is gone.
+    bool take(std::size_t job) {
+        if (!sendAll(socket, bytesOf(job))) {
+            return false;
+        }
+        index = job;
+        start = Clock::now();
+        ++served;
+        return true;
+    }
     /// Takes what the worker has written; notes when it has closed its end.
     void receive() {
         std::array<char, 65536> buffer;
-        const ssize_t n = read(pipe, buffer.data(), buffer.size());
+        const ssize_t n = recv(socket, buffer.data(), buffer.size(), 0);
         if (n > 0) {
             received.append(buffer.data(), static_cast<std::size_t>(n));
         } else if (n == 0 || errno != EINTR) {
             closed = true;
         }
     }
+    /// The report of its job once it is there whole.
+    bool takeReport(FileReport& report) {
+        Length length = 0;
+        if (received.size() < sizeof length) {
+            return false;
+        }
+        std::memcpy(&length, received.data(), sizeof length);
+        if (received.size() - sizeof length < length || !unpackReport(received.substr(sizeof length, length), report)) {
+            return false;
+        }
+        received.erase(0, sizeof length + length);
+        return true;
+    }
+    /// Sends it home, and waits until it has gone.
+    int dismiss() {
+        close(socket);
+        int status = 0;
+        while (waitpid(pid, &status, 0) < 0 && errno == EINTR) {
+        }
+        return status;
+    }
 };
 
-bool WorkerPool::start(const std::vector<BatchJob>& jobs, std::size_t index, std::vector<Worker>& workers,
-                       const std::function<void()>& inWorker) {
+bool WorkerPool::start(const std::vector<BatchJob>& jobs, Workers& workers, const std::function<void()>& inWorker) {
     std::array<int, 2> ends{};
-    if (pipe(ends.data()) != 0) {
+    if (socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()) != 0) {
         return false;
     }
     std::fflush(nullptr); // or the worker would have a copy of what is still to be printed
@@ -130,29 +187,55 @@ bool WorkerPool::start(const std::vector<BatchJob>& jobs, std::size_t index, std
         prctl(PR_SET_PDEATHSIG, SIGKILL);
         close(ends[0]);
         for (const Worker& other : workers) {
-            close(other.pipe);
+            close(other.socket);
         }
         if (getppid() == parent) {
-            ConfigSet& config = jobs[index].config != nullptr ? *jobs[index].config : _config;
-            writeAll(ends[1], packReport(runBatchJob(jobs[index], config, _database)));
+            serve(jobs, ends[1]);
         }
         _exit(0);
     }
     close(ends[1]);
-    workers.push_back({pid, ends[0], index, Clock::now(), {}});
+    workers.push_back({pid, ends[0], jobs.size()});
     return true;
 }
 
-/// Waits for the end of a worker that has closed its pipe or was killed, and makes its report.
-FileReport WorkerPool::finish(const BatchJob& job, Worker& worker) const {
-    int status = 0;
-    while (waitpid(worker.pid, &status, 0) < 0 && errno == EINTR) {
+/// The life of a worker: the number of a job comes in, its report goes out, until the parent closes its end.
+void WorkerPool::serve(const std::vector<BatchJob>& jobs, int socket) {
+    Length index = 0;
+    while (recv(socket, &index, sizeof index, MSG_WAITALL) == static_cast<ssize_t>(sizeof index)) {
+        const BatchJob& job = jobs[index];
+        const ConfigSet& config = job.config != nullptr ? *job.config : _config;
+        const auto own = config.copy();
+        const std::string report = packReport(runBatchJob(job, *own, _database));
+        takeBack(config, *own);
+        if (!sendAll(socket, bytesOf(report.size())) || !sendAll(socket, report)) {
+            break;
+        }
     }
-    close(worker.pipe);
-    FileReport report;
-    if (!worker.timedOut && WIFEXITED(status) && WEXITSTATUS(status) == 0 && unpackReport(worker.received, report)) {
-        return report;
+    _exit(0);
+}
+
+/// Gives the job to a worker without one. False, with the reason in errno, when none can be had.
+bool WorkerPool::assign(const std::vector<BatchJob>& jobs, std::size_t index, Workers& workers,
+                        const std::function<void()>& inWorker) {
+    constexpr int kMost = 200; // files for one process: whatever it may have lost of its memory comes back
+    for (auto worker = workers.begin(); worker != workers.end();) {
+        if (!worker->idle()) {
+            ++worker;
+            continue;
+        }
+        if (worker->known > index && worker->served < kMost && worker->take(index)) {
+            return true;
+        }
+        worker->dismiss();
+        worker = workers.erase(worker);
     }
+    return start(jobs, workers, inWorker) && workers.back().take(index);
+}
+
+/// Waits for the end of a worker that was lost over its job, and makes the report of that.
+FileReport WorkerPool::loss(const BatchJob& job, Worker& worker) const {
+    const int status = worker.dismiss();
     for (const BatchJob::Product& product : job.products) {
         std::remove(AtomicFile::temporaryName(product.path, worker.pid).c_str());
     }
@@ -162,9 +245,31 @@ FileReport WorkerPool::finish(const BatchJob& job, Worker& worker) const {
     } else if (WIFSIGNALED(status)) {
         reason = std::string("The process of this file crashed: ") + strsignal(WTERMSIG(status));
     }
-    report = FileReport::failure(job.input, reason);
+    FileReport report = FileReport::failure(job.input, reason);
     report.seconds = worker.seconds();
     return report;
+}
+
+/// Passes on what the workers have to say, and drops those that are lost.
+void WorkerPool::hear(const std::vector<BatchJob>& jobs, Workers& workers, const Listener& listener) {
+    for (auto worker = workers.begin(); worker != workers.end();) {
+        FileReport report;
+        if (!worker->idle() && !worker->timedOut && worker->takeReport(report)) {
+            const std::size_t index = worker->index;
+            worker->index = Worker::kNone;
+            listener(index, report);
+        }
+        if (!worker->closed && !worker->timedOut) {
+            ++worker;
+            continue;
+        }
+        if (worker->idle()) {
+            worker->dismiss();
+        } else {
+            listener(worker->index, loss(jobs[worker->index], *worker));
+        }
+        worker = workers.erase(worker);
+    }
 }
 
 int WorkerPool::run(const std::vector<BatchJob>& jobs, const Listener& listener, std::size_t first) {
@@ -172,11 +277,15 @@ int WorkerPool::run(const std::vector<BatchJob>& jobs, const Listener& listener,
     // whole heap of a long list in doing so.
     malloc_trim(0);
     const StopSignals signals;
-    std::vector<Worker> workers;
+    const auto inWorker = [&] { signals.restoreDefaults(); };
+    Workers workers;
+    const auto atWork = [&] {
+        return std::count_if(workers.begin(), workers.end(), [](const Worker& worker) { return !worker.idle(); });
+    };
     std::size_t next = first;
-    while (stopSignal == 0 && (next < jobs.size() || !workers.empty())) {
+    while (stopSignal == 0 && (next < jobs.size() || atWork() > 0)) {
         bool looksOn = false; // without waiting for a worker, but with an eye on the signals
-        while (!looksOn && next < jobs.size() && workers.size() < static_cast<std::size_t>(_limits.jobs)) {
+        while (!looksOn && next < jobs.size() && atWork() < _limits.jobs) {
             const BatchJob& job = jobs[next];
             if (!job.refusal.empty()) {
                 listener(next, FileReport::failure(job.input, job.refusal));
@@ -187,9 +296,9 @@ int WorkerPool::run(const std::vector<BatchJob>& jobs, const Listener& listener,
                 report.failed = false;
                 listener(next, report);
                 looksOn = true;
-            } else if (!start(jobs, next, workers, [&] { signals.restoreDefaults(); })) {
+            } else if (!assign(jobs, next, workers, inWorker)) {
                 const std::string reason = std::strerror(errno);
-                if (!workers.empty()) {
+                if (atWork() > 0) {
                     break; // out of processes for now: one that ends makes room
                 }
                 listener(next, FileReport::failure(job.input, "No process can be started: " + reason));
@@ -197,10 +306,10 @@ int WorkerPool::run(const std::vector<BatchJob>& jobs, const Listener& listener,
             ++next;
         }
         std::vector<pollfd> polled;
-        double wait = looksOn || workers.empty() ? 0.0 : _limits.timeout;
+        double wait = looksOn || atWork() == 0 ? 0.0 : _limits.timeout;
         for (const Worker& worker : workers) {
-            polled.push_back({worker.pipe, POLLIN, 0});
-            wait = std::min(wait, _limits.timeout - worker.seconds());
+            polled.push_back({worker.socket, POLLIN, 0});
+            wait = worker.idle() ? wait : std::min(wait, _limits.timeout - worker.seconds());
         }
         if (signals.poll(polled, wait) < 0) {
             continue;
@@ -209,23 +318,20 @@ int WorkerPool::run(const std::vector<BatchJob>& jobs, const Listener& listener,
             if (polled[i].revents != 0) {
                 workers[i].receive();
             }
-            if (!workers[i].closed && workers[i].seconds() >= _limits.timeout) {
+            if (!workers[i].idle() && !workers[i].closed && workers[i].seconds() >= _limits.timeout) {
                 kill(workers[i].pid, SIGKILL);
                 workers[i].timedOut = true;
             }
         }
-        for (auto worker = workers.begin(); worker != workers.end();) {
-            if (worker->closed || worker->timedOut) {
-                listener(worker->index, finish(jobs[worker->index], *worker));
-                worker = workers.erase(worker);
-            } else {
-                ++worker;
-            }
-        }
+        hear(jobs, workers, listener);
     }
     for (Worker& worker : workers) {
-        kill(worker.pid, SIGKILL);
-        finish(jobs[worker.index], worker);
+        if (worker.idle()) {
+            worker.dismiss();
+        } else {
+            kill(worker.pid, SIGKILL);
+            loss(jobs[worker.index], worker);
+        }
     }
     return stopSignal;
 }

@@ -9,7 +9,9 @@
 
 class ConfigSet;
 
-/// Runs batch jobs, each in a process of its own, so that a crash or a hang costs one file.
+/// Runs batch jobs in processes of their own, so that a crash or a hang costs one file. A process takes one file after
+/// the other, each with the configuration as the run began with it: starting one for every file would cost as much as
+/// reading the file.
 class WorkerPool {
 public:
     struct Limits {
@@ -34,9 +36,14 @@ public:
 private:
     struct Worker;
 
-    bool start(const std::vector<BatchJob>& jobs, std::size_t index, std::vector<Worker>& workers,
-               const std::function<void()>& inWorker);
-    FileReport finish(const BatchJob& job, Worker& worker) const;
+    using Workers = std::vector<Worker>;
+
+    bool start(const std::vector<BatchJob>& jobs, Workers& workers, const std::function<void()>& inWorker);
+    [[noreturn]] void serve(const std::vector<BatchJob>& jobs, int socket);
+    bool assign(const std::vector<BatchJob>& jobs, std::size_t index, Workers& workers,
+                const std::function<void()>& inWorker);
+    void hear(const std::vector<BatchJob>& jobs, Workers& workers, const Listener& listener);
+    FileReport loss(const BatchJob& job, Worker& worker) const;
 
     Limits _limits;
     ConfigSet& _config;

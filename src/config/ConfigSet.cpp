@@ -4,6 +4,14 @@
 
 ConfigSet::ConfigSet(Registry* registry) : _registry(registry) {}
 
+std::unique_ptr<ConfigSet> ConfigSet::copy() const {
+    auto other = std::make_unique<ConfigSet>(_registry);
+    for (const auto& [id, item] : _items) {
+        other->_items.emplace_hint(other->_items.end(), id, std::make_unique<ConfigItem>(*item));
+    }
+    return other;
+}
+
 template <typename Value>
 void ConfigSet::addItem(const std::string& key, const Value& value, bool regGet, bool immediate, bool outputAttribute) {
     _items[Id(key)] = std::make_unique<ConfigItem>(key, *_registry, value, regGet, immediate, outputAttribute);

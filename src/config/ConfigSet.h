@@ -20,6 +20,9 @@ public:
     ConfigSet& operator=(const ConfigSet&) = delete;
     virtual ~ConfigSet() = default;
 
+    /// A set of the same items over the same store.
+    std::unique_ptr<ConfigSet> copy() const;
+
     /// Registers an item, in place of one that is there under the key.
     void add(const std::string& key, double value, bool regGet, bool immediate, bool outputAttribute);
     void add(const std::string& key, const std::string& value, bool regGet, bool immediate, bool outputAttribute);

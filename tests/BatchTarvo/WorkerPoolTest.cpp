@@ -20,13 +20,13 @@ using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-bool writeNote(EditorControl&, const ConfigSet&, const std::string& path) {
+bool writeNote(AnalysedSounding&, const std::string& path) {
     AtomicFile file(path);
     file.stream() << "written";
     return file.commit();
 }
 
-bool crash(EditorControl&, const ConfigSet&, const std::string& path) {
+bool crash(AnalysedSounding&, const std::string& path) {
     AtomicFile file(path);
     file.stream() << "half" << std::flush;
     std::signal(SIGABRT, SIG_DFL);
@@ -34,14 +34,14 @@ bool crash(EditorControl&, const ConfigSet&, const std::string& path) {
     return true;
 }
 
-bool hang(EditorControl&, const ConfigSet&, const std::string& path) {
+bool hang(AnalysedSounding&, const std::string& path) {
     AtomicFile file(path);
     file.stream() << "half" << std::flush;
     std::this_thread::sleep_for(1h);
     return true;
 }
 
-bool fail(EditorControl&, const ConfigSet&, const std::string&) {
+bool fail(AnalysedSounding&, const std::string&) {
     return false;
 }
 
@@ -94,6 +94,17 @@ TEST(WorkerPool, ACrashOrAFailureCostsOneFile) {
     EXPECT_EQ(batch.reports[4].type, "Ombra");
     EXPECT_THAT(batch.reports[4].products, ElementsAre((batch.folder / "dropNote.txt").string()));
     EXPECT_EQ(batch.folder.size(), 2) << "the input and one product";
+}
+
+TEST(WorkerPool, ManyFilesAndACrashAmongThem) {
+    Batch batch;
+    std::vector<BatchJob> jobs(450, batch.job(kWrites)); // more than one process takes
+    jobs[123] = batch.job(kCrashes);
+    EXPECT_EQ(batch.run(jobs), 0);
+    for (std::size_t i = 0; i < jobs.size(); ++i) {
+        ASSERT_EQ(batch.reports[i].failed, i == 123) << i << " " << batch.reports[i].error;
+    }
+    EXPECT_EQ(batch.folder.size(), 2);
 }
 
 TEST(WorkerPool, AHangEndsWithItsTime) {
