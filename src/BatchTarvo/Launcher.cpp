@@ -5,6 +5,7 @@
 #include "BatchOptions.h"
 
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <iostream>
@@ -44,6 +45,8 @@ int main(int argc, char** argv) {
             return status;
         }
     }
+    // A long sounding touches some ten thousand pages of the heap, and each costs a fault unless they are large ones.
+    setenv("GLIBC_TUNABLES", "glibc.malloc.hugetlb=1", 0);
     const std::string program = engine().string();
     execv(program.c_str(), argv);
     std::cerr << "tarvo-batch: " << program << " can't be started: " << std::strerror(errno) << "\n";

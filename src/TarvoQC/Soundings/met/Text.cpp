@@ -35,9 +35,9 @@ struct FixedFormat {
 FixedFormat readFixedFormat(std::string_view format) {
     FixedFormat read;
     const auto isDigit = [&](std::size_t at) { return at < format.size() && format[at] >= '0' && format[at] <= '9'; };
-    const auto percent = format.find('%');
-    if (percent == std::string_view::npos || format.find('%', percent + 1) != std::string_view::npos) {
-        return read;
+    std::size_t percent = 0;
+    while (percent < format.size() && format[percent] != '%') {
+        ++percent;
     }
     std::size_t at = percent + 1;
     read.zeros = isDigit(at) && format[at] == '0';
@@ -45,9 +45,10 @@ FixedFormat readFixedFormat(std::string_view format) {
         read.width = read.width * 10 + static_cast<std::size_t>(format[at] - '0');
     }
     if (format.substr(at, 1) == "." && isDigit(at + 1) && format.substr(at + 2, 1) == "f") {
-        read.decimals = format[at + 1] - '0';
         read.ahead = format.substr(0, percent);
         read.behind = format.substr(at + 3);
+        const bool hasPercent = std::any_of(read.behind.begin(), read.behind.end(), [](char c) { return c == '%'; });
+        read.decimals = hasPercent ? -1 : format[at + 1] - '0';
     }
     return read;
 }
