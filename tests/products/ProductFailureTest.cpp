@@ -4,14 +4,13 @@
 #include "ProductColumns.h"
 #include "SndMetaData.h"
 
+#include "FullDisk.h"
 #include "MadeAnalysis.h"
 #include "TemporaryFolder.h"
 
-#include <csignal>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <iostream>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -20,26 +19,6 @@ namespace {
 namespace fs = std::filesystem;
 
 const char* const kExtensions[] = {".trv", ".nc", ".csv", ".zor", ".frd", ".bfr"};
-
-/// As if the disk were full behind so many bytes of a file.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t bytes) : _handler(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &_before);
-        const rlimit limit{bytes, _before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-    ~FullDisk() {
-        setrlimit(RLIMIT_FSIZE, &_before);
-        std::signal(SIGXFSZ, _handler);
-    }
-
-private:
-    void (*_handler)(int);
-    rlimit _before{};
-};
 
 class ProductFailure : public testing::Test {
 protected:

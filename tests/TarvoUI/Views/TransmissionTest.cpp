@@ -1,6 +1,7 @@
 // A message goes over a line: Kermit of Debian on a pair of pseudo-terminals, with a receiver that isn't ours.
 
 #include "CommView.h"
+#include "FullDisk.h"
 #include "OpenedSounding.h"
 #include "TemporaryFolder.h"
 #include "WMO.h"
@@ -12,10 +13,8 @@
 #include <QPushButton>
 #include <QStandardPaths>
 #include <QtTest/QtTest>
-#include <csignal>
 #include <filesystem>
 #include <gmock/gmock.h>
-#include <sys/resource.h>
 
 namespace {
 
@@ -159,19 +158,14 @@ TEST_F(Transmission, FailuresAreTold) {
     EXPECT_THAT(temporaryFiles(), IsEmpty());
 }
 
-/// The limit of a file's size stands for a disk that is full.
 TEST_F(Transmission, AFullDisk) {
     writeFile(folder / "ok", "#!/bin/sh\nexit 0\n");
     fs::permissions(folder / "ok", fs::perms::owner_all);
     open(path("ok"), "com1");
-    rlimit before{};
-    getrlimit(RLIMIT_FSIZE, &before);
-    const rlimit full{0, before.rlim_max};
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    setrlimit(RLIMIT_FSIZE, &full);
-    press("_sendMsg");
-    setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, handler);
+    {
+        const FullDisk disk(0);
+        press("_sendMsg");
+    }
     EXPECT_EQ(box(), "Cannot create temporary file to hold the WMO message.");
     EXPECT_THAT(temporaryFiles(), IsEmpty());
 }
