@@ -37,6 +37,8 @@ public:
         return all;
     }
     void forget() { _boxes.clear(); }
+    /// Hears of each box, ahead of its answer.
+    void onBox(std::function<void(const Box&)> listener) { _onBox = std::move(listener); }
 
     /// The button for boxes of a title; Ok otherwise.
     void press(const std::string& title, QMessageBox::StandardButton button) { _buttons[title] = button; }
@@ -51,6 +53,9 @@ private:
         if (auto* box = qobject_cast<QMessageBox*>(modal)) {
             const std::string title = box->windowTitle().toStdString();
             _boxes.push_back({title, box->text().toStdString(), box->icon()});
+            if (_onBox) {
+                _onBox(_boxes.back());
+            }
             const auto button = _buttons.find(title);
             QAbstractButton* pressed = box->button(button == _buttons.end() ? QMessageBox::Ok : button->second);
             pressed != nullptr ? pressed->click() : box->reject();
@@ -62,6 +67,7 @@ private:
 
     QTimer _timer;
     std::vector<Box> _boxes;
+    std::function<void(const Box&)> _onBox;
     std::map<std::string, QMessageBox::StandardButton> _buttons;
     std::map<std::string, std::function<void(QDialog&)>> _operations;
 };

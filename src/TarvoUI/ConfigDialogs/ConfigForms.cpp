@@ -1,5 +1,17 @@
 #include "ConfigForms.h"
 
+#include <utility>
+
+namespace {
+
+OptionField choice(const char* group, const char* label, const char* key, std::vector<const char*> choices) {
+    OptionField field{group, label, key, OptionField::Choice};
+    field.choices = std::move(choices);
+    return field;
+}
+
+} // namespace
+
 namespace config_forms {
 
 const std::vector<OptionField>& qualityControl() {
@@ -90,16 +102,7 @@ const std::vector<OptionField>& qualityControl() {
 
 const std::vector<OptionField>& processing() {
     static const std::vector<OptionField> fields{
-        {"QC Processing",
-         "",
-         "DoQC",
-         OptionField::Choice,
-         0.0,
-         0.0,
-         nullptr,
-         nullptr,
-         nullptr,
-         {"None", "Normal", "Pass through", "TD dry bias only"}},
+        choice("QC Processing", "", "DoQC", {"None", "Normal", "Pass through", "TD dry bias only"}),
         {"QC Processing", "Levels", "DoLevels", OptionField::Flag},
         {"QC Processing", "WMO message", "DoWMO", OptionField::Flag},
         {"QC Processing", "Use ignored launch values", "UseIgnoredLaunch", OptionField::Flag},
@@ -118,16 +121,7 @@ const std::vector<OptionField>& processing() {
          "wind direction level difference"},
         {"Significant Levels", "Tropopause smoothing (m)", "TropSmoothWL", OptionField::Double, 1.0, 1000.0,
          "tropopause smoothing wavelength"},
-        {"Sonde",
-         "RH channel",
-         "RHchoice",
-         OptionField::Choice,
-         0.0,
-         0.0,
-         nullptr,
-         nullptr,
-         nullptr,
-         {"OMBRA Selected", "Channel 1", "Channel 2"}},
+        choice("Sonde", "RH channel", "RHchoice", {"OMBRA Selected", "Channel 1", "Channel 2"}),
         {"Sonde", "Mass (g)", "DropSondeMass", OptionField::Double, 1.0, 10000.0, "dropsonde mass"},
         {"Sonde", "Parachute area (cm^2)", "ChuteArea", OptionField::Double, 1.0, 1000000.0, "parachute area"},
         {"Sonde", "Drag coefficient", "DragCoef", OptionField::Double, 0.0, 1.0, "drag coefficient"},
@@ -160,16 +154,7 @@ const std::vector<OptionField>& processing() {
 
 const std::vector<OptionField>& wmo() {
     static const std::vector<OptionField> fields{
-        {"TEMP Message",
-         "",
-         "TempMsgType",
-         OptionField::Choice,
-         0.0,
-         0.0,
-         nullptr,
-         nullptr,
-         nullptr,
-         {"TEMP", "SHIP", "MOBIL"}},
+        choice("TEMP Message", "", "TempMsgType", {"TEMP", "SHIP", "MOBIL"}),
         {"TEMP Message", "Block station number", "BSN", OptionField::Pattern, 0.0, 0.0, "block station number",
          "[a-zA-Z0-9]{,5}", "99999; "},
         {"TEMP Message", "Call sign", "CallSign", OptionField::Pattern, 0.0, 0.0, "call sign", "[a-zA-Z0-9]{,5}",

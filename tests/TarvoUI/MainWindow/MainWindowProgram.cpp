@@ -1,8 +1,7 @@
 // Starts the main window in the home of the environment and ends when it is shown. Each box and the question for a
 // path, answered by their defaults, and the window become a line of JSON on standard output.
 
-#include "FilePathDialog.h"
-#include "MessageBoxes.h"
+#include "ModalAnswers.h"
 #include "TarvoMainWindow.h"
 
 #include <QJsonDocument>
@@ -22,15 +21,13 @@ void say(const QString& title, const QString& text) {
 
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
-    const MessageBoxes boxes([](const SeenBox& box) { say(box.title, box.text); });
-    QTimer paths;
-    QObject::connect(&paths, &QTimer::timeout, [] {
-        if (auto* dialog = qobject_cast<FilePathDialog*>(QApplication::activeModalWidget())) {
-            say(dialog->windowTitle(), "asked");
-            dialog->accept();
-        }
+    ModalAnswers answers;
+    answers.onBox(
+        [](const ModalAnswers::Box& box) { say(QString::fromStdString(box.title), QString::fromStdString(box.text)); });
+    answers.operate("Tarvo - Browse for Sounding Database", [](QDialog& dialog) {
+        say(dialog.windowTitle(), "asked");
+        dialog.accept();
     });
-    paths.start(1);
     TarvoMainWindow window;
     window.show();
     QTimer::singleShot(0, [&window] {

@@ -1,6 +1,5 @@
 // The program from its start, in a process of its own.
 
-#include "MessageBoxes.h"
 #include "TemporaryFolder.h"
 
 #include <QJsonDocument>

@@ -1,6 +1,6 @@
 #include "FileManager.h"
 
-#include "MessageBoxes.h"
+#include "ModalAnswers.h"
 #include "QtText.h"
 #include "StartedProgram.h"
 #include "TemporaryFolder.h"
@@ -23,7 +23,7 @@ protected:
     TemporaryFolder _folder;
     fs::path _resource = _folder / "resource.txt";
     fs::path _user = _folder / "mine.v1.txt";
-    MessageBoxes _boxes;
+    ModalAnswers _answers;
 };
 
 /// A manager of the file of a user.
@@ -36,13 +36,13 @@ TEST_F(FileManagerTest, ExistingFileIsLeftAlone) {
     writeFile(_user, "mine");
     Managed(_user, _resource).checkExistence(true);
     EXPECT_EQ(readFile(_user), "mine");
-    EXPECT_TRUE(_boxes.seen().empty());
+    EXPECT_TRUE(_answers.boxes().empty());
 }
 
 TEST_F(FileManagerTest, MissingFileIsCopiedWithoutWordWhenToldSo) {
     Managed(_user, _resource).checkExistence(false);
     EXPECT_EQ(readFile(_user), "ours");
-    EXPECT_TRUE(_boxes.seen().empty());
+    EXPECT_TRUE(_answers.boxes().empty());
 }
 
 TEST_F(FileManagerTest, BackupNameGetsItsVersionBeforeTheLastExtension) {
@@ -69,30 +69,30 @@ TEST_F(FileManagerTest, UpdateGoesBySizeAlone) {
     writeFile(_user, "mine"); // as long as "ours"
     Managed(_user, _resource).updateFile();
     EXPECT_EQ(readFile(_user), "mine");
-    EXPECT_TRUE(_boxes.seen().empty());
+    EXPECT_TRUE(_answers.boxes().empty());
 
     writeFile(_user, "mine, longer");
     Managed(_user, _resource).updateFile();
     EXPECT_EQ(readFile(_user), "ours");
-    ASSERT_EQ(_boxes.seen().size(), 1U);
-    EXPECT_EQ(_boxes.seen()[0].title, "Tarvo File Update");
-    EXPECT_EQ(_boxes.seen()[0].text, "Your mine.v1.txt appears to be out of date. Tarvo will update it.");
+    ASSERT_EQ(_answers.boxes().size(), 1U);
+    EXPECT_EQ(_answers.boxes()[0].title, "Tarvo File Update");
+    EXPECT_EQ(_answers.boxes()[0].text, "Your mine.v1.txt appears to be out of date. Tarvo will update it.");
 }
 
 TEST_F(FileManagerTest, UpdateMakesAMissingFileEvenOfAnEmptyResource) {
     writeFile(_resource, "");
     Managed(_user, _resource).updateFile();
     EXPECT_TRUE(fs::exists(_user));
-    EXPECT_EQ(_boxes.seen().size(), 1U);
+    EXPECT_EQ(_answers.boxes().size(), 1U);
 }
 
 TEST_F(FileManagerTest, UpdateWithoutResourceWarnsAndKeepsTheFile) {
     writeFile(_user, "mine");
     Managed(_user, ":nothing.txt").updateFile();
     EXPECT_EQ(readFile(_user), "mine");
-    ASSERT_EQ(_boxes.seen().size(), 1U);
-    EXPECT_EQ(_boxes.seen()[0].title, "Tarvo File Update");
-    EXPECT_EQ(_boxes.seen()[0].text, "Unable to access the resource :nothing.txt");
+    ASSERT_EQ(_answers.boxes().size(), 1U);
+    EXPECT_EQ(_answers.boxes()[0].title, "Tarvo File Update");
+    EXPECT_EQ(_answers.boxes()[0].text, "Unable to access the resource :nothing.txt");
 }
 
 TEST_F(FileManagerTest, CopyMakesOneFolderAndIsWritable) {

@@ -141,7 +141,7 @@ TEST(InitTarvoFiles, BackupNameHasTheShortNumberAndTheBoxTwoDecimals) {
     const StartedProgram run(home.path());
     EXPECT_TRUE(fs::exists(home.files() / "tarvo_2.xml"));
     ASSERT_EQ(run.boxes().size(), 1U);
-    EXPECT_THAT(run.boxes()[0].text.toStdString(), HasSubstr("renamed as \"tarvo_2.00.xml\"."));
+    EXPECT_THAT(run.boxes()[0].text, HasSubstr("renamed as \"tarvo_2.00.xml\"."));
 }
 
 TEST(InitTarvoFiles, ConfigurationWithoutVersionCountsAsMinusOne) {
@@ -149,7 +149,7 @@ TEST(InitTarvoFiles, ConfigurationWithoutVersionCountsAsMinusOne) {
     writeFile(home.configuration(), "<mine/>\n");
     const StartedProgram run(home.path());
     ASSERT_EQ(run.boxes().size(), 1U);
-    EXPECT_THAT(run.boxes()[0].text.toStdString(), HasSubstr("an older version of -1.00. "));
+    EXPECT_THAT(run.boxes()[0].text, HasSubstr("an older version of -1.00. "));
     EXPECT_EQ(readFile(home.files() / "tarvo_-1.xml"), "<mine/>\n");
     EXPECT_EQ(readFile(home.configuration()), shippedConfiguration());
 }
@@ -210,7 +210,7 @@ TEST(InitTarvoFiles, HomeThatTakesNoFilesEndsTheProgramWithTheText) {
     const StartedProgram run(home.path());
     EXPECT_EQ(run.exitStatus(), 1);
     ASSERT_EQ(run.boxes().size(), 2U);
-    EXPECT_THAT(run.boxes()[1].text.toStdString(),
+    EXPECT_THAT(run.boxes()[1].text,
                 HasSubstr("unable to create the directory " + home.path().string() + "/.config/Tarvo for :tarvo.xml."));
     EXPECT_EQ(readFile(home / ".config"), "in the way");
 }

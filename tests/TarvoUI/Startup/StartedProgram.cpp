@@ -22,16 +22,16 @@ StartedProgram::StartedProgram(const std::filesystem::path& home, const QStringL
     for (const QByteArray& line : program.readAllStandardOutput().split('\n')) {
         const QJsonObject box = QJsonDocument::fromJson(line).object();
         if (!box.isEmpty()) {
-            _boxes.push_back(
-                {box["title"].toString(), box["text"].toString(), static_cast<QMessageBox::Icon>(box["icon"].toInt())});
+            _boxes.push_back({box["title"].toString().toStdString(), box["text"].toString().toStdString(),
+                              static_cast<QMessageBox::Icon>(box["icon"].toInt())});
         }
     }
 }
 
 QStringList StartedProgram::boxTexts() const {
     QStringList texts;
-    for (const SeenBox& box : _boxes) {
-        texts.append(box.text);
+    for (const ModalAnswers::Box& box : _boxes) {
+        texts.append(QString::fromStdString(box.text));
     }
     return texts;
 }

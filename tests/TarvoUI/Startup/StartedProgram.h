@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MessageBoxes.h"
+#include "ModalAnswers.h"
 
 #include <QStringList>
 
@@ -16,10 +16,10 @@ public:
 
     /// -1 when the program crashed or hung.
     int exitStatus() const { return _exitStatus; }
-    const std::vector<SeenBox>& boxes() const { return _boxes; }
+    const std::vector<ModalAnswers::Box>& boxes() const { return _boxes; }
     QStringList boxTexts() const;
 
 private:
     int _exitStatus = -1;
-    std::vector<SeenBox> _boxes;
+    std::vector<ModalAnswers::Box> _boxes;
 };

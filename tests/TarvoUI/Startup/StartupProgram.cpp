@@ -2,7 +2,7 @@
 // JSON on standard output. With two arguments it only copies the first to the second.
 
 #include "InitTarvoFiles.h"
-#include "MessageBoxes.h"
+#include "ModalAnswers.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -12,8 +12,11 @@
 
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
-    const MessageBoxes boxes([](const SeenBox& box) {
-        const QJsonObject line{{"title", box.title}, {"text", box.text}, {"icon", box.icon}};
+    ModalAnswers answers;
+    answers.onBox([](const ModalAnswers::Box& box) {
+        const QJsonObject line{{"title", QString::fromStdString(box.title)},
+                               {"text", QString::fromStdString(box.text)},
+                               {"icon", box.icon}};
         std::puts(QJsonDocument(line).toJson(QJsonDocument::Compact).constData());
         std::fflush(stdout);
     });

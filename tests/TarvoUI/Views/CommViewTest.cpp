@@ -2,7 +2,7 @@
 
 #include "CommView.h"
 #include "Levels.h"
-#include "OpenedSounding.h"
+#include "OpenSounding.h"
 #include "QtText.h"
 #include "WMO.h"
 

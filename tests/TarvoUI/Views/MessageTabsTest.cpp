@@ -1,7 +1,7 @@
 #include "Levels.h"
 #include "LevelsView.h"
 #include "ModalAnswers.h"
-#include "OpenedSounding.h"
+#include "OpenSounding.h"
 #include "QtText.h"
 #include "SummaryView.h"
 #include "TemporaryFolder.h"

@@ -2,7 +2,7 @@
 
 #include "Levels.h"
 #include "ModalAnswers.h"
-#include "OpenedSounding.h"
+#include "OpenSounding.h"
 #include "TemporaryFolder.h"
 
 #include <QDir>

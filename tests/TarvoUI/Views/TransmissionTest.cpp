@@ -2,7 +2,7 @@
 
 #include "CommView.h"
 #include "FullDisk.h"
-#include "OpenedSounding.h"
+#include "OpenSounding.h"
 #include "TemporaryFolder.h"
 #include "WMO.h"
 

@@ -13,8 +13,8 @@
 struct OpenSounding {
     static std::string example(const std::string& name) { return TARVO_SOURCE_DIR "/examples/data/" + name; }
 
-    explicit OpenSounding(const std::string& path)
-        : registry(RegistryXML::fromText(readFile(TARVO_SOURCE_DIR "/resources/tarvo.xml"), "")),
+    explicit OpenSounding(const std::string& path, const std::string& set = "")
+        : registry(RegistryXML::fromText(readFile(TARVO_SOURCE_DIR "/resources/tarvo.xml"), set)),
           config(registry.get()), doc(path, &config) {
         printer.setOutputFormat(QPrinter::PdfFormat);
         std::string error;
@@ -38,6 +38,14 @@ struct OpenSounding {
     StatusAgent agent;
     DocumentController doc;
     QPrinter printer{QPrinter::HighResolution};
+};
+
+/// The same of an example, with a shipped set, processed once.
+struct OpenedSounding : OpenSounding {
+    explicit OpenedSounding(const std::string& name, const std::string& set = "editsonde")
+        : OpenSounding(example(name), set) {
+        doc.process();
+    }
 };
 
 /// The file of a dropsonde with many faults.
