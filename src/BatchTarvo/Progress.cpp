@@ -3,12 +3,13 @@
 #include "Text.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <unistd.h>
 
 namespace {
 
-constexpr int kBarWidth = 30;
+constexpr std::size_t kBarWidth = 30;
 
 /// The lines of \p text as one, without the blanks around each.
 std::string onOneLine(const std::string& text) {
@@ -20,7 +21,7 @@ std::string onOneLine(const std::string& text) {
 }
 
 std::string clockText(double seconds) {
-    const auto whole = static_cast<long>(seconds + 0.5);
+    const long whole = std::lround(seconds);
     char text[32];
     std::snprintf(text, sizeof text, "%ld:%02ld:%02ld", whole / 3600, whole / 60 % 60, whole % 60);
     return text;
@@ -53,7 +54,7 @@ void Progress::clearBar() const {
 }
 
 void Progress::drawBar() const {
-    const int filled = _total == 0 ? kBarWidth : static_cast<int>(_done * kBarWidth / _total);
+    const std::size_t filled = _total == 0 ? kBarWidth : _done * kBarWidth / _total;
     const double seconds = std::max(elapsed(), 1e-3);
     const double rate = static_cast<double>(_done) / seconds;
     const std::string left = _done == 0 ? "-:--:--" : clockText(static_cast<double>(_total - _done) / rate);

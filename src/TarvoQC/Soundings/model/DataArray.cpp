@@ -8,7 +8,7 @@
 void DataArray::addSeries(const Series* series) {
     const auto column = static_cast<std::int32_t>(_columns.size());
     std::vector<ValueId> values;
-    values.reserve(static_cast<std::size_t>(series->lastIndex() + 1));
+    values.reserve(static_cast<std::size_t>(series->lastIndex()) + 1);
     for (const Value& value : *series) {
         values.emplace_back(value, column);
     }
