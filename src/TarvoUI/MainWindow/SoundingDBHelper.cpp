@@ -35,7 +35,7 @@ QString askForPath(QWidget* parent) {
         return chosen.absoluteFilePath();
     }
     const QDir directory(answer.trimmed().isEmpty() ? QDir::homePath() : chosen.absoluteFilePath());
-    const QString path = directory.filePath(kDefaultName);
+    QString path = directory.filePath(kDefaultName);
     QMessageBox::information(parent, "Tarvo Sounding Database Create",
                              QString("A valid sounding database was not specified.\n"
                                      "Tarvo will create a database at: \n   \"%1\".")
@@ -45,7 +45,7 @@ QString askForPath(QWidget* parent) {
 
 /// The one that stands beside a file that is none.
 QString pathBeside(QWidget* parent, const QString& invalid) {
-    const QString path = QFileInfo(invalid).absoluteDir().filePath(kDefaultName);
+    QString path = QFileInfo(invalid).absoluteDir().filePath(kDefaultName);
     if (QFileInfo(path) == QFileInfo(invalid)) {
         throw "The file " + invalid.toStdString() + " is not a sounding database.";
     }
