@@ -296,6 +296,22 @@ TEST(Campaign, EntersEachSoundingOnceInTheDatabase) {
         EXPECT_EQ(files.size(), 12u);
         EXPECT_EQ(*files.begin(), fs::canonical(folder / "raw/drop100.1").string());
     }
+    const std::string all = (folder / "raw/all.sqlite").string();
+    SQLiteDB(all, false, SQLITE_OPEN_READWRITE)
+        .exec("create trigger full before insert on levels begin select raise(abort, 'the disk is full'); end");
+    const Outcome failed = tool(folder, "--report - --out new --formats levels --db raw/all.sqlite '" +
+                                            (kExamples / "D20210801_120003.1").string() + "'");
+    EXPECT_EQ(failed.status, 1);
+    const auto report = nlohmann::json::parse(failed.out); // and nothing else is printed there
+    EXPECT_THAT(report["error"], HasSubstr("The sounding can't be entered in the database: "));
+    EXPECT_THAT(report["error"], HasSubstr("the disk is full"));
+    EXPECT_EQ(report["products"].size(), 1u);
+    EXPECT_EQ(SoundingDB(all, SQLITE_OPEN_READWRITE, "").getSoundings().size(), 12u) << "nor a row without levels";
+
+    SQLiteDB(all, false, SQLITE_OPEN_READWRITE).exec("pragma user_version = 1");
+    for (const char* path : {"raw/all.sqlite", "no/such/folder/new.sqlite", "''"}) {
+        EXPECT_EQ(tool(folder, std::string("--out out --db ") + path + " raw").status, 2) << path;
+    }
     writeFile(folder / "notes.sqlite", "no database at all, but longer than nothing\n");
     const Outcome refused = tool(folder, "--db notes.sqlite --out out raw");
     EXPECT_EQ(refused.status, 2);

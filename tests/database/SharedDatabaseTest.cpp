@@ -71,6 +71,24 @@ TEST(SharedDatabase, programsWaitForEachOther) {
     EXPECT_EQ(number(db, "select count(*) from levels"), 100 * kLevels);
 }
 
+TEST(SharedDatabase, theChangeOfTheJournalWaits) {
+    const TemporaryFolder folder;
+    const std::string path = (folder / "shared.sqlite").string();
+    SQLiteDB writer(path, false, kCreate);
+    writer.exec(soundingsSchema()); // with the journal that SQLite begins with
+    writer.exec("begin immediate");
+    std::thread other([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        writer.exec("rollback");
+    });
+    EXPECT_NO_THROW(SoundingDB(path, SQLITE_OPEN_READWRITE, ""));
+    other.join();
+    SQLiteDB reader(path, false, SQLITE_OPEN_READONLY);
+    reader.prepare("pragma journal_mode");
+    ASSERT_TRUE(reader.step());
+    EXPECT_EQ(reader.Text(0), "wal");
+}
+
 TEST(SharedDatabase, aKilledProgramLeavesWholeSoundings) {
     const TemporaryFolder folder;
     const std::string path = (folder / "killed.sqlite").string();

@@ -146,6 +146,47 @@ TEST_F(Soundings, aFileThatCantBeWrittenLosesNothing) {
     EXPECT_EQ(reader.getSoundings().size(), 1U);
 }
 
+TEST_F(Soundings, aLockedFileLosesNothing) {
+    db.addSounding("/a", metaData(), "CSV");
+    SQLiteDB other(db.dbPath(), false, SQLITE_OPEN_READWRITE);
+    other.exec("begin immediate");
+    sqlite3_busy_timeout(db.handle(), 10);
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(db.addSounding("/b", metaData(), "CSV"), -1);
+    EXPECT_THAT(testing::internal::GetCapturedStdout(), HasSubstr("locked"));
+    MadeLevels made;
+    EXPECT_THROW(LevelsDB::addLevels(&made.levels, &db, "/a"), std::string);
+    other.exec("rollback");
+    EXPECT_GT(db.addSounding("/b", metaData(), "CSV"), 0);
+    EXPECT_EQ(db.getSoundings().size(), 2U);
+}
+
+TEST(OpenOrCreate, laysDownOnlyWhatIsEmpty) {
+    const TemporaryFolder folder;
+    const std::string path = (folder / "it's a \"né w\".sqlite").string();
+    writeFile(path, "");
+    {
+        const auto made = SoundingDB::openOrCreate(path);
+        EXPECT_TRUE(made->validate());
+        EXPECT_EQ(made->user_version(), soundingsSchemaVersion());
+        EXPECT_GT(made->addSounding("/a", metaData(), "CSV"), 0);
+    }
+    EXPECT_EQ(SoundingDB::openOrCreate(path)->getSoundings().size(), 1U);
+
+    const std::string foreign = (folder / "foreign.sqlite").string();
+    SQLiteDB(foreign, false, kCreate).exec("create table t (n integer)");
+    const std::string notes = (folder / "notes").string();
+    writeFile(notes, "no database at all, but longer than nothing\n");
+    for (const std::string& other : {foreign, notes}) {
+        const std::string before = readFile(other);
+        EXPECT_FALSE(SoundingDB::openOrCreate(other)->validate());
+        EXPECT_EQ(readFile(other), before);
+    }
+    SoundingDB(foreign, kCreate, soundingsSchema()); // which isn't for a file with tables
+    EXPECT_EQ(SQLiteDB(foreign, false, SQLITE_OPEN_READWRITE).table_names(), std::vector<std::string>{"t"});
+    EXPECT_THROW(SoundingDB::openOrCreate((folder / "no/such/folder.sqlite").string()), std::string);
+}
+
 TEST_F(Soundings, aDatabaseOfSomethingElse) {
     EXPECT_TRUE(db.validate());
     EXPECT_EQ(db.user_version(), 2);

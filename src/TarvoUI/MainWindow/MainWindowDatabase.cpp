@@ -9,22 +9,22 @@
 #include <QFileInfo>
 #include <QMdiSubWindow>
 #include <QMessageBox>
+#include <utility>
 
 void TarvoMainWindow::openSoundingDB() {
     try {
-        // The old one stays until there is a new one that all windows have.
-        std::unique_ptr<SoundingDB> opened = SoundingDBHelper::getDB(this, *_configSet);
-        if (_synoptic != nullptr) {
-            _synoptic->setSoundingDB(opened.get());
-        }
+        std::unique_ptr<SoundingDB> old = SoundingDBHelper::getDB(this, *_configSet);
+        std::swap(old, _soundingDB); // it stays until all windows have the new one
+        qCInfo(mainWindowLog) << "Sounding database:" << toQString(_soundingDB->dbPath());
         for (const QMdiSubWindow* window : _mdiArea->subWindowList()) {
             if (TarvoViewController* view = viewOf(window)) {
-                view->setSoundingDB(opened.get());
+                view->setSoundingDB(_soundingDB.get());
             }
         }
-        _soundingDB = std::move(opened);
+        if (_synoptic != nullptr) {
+            _synoptic->setSoundingDB(_soundingDB.get()); // reads it, which may fail
+        }
         updateSynopticMapTitle();
-        qCInfo(mainWindowLog) << "Sounding database:" << toQString(_soundingDB->dbPath());
     } catch (const std::string& error) {
         showDatabaseError(toQString(error));
     }

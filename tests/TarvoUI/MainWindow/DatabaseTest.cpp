@@ -230,6 +230,16 @@ TEST_F(DatabaseTest, AFailureIsToldAndEndsNothing) {
     EXPECT_THAT(names(database()), ElementsAre("one.csv"));
 }
 
+TEST_F(DatabaseTest, AboutTellsWhereTheDatabasesAre) {
+    start();
+    trigger("_actionAbout");
+    ASSERT_EQ(answers.boxes().size(), 1U);
+    EXPECT_THAT(answers.boxes()[0].text, AllOf(HasSubstr("<p>Sounding Database: <b>" + database() + "</b></p>"),
+                                               HasSubstr("<p>Geo Database: <b>not open</b></p>"),
+                                               HasSubstr(std::string("<p>SpatiaLiteDB: <b>SQLite version: ") +
+                                                         sqlite3_libversion() + ", SpatiaLite version: ")));
+}
+
 TEST_F(DatabaseTest, AllWindowsGoOverToAnotherDatabase) {
     start();
     open(makeSounding("one.csv"));
