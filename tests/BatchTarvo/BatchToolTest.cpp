@@ -95,6 +95,24 @@ TEST(BatchTool, ProcessesTheExamples) {
     EXPECT_TRUE(fs::exists(folder / "out/D20210801_120003QC.csv"));
 }
 
+TEST(BatchTool, WithoutItsEngineTellsTheVersionAndWhatIsMissing) {
+    const TemporaryFolder folder;
+    fs::create_directories(folder / "bin");
+    fs::copy_file(TARVO_BATCH_PROGRAM, folder / "bin/tarvo-batch");
+    const auto run = [&](const std::string& argument) {
+        const std::string told = (folder / "told").string();
+        const std::string program = (folder / "bin/tarvo-batch").string();
+        const int status = std::system(("'" + program + "' " + argument + " >'" + told + "' 2>&1").c_str());
+        return Outcome{WEXITSTATUS(status), readFile(told), ""};
+    };
+    const Outcome version = run("--version");
+    EXPECT_EQ(version.status, 0);
+    EXPECT_THAT(version.out, testing::StartsWith("tarvo-batch V"));
+    const Outcome missing = run("drop.1");
+    EXPECT_EQ(missing.status, 2);
+    EXPECT_THAT(missing.out, HasSubstr("libexec/tarvo-batch-engine can't be started: No such file"));
+}
+
 TEST(BatchTool, AProductThatCantBeWrittenFailsItsFile) {
     const TemporaryFolder folder;
     fs::create_directories(folder / "out/D20210801_120003QC.nc/inside");

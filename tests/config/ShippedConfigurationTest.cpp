@@ -119,6 +119,32 @@ TEST_F(ShippedSets, NamesOrderAndDescriptions) {
     }
 }
 
+TEST_F(ShippedSets, OneSetByItselfIsTheSame) {
+    for (const std::string name : kSetNames) {
+        const auto alone = RegistryXML::fromText(shippedConfiguration(name), name);
+        ASSERT_EQ(alone->status(), 0) << alone->statusText();
+        EXPECT_EQ(alone->getSetNames().size(), name == "descending-PELO" ? 1U : 2U);
+        EXPECT_EQ(alone->getActive2SetName(), "descending-PELO");
+        EXPECT_EQ(TarvoConfigSet(alone.get()).dump(), configOf(name)->dump()) << name;
+    }
+    EXPECT_LT(shippedConfiguration("").size(), shippedConfiguration().size() / 3);
+    EXPECT_EQ(shippedConfiguration("nosuchset"), shippedConfiguration());
+}
+
+TEST_F(ShippedSets, ACopyOfASetIsASetOfItsOwn) {
+    const auto original = configOf("editsonde");
+    const auto copy = original->copy();
+    EXPECT_EQ(copy->dump(), original->dump());
+    EXPECT_EQ(copy->getSetName(), "editsonde");
+    const auto before = original->dump();
+    copy->set("PresOffset", 1.5);
+    copy->add("LastDataTimeOverride", 100.0, false, false, true);
+    EXPECT_EQ(original->dump(), before);
+    double offset = 0.0;
+    EXPECT_TRUE(copy->value("PresOffset", offset));
+    EXPECT_EQ(offset, 1.5);
+}
+
 TEST_F(ShippedSets, OptionsOfASet) {
     for (const char* name : kSetNames) {
         store->setActive1SetName(name);

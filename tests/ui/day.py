@@ -8,7 +8,7 @@ import subprocess
 import sys
 import time
 
-from hands import FILES, Keyboard, Mouse
+from hands import Keyboard, Mouse, first_start
 from screen import Program, is_in, look, need_screen, text, wait, xdotool
 
 KERMIT = "/usr/bin/kermit"
@@ -61,13 +61,8 @@ class Operator:
 
 
 def begin(program, operator):
-    """The boxes of a first start, and the file dialog, which is given up."""
-    for title in ["Tarvo File Open"] + 4 * ["Tarvo File Update"] + \
-            ["Tarvo - Browse for Sounding Database", "Tarvo Sounding Database Create"]:
-        box = program.window(title)
-        operator.mouse.answer(box, "OK")
-        wait(title + " to go", lambda: box not in program.windows())
-    dialog = program.window(FILES)
+    """A first start, of which the file dialog is given up."""
+    dialog = first_start(program, operator.mouse)
     operator.press("Escape")
     wait("the file dialog to go", lambda: dialog not in program.windows())
 

@@ -5,7 +5,7 @@ import pathlib
 import shutil
 import sys
 
-from hands import FILES, Keyboard, Mouse
+from hands import Keyboard, Mouse, first_start
 from screen import Program, children, is_in, look, need_screen, text, wait
 
 NAME = "D20210914_043120.2"
@@ -15,20 +15,6 @@ TABS = ["Main", "Raw", "QC", "XY Graph", "Skew-T", "Levels", "WMO", "Comm", "Sum
 TDRY = 2  # column of the grids
 SAMPLE = 60  # row of the sample that is ignored
 FROM_END = 40  # row of the end of drop, from the last one
-
-
-def start(program, hand):
-    """The boxes of a first start, its question for a database, and the empty window, which soon asks for a file of itself."""
-    for title in ["Tarvo File Open"] + 4 * ["Tarvo File Update"]:  # manual, log, two tables
-        box = program.window(title)
-        hand.answer(box, "OK")
-        wait(title + " to go", lambda: box not in program.windows())
-    for title in "Tarvo - Browse for Sounding Database", "Tarvo Sounding Database Create":
-        box = program.window(title)
-        hand.answer(box, "OK")
-        wait(title + " to go", lambda: box not in program.windows())
-    program.window(FILES)
-    assert TITLE in [window.get_name() for window in program.windows()]
 
 
 def check_window(program, name):
@@ -140,7 +126,8 @@ def main():
     shutil.copy(example, os.path.expanduser("~"))
     with Program(os.path.abspath(path)) as program:
         hand = Mouse(program) if way == "mouse" else Keyboard(program)
-        start(program, hand)
+        first_start(program, hand)
+        assert TITLE in [window.get_name() for window in program.windows()]
         hand.open(NAME, "OMBRA D files (D*.?)")
         check_window(program, NAME)
         if way != "start":

@@ -195,5 +195,15 @@ class Keyboard:
         self.press("ctrl+q")
 
 
+def first_start(program, hand):
+    """Answers the boxes of a first start and its question for a database. The file dialog comes next of itself."""
+    for title in ["Tarvo File Open"] + 4 * ["Tarvo File Update"] + \
+            ["Tarvo - Browse for Sounding Database", "Tarvo Sounding Database Create"]:
+        box = program.window(title)
+        hand.answer(box, "OK")
+        wait(title + " to go", lambda: box not in program.windows())
+    return program.window(FILES)
+
+
 def all_of(thing, role):
     return [child for child in children(thing) if child.get_role_name() == role]
