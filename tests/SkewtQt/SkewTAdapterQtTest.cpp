@@ -3,6 +3,7 @@
 #include "MadeDiagram.h"
 #include "Pictures.h"
 #include "TemporaryFolder.h"
+#include "TimeLimit.h"
 
 #include <QApplication>
 #include <QImage>
@@ -30,13 +31,13 @@ public:
 
 struct Window {
     explicit Window(int width = 800, int height = 600, int holdOff = 60)
-        : adapter(width, height, holdOff), skewT(MadeDiagram(60).on(adapter)) {
+        : pause(2 * holdOff), adapter(width, height, holdOff), skewT(MadeDiagram(60).on(adapter)) {
         adapter.setSkewT(skewT.get());
         skewT->brandNewPlot();
     }
     void show() {
         adapter.show();
-        QTest::qWait(2 * 60);
+        QTest::qWait(pause);
         adapter.plots = 0;
     }
     void drag(const QPoint& from, const QPoint& to) {
@@ -46,6 +47,7 @@ struct Window {
     }
     QImage picture() { return adapter.grab().toImage().convertToFormat(QImage::Format_RGB32); }
 
+    int pause; // ms, after which a new size is drawn
     CountingAdapter adapter;
     std::unique_ptr<SkewT> skewT;
 };
@@ -123,14 +125,14 @@ TEST(SkewTAdapterQt, extentsAreTheWholePageWithoutABox) {
 }
 
 TEST(SkewTAdapterQt, manyNewSizesAreDrawnOnce) {
-    Window window;
+    Window window(800, 600, 1000);
     window.show();
     for (int width = 810; width <= 900; width += 10) {
         window.adapter.resize(width, 700);
         QTest::qWait(5);
     }
     EXPECT_EQ(window.adapter.plots, 0) << "while it still changes";
-    QTest::qWait(200);
+    EXPECT_TRUE(QTest::qWaitFor([&window] { return window.adapter.plots > 0; }, kPatience));
     EXPECT_EQ(window.adapter.plots, 1);
     EXPECT_EQ(window.picture().size(), QSize(900, 700));
     window.adapter.setSkewT(nullptr);

@@ -166,7 +166,11 @@ class Program:
     def __exit__(self, kind, *_):
         if kind and self.process.poll() is None:
             for window in self.windows():
-                print("in sight:", window.get_role_name(), window.get_name())
+                print("in sight:", window.get_role_name(), window.get_name(), is_in(window, "ACTIVE"))
+            try:
+                print("focus:", self.focus and self.focus.get_role_name(), self.focus and self.focus.get_name())
+            except GLib.GError:
+                print("focus: gone")
         for process in self.process, self._manager:
             process.kill()
             process.wait()
@@ -194,8 +198,11 @@ class Program:
 
     def menu_entry(self, name):
         def entry():
-            for item in children(self.popup) if self.popup else ():
-                if item.get_name().split("\t")[0] == name and is_in(item, "SHOWING"):
-                    return item
+            unseen = [window for window in self.windows() if window.get_role_name() == "popup menu"]
+            for menu in [self.popup] if self.popup else unseen:
+                for item in children(menu):
+                    if item.get_name().split("\t")[0] == name and is_in(item, "SHOWING"):
+                        self.popup = menu
+                        return item
             return None
         return wait(f"menu entry {name!r}", entry)

@@ -20,7 +20,7 @@ TarvoMainWindow& DesktopTest::start() {
     _window = std::make_unique<TarvoMainWindow>();
     _window->resize(1000, 700);
     _window->show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(_window.get()));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(_window.get(), kPatience));
     return *_window;
 }
 
@@ -86,9 +86,9 @@ void DesktopTest::onDialog(const std::string& title, std::function<void(QFileDia
     answers.operate(title, [how = std::move(how), under](QDialog& dialog) {
         if (!*under) {
             *under = true;
-            EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog, kPatience));
             how(dynamic_cast<QFileDialog&>(dialog));
-            if (!QTest::qWaitFor([&dialog] { return !dialog.isVisible(); }, 500)) {
+            if (!QTest::qWaitFor([&dialog] { return !dialog.isVisible(); }, kPatience)) {
                 ADD_FAILURE() << dialog.windowTitle().toStdString() << " isn't done";
                 dialog.reject();
             }

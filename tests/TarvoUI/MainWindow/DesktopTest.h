@@ -5,6 +5,7 @@
 #include "TarvoMainWindow.h"
 #include "TarvoViewController.h"
 #include "TemporaryFolder.h"
+#include "TimeLimit.h"
 
 #include <QFileDialog>
 #include <QMdiSubWindow>

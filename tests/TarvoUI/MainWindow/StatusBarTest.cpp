@@ -60,7 +60,7 @@ TEST_F(StatusBarTest, TheLoadedMessageGoesAndShowsTheProgressBelow) {
     start();
     open(makeSounding("one.csv"));
     EXPECT_EQ(message(), "File 'one.csv' loaded.");
-    EXPECT_TRUE(QTest::qWaitFor([this] { return message().empty(); }, 3500));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return message().empty(); }, kPatience));
     EXPECT_TRUE(window().findChild<QLabel*>("_statusAgent")->isVisible());
     EXPECT_EQ(label("_statusAgent"), "Ready");
 }
@@ -98,7 +98,7 @@ TEST_F(StatusBarTest, KeysChangeTheTextSizeBetween4And60) {
     }
     EXPECT_EQ(size(), 4);
     EXPECT_EQ(message(), "                 Arial:4");
-    EXPECT_TRUE(QTest::qWaitFor([this] { return message().empty(); }, 1500));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return message().empty(); }, kPatience));
 }
 
 TEST_F(StatusBarTest, SizeKeysReachTheWindowFromWithinATab) {

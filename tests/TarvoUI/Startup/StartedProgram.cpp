@@ -1,5 +1,7 @@
 #include "StartedProgram.h"
 
+#include "TimeLimit.h"
+
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
@@ -15,8 +17,7 @@ StartedProgram::StartedProgram(const std::filesystem::path& home, const QStringL
     QProcess program;
     program.setProcessEnvironment(environment);
     program.start(STARTUP_PROGRAM, arguments);
-    constexpr int kPatienceMs = 60000;
-    if (program.waitForFinished(kPatienceMs) && program.exitStatus() == QProcess::NormalExit) {
+    if (program.waitForFinished(kPatience) && program.exitStatus() == QProcess::NormalExit) {
         _exitStatus = program.exitCode();
     }
     for (const QByteArray& line : program.readAllStandardOutput().split('\n')) {

@@ -4,6 +4,7 @@
 #include "FullDisk.h"
 #include "OpenSounding.h"
 #include "TemporaryFolder.h"
+#include "TimeLimit.h"
 #include "WMO.h"
 
 #include <QComboBox>
@@ -78,7 +79,6 @@ protected:
         return text;
     }
 
-    static constexpr int kPatience = 60000; // ms
     const std::string kAdvice = "Is the ARWO computer available? \n\nAre the com port and baud rate set correctly? \n\n"
                                 "Is kermit installed and the correct path set?";
     TemporaryFolder folder;
@@ -99,14 +99,14 @@ TEST_F(Transmission, TheMessageArrives) {
         }
     }
     line.start("socat", {"pty,raw,echo=0,link=" + path("a"), "pty,raw,echo=0,link=" + path("b")});
-    ASSERT_TRUE(QTest::qWaitFor([&] { return fs::exists(folder / "a") && fs::exists(folder / "b"); }, 5000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return fs::exists(folder / "a") && fs::exists(folder / "b"); }, kPatience));
     receiver.setWorkingDirectory(path("received"));
     receiver.start("sh", {"-c", "exec rz -b <'" + path("b") + "' >'" + path("b") + "'"});
     ASSERT_TRUE(receiver.waitForStarted());
 
     open(kermit, path("a"));
     press("_sendMsg");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return clearText() == "Cancel"; }, 5000)) << status().toStdString();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return clearText() == "Cancel"; }, kPatience)) << status().toStdString();
     EXPECT_EQ(temporaryFiles().size(), 1U);
     EXPECT_FALSE(view->findChild<QPushButton*>("_sendMsg")->isEnabled());
     ASSERT_TRUE(QTest::qWaitFor([&] { return status() == "ARWO message transfer success"; }, kPatience))
@@ -114,7 +114,7 @@ TEST_F(Transmission, TheMessageArrives) {
     EXPECT_EQ(clearText(), "Clear");
     EXPECT_THAT(temporaryFiles(), IsEmpty());
     EXPECT_TRUE(view->findChild<QPushButton*>("_sendMsg")->isEnabled());
-    receiver.waitForFinished(5000);
+    receiver.waitForFinished(kPatience);
     const auto files = QDir(path("received")).entryList(QDir::Files);
     ASSERT_EQ(files.size(), 1);
     EXPECT_EQ(readFile(folder / "received" / files[0].toStdString()), message());
@@ -128,7 +128,7 @@ TEST_F(Transmission, CancelEndsIt) {
     fs::permissions(folder / "slow", fs::perms::owner_all);
     open(path("slow"), "com1");
     press("_sendMsg");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return status() == "ARWO message transfer started"; }, 5000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return status() == "ARWO message transfer started"; }, kPatience));
     EXPECT_EQ(clearText(), "Cancel");
     EXPECT_EQ(temporaryFiles().size(), 1U);
     press("_sendClear");
@@ -137,7 +137,7 @@ TEST_F(Transmission, CancelEndsIt) {
     EXPECT_THAT(temporaryFiles(), IsEmpty());
     EXPECT_EQ(box(), "") << "no failure";
     press("_sendMsg");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return status() == "ARWO message transfer started"; }, 5000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return status() == "ARWO message transfer started"; }, kPatience));
     view.reset(); // the tab goes while a transfer runs
     EXPECT_THAT(temporaryFiles(), IsEmpty());
 }
@@ -147,13 +147,13 @@ TEST_F(Transmission, FailuresAreTold) {
     fs::permissions(folder / "failing", fs::perms::owner_all);
     open(path("failing"), "/dev/nowhere");
     press("_sendMsg");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return status() == "ARWO message transfer failed"; }, 5000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return status() == "ARWO message transfer failed"; }, kPatience));
     EXPECT_EQ(box(), kAdvice);
     EXPECT_THAT(temporaryFiles(), IsEmpty());
 
     fs::remove(folder / "failing"); // it has gone since the tab was opened
     press("_sendMsg");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return status() == "ARWO message transfer failed"; }, 5000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return status() == "ARWO message transfer failed"; }, kPatience));
     EXPECT_EQ(box(), kAdvice);
     EXPECT_THAT(temporaryFiles(), IsEmpty());
 }

@@ -44,6 +44,7 @@ struct Analysis {
 } // namespace
 
 TEST(EditorControl, GoesThroughItsPhases) {
+    const PrescribedTime processingTime; // durations are told by its seconds
     MadeConfig config;
     EditorControl editor(config.set, "V3.4.8");
     PhaseRecorder recorder;

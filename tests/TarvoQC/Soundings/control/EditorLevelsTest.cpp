@@ -2,6 +2,7 @@
 #include "EditorControl.h"
 #include "Levels.h"
 #include "MadeConfig.h"
+#include "PrescribedTime.h"
 #include "Text.h"
 #include "WMO.h"
 
@@ -99,6 +100,7 @@ std::string textOf(const Levels& levels) {
 } // namespace
 
 TEST(EditorLevels, RunsAfterQcAndCounts) {
+    const PrescribedTime processingTime; // durations are told by its seconds
     Analysis analysis(column(false));
     EditorControl& editor = analysis.editor;
     editor.doLevels();
