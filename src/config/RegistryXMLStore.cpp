@@ -111,8 +111,8 @@ void RegistryXML::Store::fail(int status, const std::string& reason) {
     _statusText = reason;
     _sets.clear();
     _setElements.clear();
-    _active1 = nullptr;
-    _active2 = nullptr;
+    _active1 = ActiveName();
+    _active2 = ActiveName();
 }
 
 void RegistryXML::Store::load(const std::string& activeOverride) {
@@ -157,18 +157,20 @@ bool RegistryXML::Store::readActiveNames(DOMElement* top, const std::string& act
         fail(BAD_CONTENT, "the configuration does not name its active set: it has no element 'active1'");
         return false;
     }
-    _active1 = found.front();
-    if (!readName(*_active1, active1Name)) {
+    _active1.element = found.front();
+    if (!readName(*_active1.element, active1Name)) {
         fail(BAD_CONTENT, "the element 'active1' of the configuration does not begin with the name of a set");
         return false;
     }
+    _active1.known = active1Name;
     if (!activeOverride.empty()) {
         active1Name = activeOverride;
     }
     const auto second = findNamedNodes(top, u"active2");
     if (!second.empty()) {
-        _active2 = second.front();
-        readName(*_active2, active2Name);
+        _active2.element = second.front();
+        readName(*_active2.element, active2Name);
+        _active2.known = active2Name;
     }
     return true;
 }
@@ -252,13 +254,33 @@ void RegistryXML::Store::updateDocument(bool immediateOnly) {
             entry.touched = false;
         }
     }
-    if (immediateOnly) {
-        return;
+    if (!immediateOnly) {
+        updateName(_active1, active1Name);
+        updateName(_active2, active2Name);
     }
-    _dirty = writeName(*_active1, active1Name) || _dirty;
-    if (_active2 != nullptr) {
-        _dirty = writeName(*_active2, active2Name) || _dirty;
+}
+
+void RegistryXML::Store::updateName(ActiveName& active, const std::string& name) {
+    if (active.element != nullptr && name != active.known) {
+        _dirty = writeName(*active.element, name) || _dirty;
+        active.known = name;
+        active.isNew = true;
     }
+}
+
+/// Where this store gives no other, the file goes on naming the active sets that it names now: another store may have
+/// changed them since this one was loaded. A set that only the other knows goes with its document.
+void RegistryXML::Store::keepNamesOfFile() {
+    Store file(_path);
+    file.load("");
+    const auto keep = [this, &file](ActiveName& active, const std::string& name) {
+        if (active.element != nullptr && !active.isNew && file.status() == LOADED && _sets.count(name) != 0) {
+            writeName(*active.element, name);
+        }
+        active.isNew = false;
+    };
+    keep(_active1, file.active1Name);
+    keep(_active2, file.active2Name);
 }
 
 void RegistryXML::Store::save(bool immediateOnly) {
@@ -266,6 +288,9 @@ void RegistryXML::Store::save(bool immediateOnly) {
         return;
     }
     updateDocument(immediateOnly);
+    if (_dirty && !_path.empty()) {
+        keepNamesOfFile();
+    }
     std::string text;
     if (_dirty && !_path.empty() && _xml->serialise(text)) {
         AtomicFile file(_path);

@@ -44,11 +44,22 @@ public:
     std::string active2Name;
 
 private:
+    /// The element that names an active set.
+    struct ActiveName {
+        xercesc::DOMElement* element = nullptr;
+        /// The name that was read from it, or that this store gave it last.
+        std::string known;
+        /// The name isn't in the file yet.
+        bool isNew = false;
+    };
+
     void fail(int status, const std::string& reason);
     bool readActiveNames(xercesc::DOMElement* top, const std::string& activeOverride);
     bool readSets(xercesc::DOMElement* top);
     void findOptionNodes(const std::string& setName, xercesc::DOMElement* setElement);
     void updateDocument(bool immediateOnly);
+    void updateName(ActiveName& active, const std::string& name);
+    void keepNamesOfFile();
     std::vector<xercesc::DOMElement*> elementsOf(const std::string& setName) const;
 
     XmlLibrary _library; // first, so that it outlives the document
@@ -56,8 +67,8 @@ private:
     std::string _path;
     int _status = LOADED;
     std::string _statusText;
-    xercesc::DOMElement* _active1 = nullptr;
-    xercesc::DOMElement* _active2 = nullptr;
+    ActiveName _active1;
+    ActiveName _active2;
     std::vector<xercesc::DOMElement*> _setElements;
     std::map<std::string, Options> _sets;
     bool _dirty = false;

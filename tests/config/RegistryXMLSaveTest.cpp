@@ -229,4 +229,37 @@ TEST_F(RegistryXMLSaveTest, TheLastInstanceToSaveDecides) {
     EXPECT_EQ(contentOf(path), replaced(kTwoSets, "<current>false", "<current>true"));
 }
 
+TEST_F(RegistryXMLSaveTest, AnOlderStoreLeavesTheActiveSetsToTheFile) {
+    RegistryXML older(path, "");
+    RegistryXML newer(path, "");
+    newer.setActive1SetName("night");
+    newer.setActive2SetName("day");
+    newer.save(false);
+    for (const bool immediateOnly : {true, false}) {
+        older.set("Title", immediateOnly ? "now" : "then");
+        older.save(immediateOnly);
+        const RegistryXML file(path, "");
+        EXPECT_EQ(file.getActive1SetName(), "night") << immediateOnly;
+        EXPECT_EQ(file.getActive2SetName(), "day") << immediateOnly;
+    }
+    EXPECT_EQ(older.getActive1SetName(), "day") << "its own options are still those of its set";
+    EXPECT_THAT(contentOf(path), ::testing::HasSubstr("then"));
+    older.setActive1SetName("night");
+    older.save(false);
+    older.setActive1SetName("day");
+    older.save(false);
+    EXPECT_EQ(RegistryXML(path, "").getActive1SetName(), "day") << "it gave a name itself";
+}
+
+TEST_F(RegistryXMLSaveTest, ASetThatOnlyTheFileKnowsIsNotNamedWithoutIt) {
+    RegistryXML older(path, "");
+    RegistryXML newer(path, "");
+    ASSERT_TRUE(newer.cloneSet("day", "dusk"));
+    newer.setActive1SetName("dusk");
+    newer.save(false);
+    older.set("Title", "now");
+    older.save(true);
+    EXPECT_EQ(RegistryXML(path, "").status(), RegistryXML::LOADED);
+}
+
 } // namespace
