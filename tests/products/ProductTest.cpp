@@ -4,6 +4,7 @@
 #include "SoundingFileFactory.h"
 
 #include "MadeAnalysis.h"
+#include "PrescribedTime.h"
 #include "SeriesText.h"
 #include "TemporaryFolder.h"
 
@@ -170,6 +171,7 @@ TEST(ProductColumns, TakeTheirSeries) {
 }
 
 TEST(FileSaver, WritesWholeFilesOrNone) {
+    const PrescribedTime processingTime;
     const TemporaryFolder folder;
     Analysis analysis;
     const ProductColumns columns = ProductColumns::raw(analysis.editor);
