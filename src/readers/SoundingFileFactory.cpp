@@ -12,6 +12,7 @@
 #include "TroveFile.h"
 #include "VestaFile.h"
 #include "WMOFile.h"
+#include "Words.h"
 #include "ZORFile.h"
 
 #include <algorithm>
@@ -96,7 +97,7 @@ std::string lowerCaseHeader(const Lines& lines) {
 /// seventh line tells it from those.
 bool isTroveProduct(const std::string& header, const Lines& lines) {
     constexpr std::size_t kEmptyLine = 6;
-    return isOf(kFormats.back(), header) && lines.size() > kEmptyLine && trimBoth(lines[kEmptyLine]) == "/";
+    return isOf(kFormats.back(), header) && lines.size() > kEmptyLine && trimmed(lines[kEmptyLine]) == "/";
 }
 
 } // namespace

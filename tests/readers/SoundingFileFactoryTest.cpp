@@ -38,6 +38,7 @@ TEST(SoundingFileFactory, TellsTheFormatFromTheFirstTwoLines) {
         {"Data Type: x\nProject ID: y", "Trove"},
         {"Data Type: x\nProject ID: metadata", "Mw41"},
         {"Data Type: MIRRA\nProject ID: y\n3\n4\n5\n6\n/\n", "Trove"},
+        {"Data Type: MIRRA\r\nProject ID: y\r\n3\r\n4\r\n5\r\n6\r\n/\r\n", "Trove"},
         {"Data Type: MIRRA\nProject ID: y\n3\n4\n5\n6\nMet\n", "Mirra"},
         {"Data Type/Direction: Vesta/Ascending\nFile Format/Version: ZOR Sounding Format/1.1", "Zor"},
         {"Data Type: x\nDropWindSonde Project ID:", "Frd"},
