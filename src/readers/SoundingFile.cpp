@@ -1,6 +1,7 @@
 #include "SoundingFile.h"
 
 #include "NumberText.h"
+#include "SoundingLines.h"
 #include "Text.h"
 #include "UtcTime.h"
 
@@ -37,6 +38,11 @@ std::int64_t SoundingFile::unixLaunchObsTime() {
             utcSeconds(_year, _month, _day, integerOf(clock[0]), integerOf(clock[1]), integerOf(clock[2]));
     }
     return _unixLaunchObsTime;
+}
+
+void SoundingFile::tellLongLine(std::size_t lineNumber) {
+    _errorMsg += "- Line " + std::to_string(lineNumber) + " is longer than " + std::to_string(kLongestLine) +
+                 " characters; the rest of the file was not read.\n";
 }
 
 void SoundingFile::warnOnce(const std::string& warning) {

@@ -32,6 +32,8 @@ public:
 
     bool isValid() const { return _valid; }
     std::string getErrorMsg() const { return _errorMsg; }
+    /// Adds to the error text that the reading of the file ended with a line that was too long.
+    void tellLongLine(std::size_t lineNumber);
     std::vector<std::string> getSummaryInfo() const { return _summaryInfo; }
     /// The file name without directories, a blank, and what the file says of itself.
     std::string description() const;

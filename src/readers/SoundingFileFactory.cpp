@@ -108,6 +108,7 @@ std::unique_ptr<SoundingFile> SoundingFileFactory::newSoundingFile(ConfigSet& co
         return nullptr;
     }
     Lines lines = readLines(*stream);
+    const std::size_t lastLine = lines.size();
     const std::string header = lowerCaseHeader(lines);
     const auto* format = isTroveProduct(header, lines)
                              ? &kFormats.back()
@@ -119,5 +120,9 @@ std::unique_ptr<SoundingFile> SoundingFileFactory::newSoundingFile(ConfigSet& co
     if (format->linesAs == LinesAs::Text) {
         lines = preprocess(std::move(lines));
     }
-    return format->maker(config, std::move(fileName), std::move(lines));
+    auto file = format->maker(config, std::move(fileName), std::move(lines));
+    if (endedByLongLine(*stream)) {
+        file->tellLongLine(lastLine);
+    }
+    return file;
 }

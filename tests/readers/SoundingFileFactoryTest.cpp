@@ -1,6 +1,7 @@
 #include "ReadText.h"
 
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace {
 
@@ -68,6 +69,27 @@ TEST(SoundingFileFactory, NeedsAStreamThatCanBeRead) {
     std::istringstream failed("FileFormat,CSV");
     failed.setstate(std::ios::failbit);
     EXPECT_EQ(SoundingFileFactory::newSoundingFile(config, "x", &failed), nullptr);
+}
+
+TEST(SoundingFileFactory, TellsWhichLineEndedTheReading) {
+    const std::string head = "FileFormat,CSV\nYear,2021\nMonth,08\nDay,1\nHour,12\nMinute,00\nSecond,03\n"
+                             "Fields,Time,Pressure\n\nData,0.5,1000\n";
+    const std::string comment = "Comments,";
+    const auto comments = [&](std::size_t length) { return comment + std::string(length - comment.size(), 'x'); };
+    const std::string notice = "- Line 11 is longer than 498 characters; the rest of the file was not read.\n";
+    const std::tuple<std::string, int, std::string> cases[] = {
+        {head + comments(498) + "\nData,1.0,999\n", 2, ""},
+        {head + comments(499) + "\nData,1.0,999\n", 1, notice},
+        {head + comments(498), 1, ""},
+        {head + comments(499), 1, notice},
+    };
+    for (const auto& [text, points, told] : cases) {
+        const auto file = readText(text);
+        EXPECT_TRUE(file->isValid());
+        EXPECT_EQ(file->dataPoints(), points);
+        EXPECT_EQ(file->getErrorMsg(), told);
+    }
+    EXPECT_EQ(readText(std::string(600, 'x')), nullptr);
 }
 
 TEST(SoundingFile, DescribesItselfByTheFileName) {
