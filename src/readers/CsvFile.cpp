@@ -90,7 +90,7 @@ const CsvFile::Keyword* CsvFile::findKeyword(const std::string& keyword) {
         {"radiationcorr", &CsvFile::_wmoRadCorrection},
         {"trackingtype", &CsvFile::_wmoTrackingType},
         {"sondeid", &CsvFile::_sondeId},
-        {"sondetype", &CsvFile::_wmoSondeType},
+        {"sondetype", &CsvFile::takeSondeType},
         {"operator", &CsvFile::_sysOperator},
         {"soundingdescription", &CsvFile::_descriptionText},
         {"launchobssource", &CsvFile::_launchObsSource},
@@ -212,6 +212,16 @@ void CsvFile::takeAscending(const std::string& value) {
 
 void CsvFile::takePtuWindTimeDiff(const std::string& value) {
     _ptuWindTimeDiff = numberOf(value);
+}
+
+/// Code figures of a message, one to three digits or "//". Other systems have the name of the sonde under the keyword.
+void CsvFile::takeSondeType(const std::string& value) {
+    constexpr std::size_t kMostDigits = 3;
+    const bool number =
+        !value.empty() && value.size() <= kMostDigits && value.find_first_not_of("0123456789") == std::string::npos;
+    if (number || value == "//") {
+        _wmoSondeType = value;
+    }
 }
 
 /// Every quantity that readers of a sounding ask for gets one entry for each record.
