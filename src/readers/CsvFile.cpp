@@ -49,6 +49,12 @@ double numberOrMissing(std::string_view token) {
     return token.empty() ? kMissing : numberOf(token);
 }
 
+/// Whether numberOf() finds a number at the start.
+bool beginsWithNumber(std::string_view token) {
+    const auto first = token.find_first_not_of("+-.");
+    return first != std::string_view::npos && token[first] >= '0' && token[first] <= '9';
+}
+
 } // namespace
 
 struct CsvFile::Keyword {
@@ -166,6 +172,9 @@ void CsvFile::takeData(const Tokens& tokens) {
         return;
     }
     const double time = numberOrMissing(tokens[1]);
+    if (time == kMissing || !beginsWithNumber(tokens[1])) {
+        warnOnce("- There is no time in line ");
+    }
     for (std::size_t i = 0; i < _columns.size(); ++i) {
         if (_columns[i] != nullptr) {
             _columns[i]->appendValue(numberOrMissing(tokens[i + 1]), time);

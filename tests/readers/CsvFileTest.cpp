@@ -48,6 +48,17 @@ TEST(CsvFile, AnEmptyFieldIsMissing) {
     EXPECT_EQ(file->numRhChan(), 2);
 }
 
+TEST(CsvFile, ARecordWithoutATimeIsToldOnce) {
+    for (const char* time : {"", "-999", "nan", "x12", "-", "\"2.0\""}) {
+        const std::string record = "Data," + std::string(time) + ",998\n";
+        const auto file = readText(kHead + kData + "Data,1.0,999\n" + record + record);
+        EXPECT_TRUE(file->isValid());
+        EXPECT_EQ(file->dataPoints(), 4);
+        EXPECT_EQ(file->getErrorMsg(), "- There is no time in line 11\n") << time;
+    }
+    EXPECT_EQ(readText(kHead + kData + "Data,-.5,999\nData, +1,999\nData,2s,998\n")->getErrorMsg(), "");
+}
+
 // Which of "Data,1,2", "Data,1,2,3", "Data,1,2,3,4" count.
 TEST(CsvFile, TakesDataOfTheLengthOfTheFieldsLine) {
     const std::string data = "Data,1,2\nData,1,2,3\nData,1,2,3,4\n";
