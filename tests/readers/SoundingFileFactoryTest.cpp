@@ -1,4 +1,5 @@
 #include "ReadText.h"
+#include "Text.h"
 
 #include <gtest/gtest.h>
 #include <tuple>
@@ -111,11 +112,34 @@ TEST(SoundingFile, TheTimeOfTheLaunchObservationIsOnTheDayOfTheLaunch) {
         {"12:00", -999},
         {"unknown", -999},
         {"1:2:3:4:5", -999},
-        {"0:0:99999999999", 1627776000 + std::int64_t{2147483647}},
+        {"0:0:99999999999", -999},
+        {"24:00:00", -999},
+        {"23:60:00", -999},
+        {"23:00:60", -999},
+        {"-1:00:00", -999},
+        {"2021-08-01T12:00:03", 1627819203},
+        {"01/08/2021 12:00:03", 1627819203},
+        {"20210801:12:00:03", -999},
     };
     for (const auto& [text, seconds] : cases) {
         const auto file = readText("FileFormat,CSV\nYear,2021\nMonth,8\nDay,1\nLaunchObsTime," + std::string(text));
         EXPECT_EQ(file->unixLaunchObsTime(), seconds) << text;
         EXPECT_EQ(file->unixLaunchObsTime(), seconds) << text << ", asked again";
+    }
+}
+
+TEST(SoundingFile, TheLaunchObservationIsWithinHalfADayOfTheLaunch) {
+    constexpr std::int64_t kMidnight = 1627776000; // 2021-08-01 00:00:00
+    const std::tuple<const char*, const char*, std::int64_t> cases[] = {
+        {"0,0,3", "23:59:50", kMidnight - 10},       {"0,0,3", "12:00:03", kMidnight + 43203},
+        {"0,0,3", "12:00:04", kMidnight - 43196},    {"23,59,50", "00:00:03", kMidnight + 86403},
+        {"23,59,50", "11:59:50", kMidnight + 43190}, {"23,59,50", "11:59:49", kMidnight + 129589},
+        {"12,0,0", "00:00:00", kMidnight},
+    };
+    for (const auto& [launch, observation, seconds] : cases) {
+        const std::vector<std::string> clock = tokenize(launch, ",");
+        const auto file = readText("FileFormat,CSV\nYear,2021\nMonth,8\nDay,1\nHour," + clock[0] + "\nMinute," +
+                                   clock[1] + "\nSecond," + clock[2] + "\nLaunchObsTime," + observation);
+        EXPECT_EQ(file->unixLaunchObsTime(), seconds) << launch << " " << observation;
     }
 }
