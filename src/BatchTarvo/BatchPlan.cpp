@@ -3,7 +3,6 @@
 #include "AtomicFile.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
