@@ -74,7 +74,7 @@ TEST(BatchTool, AnEmptyNameIsNoFile) {
     const TemporaryFolder folder;
     const Outcome outcome = tool(folder, "--out out --formats raw-csv ''");
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_THAT(outcome.err, HasSubstr("There is no such file"));
+    EXPECT_THAT(outcome.err, HasSubstr("The file can't be opened: No such file or directory"));
 }
 
 TEST(BatchTool, ProcessesTheExamples) {
