@@ -104,7 +104,7 @@ bool parseBatchOptions(int argc, char** argv, BatchOptions& options, int& status
     app.add_option("--shard", shard, "Process the files of one shard of N only, for the jobs of an array")
         ->type_name("I/N");
     app.add_flag("--resume", options.resume,
-                 "Leave out what an earlier run has done, by its report, to which this run adds");
+                 "Leave out what an earlier run has done, by its --report FILE, to which this run adds");
     app.add_option("--watch", options.watch,
                    "Process each new file of the directory once it is complete, until stopped; the report is needed")
         ->type_name("DIR")

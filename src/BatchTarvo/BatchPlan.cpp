@@ -3,7 +3,6 @@
 #include "AtomicFile.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
@@ -73,7 +72,7 @@ std::string productPlace(const fs::path& directory, const std::string& name) {
 /// The file that \p path is a descent of, by its name; empty for any other file.
 std::string descentSource(const std::string& path) {
     std::error_code error;
-    if (path.back() != 'd' || !fs::is_regular_file(path.substr(0, path.size() - 1), error)) {
+    if (path.empty() || path.back() != 'd' || !fs::is_regular_file(path.substr(0, path.size() - 1), error)) {
         return {};
     }
     return path.substr(0, path.size() - 1);

@@ -3,7 +3,6 @@
 #include <QGraphicsSceneContextMenuEvent>
 #include <QMenu>
 #include <QPainter>
-#include <array>
 #include <cmath>
 
 namespace {

@@ -1,5 +1,6 @@
 #include "SkewTPainter.h"
 
+#include <QFont>
 #include <QFontMetricsF>
 
 #include <cmath>

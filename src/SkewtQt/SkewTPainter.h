@@ -4,7 +4,6 @@
 #include "LabelLayout.h"
 #include "PageStyle.h"
 
-#include <QFont>
 #include <QPainter>
 #include <QSizeF>
 

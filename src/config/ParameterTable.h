@@ -2,7 +2,6 @@
 
 #include "Option.h"
 
-#include <string>
 #include <string_view>
 #include <vector>
 

@@ -16,10 +16,12 @@ constexpr std::string_view kProlog = R"(<?xml version="1.0" encoding="UTF-8"?>
 
   @version: )";
 
-constexpr std::string_view kDtd = R"(<!--
+constexpr std::string_view kDtdProlog = R"(<!--
   The document type of Tarvo configuration files. It documents the format; reading a file does not enforce it.
 
-  @version: 2.09
+  @version: )";
+
+constexpr std::string_view kDtd = R"(
 -->
 <!ELEMENT tarvoConfig ((active|active1), active2?, set+)>
 <!ELEMENT active (#PCDATA)>
@@ -154,5 +156,6 @@ std::string shippedConfiguration(std::string_view setName) {
 }
 
 std::string_view tarvoDtd() {
-    return kDtd;
+    static const std::string dtd = std::string(kDtdProlog).append(kConfigurationVersion).append(kDtd);
+    return dtd;
 }

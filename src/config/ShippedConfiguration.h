@@ -16,7 +16,7 @@ inline constexpr std::size_t kShippedSetCount = 8;
 /// The shipped sets in the order of the file.
 const std::array<ShippedSet, kShippedSetCount>& shippedSets();
 
-/// The version that the marker "@version:" of the shipped configuration carries.
+/// The version that the marker "@version:" carries, in the shipped configuration and in its document type definition.
 inline constexpr std::string_view kConfigurationVersion = "2.09";
 
 /// The whole configuration file as the program ships it, the text of resources/tarvo.xml. It needs no file, so a

@@ -103,8 +103,6 @@ public:
     static std::string timestamp(int year, int month, int day, int hour, int minute, int second);
 
 private:
-    using FieldName = std::pair<SOUNDING_FIELD, const char*>;
-
     void initLevels();
     LEVEL_TYPE levelTypeOf(double pressure, LevelType levelType) const;
 

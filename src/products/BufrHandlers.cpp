@@ -218,7 +218,7 @@ bool TarvoToBUFR::codeRowElement(bufr_desc* descriptor, std::size_t row) {
     case 5015:
         return set(value(R::Lat) != kMissing && _launchLat != kMissing, value(R::Lat) - _launchLat);
     case 6015:
-        return set(value(R::Lon) != kMissing && _launchLon != kMissing, value(R::Lon) - _launchLon);
+        return set(value(R::Lon) != kMissing && _launchLon != kMissing, R::halfTurn(value(R::Lon) - _launchLon));
     case 12101:
         return set(value(R::Tdry) != kMissing, value(R::Tdry) + kZeroCelsius);
     case 12103: {

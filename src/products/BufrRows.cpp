@@ -39,9 +39,10 @@ struct Bucket {
         BufrRows::average_wind(columns[BufrRows::Wdir], columns[BufrRows::Wspd], rows[BufrRows::Wdir],
                                rows[BufrRows::Wspd]);
         for (const BufrRows::Column column :
-             {BufrRows::Pres, BufrRows::Tdry, BufrRows::RH, BufrRows::Lat, BufrRows::Lon, BufrRows::Alt}) {
+             {BufrRows::Pres, BufrRows::Tdry, BufrRows::RH, BufrRows::Lat, BufrRows::Alt}) {
             rows[column].push_back(BufrRows::average_values(columns[column]));
         }
+        rows[BufrRows::Lon].push_back(BufrRows::average_longitudes(columns[BufrRows::Lon]));
     }
 };
 
@@ -61,6 +62,29 @@ double BufrRows::average_values(std::vector<double>& values) {
     }
     values.clear();
     return count == 0 ? kMissing : sum / count;
+}
+
+double BufrRows::halfTurn(double degrees) {
+    if (degrees >= -180.0 && degrees < 180.0) {
+        return degrees;
+    }
+    const double rest = std::remainder(degrees, 360.0);
+    return rest == 180.0 ? -180.0 : rest;
+}
+
+double BufrRows::average_longitudes(std::vector<double>& values) {
+    const auto known = [](double value) { return value != kMissing; };
+    const auto first = std::find_if(values.begin(), values.end(), known);
+    if (first == values.end()) {
+        return average_values(values);
+    }
+    const double start = *first;
+    for (double& value : values) {
+        if (known(value)) {
+            value += halfTurn(value - start) - (value - start); // whole turns, so that the others keep their digits
+        }
+    }
+    return halfTurn(average_values(values));
 }
 
 void BufrRows::average_wind(std::vector<double>& dirs, std::vector<double>& speeds, std::vector<double>& outDirs,

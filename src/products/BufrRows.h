@@ -49,6 +49,10 @@ public:
     /// Bit \p n of the 18, of which bit 1 is the most significant.
     static constexpr std::uint32_t set_flag(int n) { return 1U << (18 - n); }
 
+    /// \p degrees of longitude brought into [-180, 180) by whole turns.
+    static double halfTurn(double degrees);
+    /// The mean of longitudes, none of them more than half a turn from the first; otherwise as average_values().
+    static double average_longitudes(std::vector<double>& values);
     /// The mean of the values that aren't missing; missing without any. Empties \p values.
     static double average_values(std::vector<double>& values);
     /// Appends the direction (degrees) and speed of the mean vector of the winds that have both; missing without any.

@@ -13,7 +13,7 @@ struct SndMetaData;
 class DataFileSaveBufr : public DataFileSave {
 public:
     /// Writes \p n rows of columns (as ProductColumns has them) to the open binary \p stream. \p tableDir is where the
-    /// BUFR tables are, unless the environment variable BUFR_TABLES names a place. \p levels may be null.
+    /// BUFR tables are, unless the environment variable AFSISIO or BUFR_TABLES names a place. \p levels may be null.
     DataFileSaveBufr(const std::string& tableDir, const std::string& fileName, std::ostream& stream, int n,
                      const SndMetaData& metaData, const EditorControl& editor, const Levels* levels, const double* time,
                      const double* pres, const double* tdry, const double* rh, const double* wspd, const double* wdir,

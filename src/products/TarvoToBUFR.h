@@ -15,9 +15,9 @@ class Levels;
 
 /// Codes one sounding as one BUFR message, optionally behind an abbreviated header. A subclass gives the descriptors.
 ///
-/// The tables are looked for where the environment variable BUFR_TABLES says, or else in the directory given to
-/// set_bufr_table_dir(). Faults are told on the standard error stream. The environment of the process is written to, so
-/// that nothing here may run beside another thread.
+/// The tables are looked for where the environment variable AFSISIO says, or else BUFR_TABLES, or else in the directory
+/// given to set_bufr_table_dir(). Faults are told on the standard error stream. The environment of the process is
+/// written to, so that nothing here may run beside another thread.
 class TarvoToBUFR {
 public:
     using Attributes = std::map<std::string, std::string>;

@@ -49,6 +49,12 @@ double numberOrMissing(std::string_view token) {
     return token.empty() ? kMissing : numberOf(token);
 }
 
+/// Whether numberOf() finds a number at the start.
+bool beginsWithNumber(std::string_view token) {
+    const auto first = token.find_first_not_of("+-.");
+    return first != std::string_view::npos && token[first] >= '0' && token[first] <= '9';
+}
+
 } // namespace
 
 struct CsvFile::Keyword {
@@ -90,7 +96,7 @@ const CsvFile::Keyword* CsvFile::findKeyword(const std::string& keyword) {
         {"radiationcorr", &CsvFile::_wmoRadCorrection},
         {"trackingtype", &CsvFile::_wmoTrackingType},
         {"sondeid", &CsvFile::_sondeId},
-        {"sondetype", &CsvFile::_wmoSondeType},
+        {"sondetype", &CsvFile::takeSondeType},
         {"operator", &CsvFile::_sysOperator},
         {"soundingdescription", &CsvFile::_descriptionText},
         {"launchobssource", &CsvFile::_launchObsSource},
@@ -166,6 +172,9 @@ void CsvFile::takeData(const Tokens& tokens) {
         return;
     }
     const double time = numberOrMissing(tokens[1]);
+    if (time == kMissing || !beginsWithNumber(tokens[1])) {
+        warnOnce("- There is no time in line ");
+    }
     for (std::size_t i = 0; i < _columns.size(); ++i) {
         if (_columns[i] != nullptr) {
             _columns[i]->appendValue(numberOrMissing(tokens[i + 1]), time);
@@ -212,6 +221,16 @@ void CsvFile::takeAscending(const std::string& value) {
 
 void CsvFile::takePtuWindTimeDiff(const std::string& value) {
     _ptuWindTimeDiff = numberOf(value);
+}
+
+/// Code figures of a message, one to three digits or "//". Other systems have the name of the sonde under the keyword.
+void CsvFile::takeSondeType(const std::string& value) {
+    constexpr std::size_t kMostDigits = 3;
+    const bool number =
+        !value.empty() && value.size() <= kMostDigits && value.find_first_not_of("0123456789") == std::string::npos;
+    if (number || value == "//") {
+        _wmoSondeType = value;
+    }
 }
 
 /// Every quantity that readers of a sounding ask for gets one entry for each record.

@@ -29,6 +29,7 @@ private:
     void takeFields(const Tokens& tokens);
     void takeAscending(const std::string& value);
     void takePtuWindTimeDiff(const std::string& value);
+    void takeSondeType(const std::string& value);
     void fillEmptySeries();
 
     std::vector<Series*> _columns; // null for a column that isn't kept

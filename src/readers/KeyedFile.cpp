@@ -5,12 +5,18 @@
 #include "Text.h"
 #include "Words.h"
 
+namespace {
+
+constexpr const char* kValuesMissing = "- Values are missing at the end of line ";
+
+} // namespace
+
 double KeyedFile::FrameColumn::valueOf(std::string_view word) const {
     const double number = numberOf(word);
     return number == mark || number == secondMark ? kMissing : number;
 }
 
-bool KeyedFile::takeFrame(std::string_view& words, const FrameColumn* first, const FrameColumn* last, double time) {
+void KeyedFile::takeFrame(std::string_view& words, const FrameColumn* first, const FrameColumn* last, double time) {
     bool complete = true;
     for (const FrameColumn* column = first; column != last; ++column) {
         const std::string_view word = nextWord(words);
@@ -19,10 +25,12 @@ bool KeyedFile::takeFrame(std::string_view& words, const FrameColumn* first, con
             (this->*column->series).appendValue(word.empty() ? _absent : column->valueOf(word), time);
         }
     }
-    return complete;
+    if (!complete) {
+        warnOnce(kValuesMissing);
+    }
 }
 
-bool KeyedFile::takeLaunchObs(std::string_view& words, const FrameColumn* first, const FrameColumn* last) {
+void KeyedFile::takeLaunchObs(std::string_view& words, const FrameColumn* first, const FrameColumn* last) {
     bool complete = true;
     for (const FrameColumn* column = first; column != last; ++column) {
         const std::string_view word = nextWord(words);
@@ -31,7 +39,9 @@ bool KeyedFile::takeLaunchObs(std::string_view& words, const FrameColumn* first,
             this->*column->launch = word.empty() ? _absent : column->valueOf(word);
         }
     }
-    return complete;
+    if (!complete) {
+        warnOnce(kValuesMissing);
+    }
 }
 
 bool KeyedFile::takeLaunchObsSource(const std::string& value) {

@@ -54,9 +54,9 @@ protected:
         }};
     }
 
-    /// Take one word for each column off \p words. False when there are fewer.
-    bool takeFrame(std::string_view& words, const FrameColumn* first, const FrameColumn* last, double time);
-    bool takeLaunchObs(std::string_view& words, const FrameColumn* first, const FrameColumn* last);
+    /// Take one word for each column off \p words; a warning when there are fewer.
+    void takeFrame(std::string_view& words, const FrameColumn* first, const FrameColumn* last, double time);
+    void takeLaunchObs(std::string_view& words, const FrameColumn* first, const FrameColumn* last);
 
     /// Splits "source, time". False without a comma: all of it is the source then, and the time is left alone.
     bool takeLaunchObsSource(const std::string& value);

@@ -26,9 +26,7 @@ void KeyedUpsondeFile::takeAircraftLine(const std::string& line) {
     static constexpr auto kColumns = frameColumns(kMissing, nullptr);
     std::string_view words = line;
     skipWords(words, kWordsAheadOfColumns);
-    if (!takeLaunchObs(words, kColumns.data(), kColumns.data() + _frameWords)) {
-        warnOnce("- Values are missing at the end of line ");
-    }
+    takeLaunchObs(words, kColumns.data(), kColumns.data() + _frameWords);
 }
 
 void KeyedUpsondeFile::takeLaunchLine(const std::string& line) {
@@ -77,9 +75,7 @@ void KeyedUpsondeFile::takeRecord(const std::string& line) {
     if (_sondeId.empty()) {
         takeUnknownSonde(line);
     }
-    if (!takeFrame(words, kColumns.data(), kColumns.data() + _frameWords, time)) {
-        warnOnce("- Values are missing at the end of line ");
-    }
+    takeFrame(words, kColumns.data(), kColumns.data() + _frameWords, time);
     if (_frameWords < kColumns.size()) {
         _sGpsalt.appendValue(kMissing, time);
     }

@@ -5,7 +5,6 @@
 #include "Words.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <initializer_list>
 #include <limits>

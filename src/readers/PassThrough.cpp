@@ -9,6 +9,6 @@ bool forcePassThrough(ConfigSet& config) {
     if (mode == kPassThrough) {
         return false;
     }
-    config.set("DoQC", kPassThrough);
+    config.add("DoQC", kPassThrough, false, false, true);
     return true;
 }

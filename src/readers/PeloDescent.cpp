@@ -1,7 +1,6 @@
 #include "PeloDescent.h"
 
 #include "AtomicFile.h"
-#include "Missing.h"
 #include "NumberText.h"
 #include "PELOLineSignature.h"
 #include "Text.h"

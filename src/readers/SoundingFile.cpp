@@ -1,6 +1,7 @@
 #include "SoundingFile.h"
 
 #include "NumberText.h"
+#include "SoundingLines.h"
 #include "Text.h"
 #include "UtcTime.h"
 
@@ -32,11 +33,29 @@ std::int64_t SoundingFile::unixLaunchObsTime() {
         return _unixLaunchObsTime;
     }
     const std::vector<std::string> clock = tokenize(_launchObsTime, ":");
-    if (clock.size() == 3 || clock.size() == 4) {
-        _unixLaunchObsTime =
-            utcSeconds(_year, _month, _day, integerOf(clock[0]), integerOf(clock[1]), integerOf(clock[2]));
+    if (clock.size() != 3 && clock.size() != 4) {
+        return kUnknownTime;
+    }
+    const int hour = integerOf(clock[0].substr(clock[0].find_last_of(" T") + 1)); // a date may stand ahead of it
+    const int min = integerOf(clock[1]);
+    const int sec = integerOf(clock[2]);
+    const auto within = [](int value, int greatest) { return value >= 0 && value <= greatest; };
+    if (within(hour, 23) && within(min, 59) && within(sec, 59)) {
+        _unixLaunchObsTime = nearLaunch(utcSeconds(_year, _month, _day, hour, min, sec));
     }
     return _unixLaunchObsTime;
+}
+
+/// \p time on the day of the launch, or on the day ahead of it or behind it when that is nearer to the launch.
+std::int64_t SoundingFile::nearLaunch(std::int64_t time) const {
+    constexpr std::int64_t kDay = 86400; // s
+    const std::int64_t late = dated() ? time - utcSeconds(_year, _month, _day, _hour, _min, _sec) : 0;
+    return late > kDay / 2 ? time - kDay : late < -kDay / 2 ? time + kDay : time;
+}
+
+void SoundingFile::tellLongLine(std::size_t lineNumber) {
+    _errorMsg += "- Line " + std::to_string(lineNumber) + " is longer than " + std::to_string(kLongestLine) +
+                 " characters; the rest of the file was not read.\n";
 }
 
 void SoundingFile::warnOnce(const std::string& warning) {

@@ -32,6 +32,8 @@ public:
 
     bool isValid() const { return _valid; }
     std::string getErrorMsg() const { return _errorMsg; }
+    /// Adds to the error text that the reading of the file ended with a line that was too long.
+    void tellLongLine(std::size_t lineNumber);
     std::vector<std::string> getSummaryInfo() const { return _summaryInfo; }
     /// The file name without directories, a blank, and what the file says of itself.
     std::string description() const;
@@ -96,7 +98,8 @@ public:
     double ptuWindTimeDiff() const { return _ptuWindTimeDiff; }
     std::string launchObsSource() const { return _launchObsSource; }
     std::string launchObsTime() const { return _launchObsTime; }
-    /// The time of the launch observation on the day of the launch, s since 1970, or -999 when it isn't told.
+    /// The time of the launch observation, s since 1970, or -999 when it isn't told. Its day is the one that brings it
+    /// within half a day of the launch, whatever date is told with it.
     std::int64_t unixLaunchObsTime();
     static constexpr std::int64_t kUnknownTime = -999;
 
@@ -200,6 +203,8 @@ protected:
     std::vector<std::pair<std::string, std::string>> _mw41metadata;
 
 private:
+    std::int64_t nearLaunch(std::int64_t time) const;
+
     bool _valid;
     std::vector<std::string> _lines;
     std::size_t _nextLine = 0;

@@ -12,6 +12,7 @@
 #include "TroveFile.h"
 #include "VestaFile.h"
 #include "WMOFile.h"
+#include "Words.h"
 #include "ZORFile.h"
 
 #include <algorithm>
@@ -96,7 +97,7 @@ std::string lowerCaseHeader(const Lines& lines) {
 /// seventh line tells it from those.
 bool isTroveProduct(const std::string& header, const Lines& lines) {
     constexpr std::size_t kEmptyLine = 6;
-    return isOf(kFormats.back(), header) && lines.size() > kEmptyLine && trimBoth(lines[kEmptyLine]) == "/";
+    return isOf(kFormats.back(), header) && lines.size() > kEmptyLine && trimmed(lines[kEmptyLine]) == "/";
 }
 
 } // namespace
@@ -107,6 +108,7 @@ std::unique_ptr<SoundingFile> SoundingFileFactory::newSoundingFile(ConfigSet& co
         return nullptr;
     }
     Lines lines = readLines(*stream);
+    const std::size_t lastLine = lines.size();
     const std::string header = lowerCaseHeader(lines);
     const auto* format = isTroveProduct(header, lines)
                              ? &kFormats.back()
@@ -118,5 +120,9 @@ std::unique_ptr<SoundingFile> SoundingFileFactory::newSoundingFile(ConfigSet& co
     if (format->linesAs == LinesAs::Text) {
         lines = preprocess(std::move(lines));
     }
-    return format->maker(config, std::move(fileName), std::move(lines));
+    auto file = format->maker(config, std::move(fileName), std::move(lines));
+    if (endedByLongLine(*stream)) {
+        file->tellLongLine(lastLine);
+    }
+    return file;
 }

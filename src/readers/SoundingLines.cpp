@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr std::size_t kLineBuffer = 499; // 498 characters and the terminator
+constexpr std::size_t kLineBuffer = kLongestLine + 1; // the terminator
 
 bool isPrintableAscii(char c) {
     return c >= ' ' && c <= '~';
@@ -29,6 +29,10 @@ std::vector<std::string> readLines(std::istream& stream) {
         lines.emplace_back(blank ? std::string_view() : line);
     }
     return lines;
+}
+
+bool endedByLongLine(const std::istream& stream) {
+    return stream.fail() && !stream.bad() && !stream.eof();
 }
 
 std::vector<std::string> preprocess(std::vector<std::string> lines) {

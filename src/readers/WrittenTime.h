@@ -22,7 +22,8 @@ struct WrittenTime {
 
     /// Seconds since 1970.
     double seconds() const;
-    /// No field lies beyond what any calendar writes; nothing stricter than that.
+    /// Seconds, minutes and hours are 59 at most, the day 31 and the month 12. An hour beyond the day counts on into
+    /// the next.
     bool inRange() const { return sec <= 59 && min <= 59 && hour <= 59 && day <= 31 && month <= 12; }
     /// "2021-08-01 12:00:03"
     std::string text() const;

@@ -70,6 +70,13 @@ TEST(BatchTool, TellsWrongUsage) {
     EXPECT_EQ(folder.size(), 0) << "nothing was made";
 }
 
+TEST(BatchTool, AnEmptyNameIsNoFile) {
+    const TemporaryFolder folder;
+    const Outcome outcome = tool(folder, "--out out --formats raw-csv ''");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.err, HasSubstr("The file can't be opened: No such file or directory"));
+}
+
 TEST(BatchTool, ProcessesTheExamples) {
     const TemporaryFolder folder;
     const Outcome outcome =

@@ -74,6 +74,7 @@ public:
         const Doubles time(static_cast<std::size_t>(n), 0.0);
         const Doubles pres(static_cast<std::size_t>(n), 1000.0);
         const Doubles none(static_cast<std::size_t>(n), kMissing);
+        const Doubles lons(static_cast<std::size_t>(n), lon);
         const double* no = none.data();
         testing::internal::CaptureStderr();
         std::unique_ptr<TarvoToBUFR> bufr;
@@ -84,7 +85,7 @@ public:
         }
         std::ostringstream stream;
         const bool processed =
-            bufr->process(n, meta, attributes, levels, time.data(), pres.data(), no, no, no, no, no, no, no);
+            bufr->process(n, meta, attributes, levels, time.data(), pres.data(), no, no, no, no, no, lons.data(), no);
         const bool saved = bufr->save(&stream);
         said = testing::internal::GetCapturedStderr();
         message = stream.str();
@@ -102,6 +103,7 @@ public:
     }
 
     SndMetaData meta;
+    double lon = kMissing; ///< of all rows, degrees
     TarvoToBUFR::Attributes attributes;
     std::string message;
     std::string said;
@@ -144,6 +146,30 @@ TEST(BufrRows, AreOneForEachSecond) {
     BufrRows none = rowsOf({}, {});
     none.resample_data();
     EXPECT_EQ(none.size(), 0U);
+}
+
+TEST(BufrRows, AverageLongitudesAcrossTheDateLine) {
+    const std::pair<Doubles, double> cases[] = {
+        {{179.75, kMissing, -179.75}, -180.0},
+        {{-179.75, 179.75}, -180.0},
+        {{179.5, -179.75, -179.75}, -180.0},
+        {{179.25, 179.75, -179.75}, 179.75},
+        {{-179.5, 179.75}, -179.875},
+        {{10.0, 10.5}, 10.25},
+        {{kMissing, -75.5}, -75.5},
+        {{kMissing}, kMissing},
+        {{}, kMissing},
+    };
+    for (const auto& [longitudes, mean] : cases) {
+        BufrRows rows = rowsOf(Doubles(longitudes.size(), 1.0), {{BufrRows::Lon, longitudes}});
+        rows.resample_data();
+        Doubles all = longitudes;
+        EXPECT_EQ(BufrRows::average_longitudes(all), mean);
+        EXPECT_TRUE(all.empty());
+        if (rows.size() > 0) {
+            EXPECT_EQ(rows.value(BufrRows::Lon, rows.size() - 1), mean);
+        }
+    }
 }
 
 TEST(BufrRows, AnEmptyLaunchRowStaysOfADropsonde) {
@@ -235,6 +261,25 @@ TEST(TarvoToBUFR, NamesStationAndSonde) {
     EXPECT_EQ(product.data(362, 4), 4U) << "solar correction";
     EXPECT_EQ(product.data(366, 7), 19U);
     EXPECT_EQ(product.said, "");
+}
+
+TEST(TarvoToBUFR, TheDisplacementCrossesTheDateLine) {
+    // 603 bits of the head and the count of rows, then time (15), flags (18), pressure (14), height (17) and the
+    // displacement in latitude (25); that in longitude counts from -180 degrees in steps of 0.00001.
+    struct {
+        double launch;
+        double lon;
+        double displacement;
+    } const cases[] = {{179.9, -179.95, 0.15}, {-179.9, 179.95, -0.15}, {-75.0, -74.5, 0.5},
+                       {0.0, -180.0, -180.0},  {10.0, -175.0, 175.0},   {200.0, -159.0, 1.0}};
+    for (const auto& c : cases) {
+        MadeProduct product;
+        product.meta.launchLat.set(10.0);
+        product.meta.launchLon.set(c.launch);
+        product.lon = c.lon;
+        ASSERT_TRUE(product.code(1)) << product.said;
+        EXPECT_NEAR(product.data(692, 26) * 1e-5 - 180.0, c.displacement, 1e-9) << c.launch << " " << c.lon;
+    }
 }
 
 TEST(TarvoToBUFR, FillsSection1) {

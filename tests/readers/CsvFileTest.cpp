@@ -48,6 +48,17 @@ TEST(CsvFile, AnEmptyFieldIsMissing) {
     EXPECT_EQ(file->numRhChan(), 2);
 }
 
+TEST(CsvFile, ARecordWithoutATimeIsToldOnce) {
+    for (const char* time : {"", "-999", "nan", "x12", "-", "\"2.0\""}) {
+        const std::string record = "Data," + std::string(time) + ",998\n";
+        const auto file = readText(kHead + kData + "Data,1.0,999\n" + record + record);
+        EXPECT_TRUE(file->isValid());
+        EXPECT_EQ(file->dataPoints(), 4);
+        EXPECT_EQ(file->getErrorMsg(), "- There is no time in line 11\n") << time;
+    }
+    EXPECT_EQ(readText(kHead + kData + "Data,-.5,999\nData, +1,999\nData,2s,998\n")->getErrorMsg(), "");
+}
+
 // Which of "Data,1,2", "Data,1,2,3", "Data,1,2,3,4" count.
 TEST(CsvFile, TakesDataOfTheLengthOfTheFieldsLine) {
     const std::string data = "Data,1,2\nData,1,2,3\nData,1,2,3,4\n";
@@ -75,7 +86,7 @@ TEST(CsvFile, ParametersGoToTheirFields) {
         "Latitude,1.5,\"units=deg\"\nLONGITUDE,2.5\nPressure,3.5\nTemperature,4.5\nrh,5.5\nSpeed,6.5\nDirection,7.5\n"
         "Altitude,8.5\nGpsAltitude,9.5\nComments,\"A quiet Day\"\nDataType,a\nEquipmentType,b\nPlatformType,c\n"
         "PlatformId,d\nProject,e\nFlight,f\nPtuWindTimeDiff,\"0.25\"\nRadiationCorr,g\nTrackingType,h\nSondeId,i\n"
-        "SondeType,j\nOperator,k\nLaunchObsSource,l\nLaunchObsTime,m\nSondeModel,n\nLaunchSite,o\nThermoSensor,p\n"
+        "SondeType,23\nOperator,k\nLaunchObsSource,l\nLaunchObsTime,m\nSondeModel,n\nLaunchSite,o\nThermoSensor,p\n"
         "Agency,q\nComments\n");
     const double launch[] = {file->launchLat(),  file->launchLon(), file->launchPres(),
                              file->launchTdry(), file->launchRH(),  file->launchWspd(),
@@ -86,10 +97,20 @@ TEST(CsvFile, ParametersGoToTheirFields) {
                   file->flight() + file->WMOradCorrection() + file->WMOtrackingType() + file->sondeId() +
                   file->WMOsondeType() + file->sysOperator() + file->launchObsSource() + file->launchObsTime() +
                   file->sondeModel() + file->siteId() + file->thermoSensor(),
-              "abcdefghijklmnop");
+              "abcdefghi23klmnop");
     EXPECT_EQ(file->ptuWindTimeDiff(), 0.25);
     EXPECT_EQ(file->year() * 10000 + file->month() * 100 + file->day(), 20210801);
     EXPECT_EQ(file->hour() * 10000 + file->min() * 100 + file->sec(), 120003);
+}
+
+TEST(CsvFile, TheSondeTypeIsACodeFigure) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"7", "7"},         {"23", "23"}, {"123", "123"}, {"\"//\"", "//"}, {"1234", "90"},
+        {"RS41-SGP", "90"}, {"2a", "90"}, {"/", "90"},    {"-1", "90"},     {"", "90"},
+    };
+    for (const auto& [value, type] : cases) {
+        EXPECT_EQ(readText(kHead + kData + "SondeType," + value)->WMOsondeType(), type) << value;
+    }
 }
 
 TEST(CsvFile, AnEmptyOrUnusableLaunchValueIsMissing) {

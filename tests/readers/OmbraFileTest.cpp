@@ -75,6 +75,17 @@ TEST(OmbraFile, AbsentWordsAreZeroAndOddOnesRead) {
                 ElementsAre(900.5, 0, -999, -999, 10, 0, 0, 0, 0, 0, 0, 0, 0, 0));
 }
 
+TEST(OmbraFile, ALineThatIsCutOffIsTold) {
+    const std::string whole = shortDrop(); // two lines ahead of 31 frames
+    const std::string missing = "- Values are missing at the end of line ";
+    EXPECT_EQ(readText(whole)->getErrorMsg(), "");
+    EXPECT_EQ(readText(whole.substr(0, whole.size() - 20))->getErrorMsg(), missing + "33\n");
+    Frame aircraft;
+    aircraft.key = "A00";
+    EXPECT_EQ(readText(whole + frameText(aircraft))->getErrorMsg(), "");
+    EXPECT_EQ(readText(whole + frameText(aircraft, false))->getErrorMsg(), missing + "34\n");
+}
+
 TEST(OmbraFile, TheVersionAppliesToAllFramesWhereverItStands) {
     const std::string head = "OMBRA-T01 COM\n" + launchLine(0.0);
     const std::string frame = frameText({});

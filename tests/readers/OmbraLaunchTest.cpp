@@ -89,7 +89,9 @@ TEST(OmbraLaunch, WhereTheTimeComesFrom) {
 }
 
 TEST(OmbraLaunch, MidnightIsALaunchOnlyOnTheLaunchLine) {
-    const std::string frame = "OMBRA-D01 S00 204715063 210801 000001.00 500\n";
+    Frame behindMidnight;
+    behindMidnight.second = 1.0 - 12.0 * 3600.0;
+    const std::string frame = frameText(behindMidnight);
     EXPECT_TRUE(readText("OMBRA-T01 LAU 204715063 210801 000000.00\n" + frame)->isValid());
     const auto file = readText(timeComment("2021-08-01, 00:00:00") + frame);
     EXPECT_FALSE(file->isValid());

@@ -11,6 +11,15 @@ namespace {
 
 using Series_ = Series* (SoundingFile::*)();
 
+/// A store that counts what is written to it.
+class ChangesRegistry : public Registry {
+public:
+    using Registry::set;
+    void set(const std::string& /*key*/, double /*value*/) override { ++changes; }
+
+    int changes = 0;
+};
+
 std::vector<double> dataOf(SoundingFile& file, Series_ series) {
     std::vector<double> data;
     for (int i = 0; i <= (file.*series)()->lastIndex(); ++i) {
@@ -286,7 +295,7 @@ TEST(PassThrough, IsForcedOnceForTheGivenSetOnly) {
     };
     for (const auto& [text, notice] : formats) {
         for (const double mode : {0.0, 1.0, 2.0, 3.0}) {
-            Registry registry;
+            ChangesRegistry registry;
             ConfigSet config(&registry);
             ConfigSet other(&registry);
             config.add("DoQC", mode, true, false, true);
@@ -300,6 +309,8 @@ TEST(PassThrough, IsForcedOnceForTheGivenSetOnly) {
             EXPECT_EQ(now, notice.empty() ? mode : 2.0);
             other.value("DoQC", now);
             EXPECT_EQ(now, mode);
+            EXPECT_FALSE(config.changed()) << "there is nothing that the user could be asked to save";
+            EXPECT_EQ(registry.changes, 0);
         }
     }
 }

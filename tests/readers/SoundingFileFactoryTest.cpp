@@ -1,6 +1,8 @@
 #include "ReadText.h"
+#include "Text.h"
 
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace {
 
@@ -38,6 +40,7 @@ TEST(SoundingFileFactory, TellsTheFormatFromTheFirstTwoLines) {
         {"Data Type: x\nProject ID: y", "Trove"},
         {"Data Type: x\nProject ID: metadata", "Mw41"},
         {"Data Type: MIRRA\nProject ID: y\n3\n4\n5\n6\n/\n", "Trove"},
+        {"Data Type: MIRRA\r\nProject ID: y\r\n3\r\n4\r\n5\r\n6\r\n/\r\n", "Trove"},
         {"Data Type: MIRRA\nProject ID: y\n3\n4\n5\n6\nMet\n", "Mirra"},
         {"Data Type/Direction: Vesta/Ascending\nFile Format/Version: ZOR Sounding Format/1.1", "Zor"},
         {"Data Type: x\nDropWindSonde Project ID:", "Frd"},
@@ -69,6 +72,27 @@ TEST(SoundingFileFactory, NeedsAStreamThatCanBeRead) {
     EXPECT_EQ(SoundingFileFactory::newSoundingFile(config, "x", &failed), nullptr);
 }
 
+TEST(SoundingFileFactory, TellsWhichLineEndedTheReading) {
+    const std::string head = "FileFormat,CSV\nYear,2021\nMonth,08\nDay,1\nHour,12\nMinute,00\nSecond,03\n"
+                             "Fields,Time,Pressure\n\nData,0.5,1000\n";
+    const std::string comment = "Comments,";
+    const auto comments = [&](std::size_t length) { return comment + std::string(length - comment.size(), 'x'); };
+    const std::string notice = "- Line 11 is longer than 498 characters; the rest of the file was not read.\n";
+    const std::tuple<std::string, int, std::string> cases[] = {
+        {head + comments(498) + "\nData,1.0,999\n", 2, ""},
+        {head + comments(499) + "\nData,1.0,999\n", 1, notice},
+        {head + comments(498), 1, ""},
+        {head + comments(499), 1, notice},
+    };
+    for (const auto& [text, points, told] : cases) {
+        const auto file = readText(text);
+        EXPECT_TRUE(file->isValid());
+        EXPECT_EQ(file->dataPoints(), points);
+        EXPECT_EQ(file->getErrorMsg(), told);
+    }
+    EXPECT_EQ(readText(std::string(600, 'x')), nullptr);
+}
+
 TEST(SoundingFile, DescribesItselfByTheFileName) {
     const std::string text = "FileFormat,CSV\nSoundingDescription,\"Rain\"";
     const std::pair<const char*, const char*> cases[] = {
@@ -88,11 +112,34 @@ TEST(SoundingFile, TheTimeOfTheLaunchObservationIsOnTheDayOfTheLaunch) {
         {"12:00", -999},
         {"unknown", -999},
         {"1:2:3:4:5", -999},
-        {"0:0:99999999999", 1627776000 + std::int64_t{2147483647}},
+        {"0:0:99999999999", -999},
+        {"24:00:00", -999},
+        {"23:60:00", -999},
+        {"23:00:60", -999},
+        {"-1:00:00", -999},
+        {"2021-08-01T12:00:03", 1627819203},
+        {"01/08/2021 12:00:03", 1627819203},
+        {"20210801:12:00:03", -999},
     };
     for (const auto& [text, seconds] : cases) {
         const auto file = readText("FileFormat,CSV\nYear,2021\nMonth,8\nDay,1\nLaunchObsTime," + std::string(text));
         EXPECT_EQ(file->unixLaunchObsTime(), seconds) << text;
         EXPECT_EQ(file->unixLaunchObsTime(), seconds) << text << ", asked again";
+    }
+}
+
+TEST(SoundingFile, TheLaunchObservationIsWithinHalfADayOfTheLaunch) {
+    constexpr std::int64_t kMidnight = 1627776000; // 2021-08-01 00:00:00
+    const std::tuple<const char*, const char*, std::int64_t> cases[] = {
+        {"0,0,3", "23:59:50", kMidnight - 10},       {"0,0,3", "12:00:03", kMidnight + 43203},
+        {"0,0,3", "12:00:04", kMidnight - 43196},    {"23,59,50", "00:00:03", kMidnight + 86403},
+        {"23,59,50", "11:59:50", kMidnight + 43190}, {"23,59,50", "11:59:49", kMidnight + 129589},
+        {"12,0,0", "00:00:00", kMidnight},
+    };
+    for (const auto& [launch, observation, seconds] : cases) {
+        const std::vector<std::string> clock = tokenize(launch, ",");
+        const auto file = readText("FileFormat,CSV\nYear,2021\nMonth,8\nDay,1\nHour," + clock[0] + "\nMinute," +
+                                   clock[1] + "\nSecond," + clock[2] + "\nLaunchObsTime," + observation);
+        EXPECT_EQ(file->unixLaunchObsTime(), seconds) << launch << " " << observation;
     }
 }

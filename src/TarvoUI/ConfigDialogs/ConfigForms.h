@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string_view>
 #include <vector>
 
 /// One option of a form. What a form shows is a table of these; their widgets are named after the keys.

@@ -36,7 +36,6 @@ struct ValueColumn {
 };
 
 constexpr int kFirstValueColumn = 2;
-constexpr int kDepressionColumn = 5;
 constexpr std::array<ValueColumn, 9> kValueColumns{{
     {"Time (s)", LFtime, LFnone, 1.0, 1},
     {"Pres (mb)", LFpres, LFnone, 1.0, 1},

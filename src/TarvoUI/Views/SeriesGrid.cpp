@@ -14,35 +14,21 @@ constexpr std::uint32_t kOrders = Value::QcIgnore | Value::QcKeep;
 
 } // namespace
 
-const std::vector<AttributeMark>& attributeMarks() {
-    static const std::vector<AttributeMark> marks{
-        {Value::ObsFlight, "F ", ":/Images/FlagF.png", "F: Obs-Flight\n"},
-        {Value::ObsSurface, "S ", ":/Images/FlagS.png", "S: Obs-Surface\n"},
-        {Value::CrcPtu, "P ", ":/Images/FlagP.png", "P: CRC-PTU\n"},
-        {Value::CrcGps, "G ", ":/Images/FlagG.png", "G: CRC-GPS\n"},
-        {Value::QcIgnore, "Ig ", ":/Images/FlagIg.png", "Ig: QC-Ignore\n"},
-        {Value::QcKeep, "Kp ", ":/Images/FlagKp.png", "Kp: QC-Keep\n"},
-        {Value::QcAmbientEquilibration, "Ae ", ":/Images/FlagAe.png", "Ae: QC-AmbientEquilibration\n"},
-        {Value::QcLimitCheck, "Lc ", ":/Images/FlagLc.png", "Lc: QC-LimitCheck\n"},
-        {Value::QcSatsCheck, "Sc ", ":/Images/FlagSc.png", "Sc: QC-SatsCheck\n"},
-        {Value::QcBuddyCheck, "Bc ", ":/Images/FlagBc.png", "Bc: QC-BuddyCheck\n"},
-        {Value::QcOutlierCheck, "Oc ", ":/Images/FlagOc.png", "Oc: QC-OutlierCheck\n"},
-        {Value::QcFilterCheck, "Fc ", ":/Images/FlagFc.png", "Fc: QC-FilterCheck\n"},
-        {Value::QcMonotonicPresCheck, "Pc ", ":/Images/FlagPc.png", "Pc: QC-MonotonicPresCheck\n"},
-        {Value::QcVerticalVelCheck, "Vc ", ":/Images/FlagVc.png", "Vc: QC-VerticalVelCheck\n"},
-        {Value::QcRHThreshold, "Rh ", ":/Images/FlagRh.png", "Rh: QC-RHThreshold\n"},
-        {Value::DryBiasCorrection, "Bias ", ":/Images/FlagDb.png", "Bias: Dry bias correction\n"},
-        {Value::QcWindErrorCheck, "We ", ":/Images/FlagWe.png", "We: QC-WindErrorCheck\n"},
-        {Value::AfterEndOfDrop, "EoD ", ":/Images/FlagNone.png", "EoD: After end-of-drop time\n"},
-    };
-    return marks;
+const std::array<const char*, kAttributeTexts.size()>& attributeIcons() {
+    static constexpr std::array<const char*, kAttributeTexts.size()> kIcons{
+        {":/Images/FlagF.png", ":/Images/FlagS.png", ":/Images/FlagP.png", ":/Images/FlagG.png", ":/Images/FlagIg.png",
+         ":/Images/FlagKp.png", ":/Images/FlagAe.png", ":/Images/FlagLc.png", ":/Images/FlagSc.png",
+         ":/Images/FlagBc.png", ":/Images/FlagOc.png", ":/Images/FlagFc.png", ":/Images/FlagPc.png",
+         ":/Images/FlagVc.png", ":/Images/FlagRh.png", ":/Images/FlagDb.png", ":/Images/FlagWe.png",
+         ":/Images/FlagNone.png"}};
+    return kIcons;
 }
 
 SeriesGrid::SeriesGrid(std::vector<GridColumn> columns, bool withAttributes, QObject* parent)
     : QAbstractTableModel(parent), _columns(std::move(columns)), _withAttributes(withAttributes) {
     if (withAttributes) {
-        for (const AttributeMark& mark : attributeMarks()) {
-            _icons.emplace_back(mark.icon);
+        for (const char* icon : attributeIcons()) {
+            _icons.emplace_back(icon);
         }
     }
 }
@@ -104,9 +90,9 @@ QString SeriesGrid::attributeText(int row) const {
     std::uint32_t told = 0;
     for (int column = 0; column < static_cast<int>(_columns.size()); ++column) {
         const std::uint32_t news = attributes(row, column) & ~told;
-        for (const AttributeMark& mark : attributeMarks()) {
-            if ((news & mark.bit) != 0) {
-                text += mark.text;
+        for (const AttributeText& mark : kAttributeTexts) {
+            if ((news & mark.attribute) != 0) {
+                text += QString(mark.abbreviation) + " ";
             }
         }
         told |= news;
@@ -143,9 +129,9 @@ QVariant SeriesGrid::tip(int row, int column) const {
     if (isAttributeColumn(column)) {
         QString text;
         const std::uint32_t all = attributesOfRow(row);
-        for (const AttributeMark& mark : attributeMarks()) {
-            if ((all & mark.bit) != 0) {
-                text += mark.tip;
+        for (const AttributeText& mark : kAttributeTexts) {
+            if ((all & mark.attribute) != 0) {
+                text += QString(mark.tip) + "\n";
             }
         }
         text.chop(1);
@@ -162,7 +148,7 @@ QVariant SeriesGrid::tip(int row, int column) const {
 QVariant SeriesGrid::icon(int row, int column) const {
     const std::uint32_t word = attributes(row, column);
     for (std::size_t i = _icons.size(); i-- > 0;) {
-        if ((word & attributeMarks()[i].bit) != 0) {
+        if ((word & kAttributeTexts[i].attribute) != 0) {
             return _icons[i];
         }
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "AttributeTexts.h"
+
 #include <QAbstractTableModel>
 #include <QColor>
 #include <QIcon>
@@ -17,16 +19,8 @@ struct GridColumn {
     int width;          ///< of a listing, characters
 };
 
-/// The text, icon and explanation of one attribute of a value.
-struct AttributeMark {
-    std::uint32_t bit;
-    const char* text;
-    const char* icon;
-    const char* tip;
-};
-
-/// From the lowest bit to the highest.
-const std::vector<AttributeMark>& attributeMarks();
+/// The icon of each attribute of a value, in the order of kAttributeTexts.
+const std::array<const char*, kAttributeTexts.size()>& attributeIcons();
 
 /// The rows of a sounding as a view wants them. It holds the numbers and makes each text when it is looked at: a
 /// sounding may have tens of thousands of rows.
@@ -74,5 +68,5 @@ private:
     int _rows = 0;
     std::vector<double> _values;
     std::vector<std::uint32_t> _attributes;
-    std::vector<QIcon> _icons; // of attributeMarks()
+    std::vector<QIcon> _icons; // of attributeIcons()
 };

@@ -6,7 +6,6 @@
 #include "UiText.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPainter>

@@ -7,8 +7,8 @@
 
 namespace {
 
-constexpr double kKnotsPerMs = 1.944;
-constexpr double kWspdStep = 5.0; // of the top of the speed axis
+constexpr double kKnotsPerMs = 1.944; // nearer than the 1.94 of levels and messages
+constexpr double kWspdStep = 5.0;     // of the top of the speed axis
 constexpr TraceScale kFullCircle{false, 0.0, 360.0};
 constexpr double kMostSats = 20.0;
 constexpr double kSatsMinUp = 0.0;

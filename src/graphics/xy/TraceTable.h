@@ -3,7 +3,6 @@
 #include "Trace.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <vector>
 
 /// What a plot shows: the numbers are those of the interface.

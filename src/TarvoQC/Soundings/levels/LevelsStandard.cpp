@@ -2,7 +2,6 @@
 #include "LevelParts.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 

@@ -5,8 +5,7 @@
 // What the process environment decides. For the main thread.
 
 /// Puts \p text (such as "TZ=GMT0") into the process environment and makes the time functions take it up. A text
-/// without
-/// "=" changes nothing.
+/// without "=" changes nothing.
 void setTimeZone(const std::string& text);
 
 /// Looks for a file of the configuration: \p fileName in the folder named by the environment variable \p envVar (or

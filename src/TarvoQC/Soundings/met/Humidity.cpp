@@ -11,12 +11,17 @@ namespace {
 constexpr double kKelvin = 273.15;                     // K at 0 deg C
 constexpr double kVapourDeficit = 0.37806393702962093; // 1 less the ratio of the molar masses of vapour and dry air
 
-// Vapour pressure over water as 10^(A - B/T), and B ln(10), its logarithmic slope times T squared.
+// Vapour pressure over water, mb, as 10^(A - B/T), and B ln(10), its logarithmic slope times T squared.
 constexpr double kVapourA = 9.4051;
 constexpr double kVapourB = 2353.0;       // K
 constexpr double kVapourSlope = 5417.98;  // K
 constexpr double kDewPtTolerance = 0.005; // K
 constexpr int kDewPtMaxSteps = 1000;      // a dew point takes a few dozen at most; without one the steps have no end
+
+// Goff and Gratch (1946): the steam point, and the logarithm of the pressure there, 1013.246 mb.
+constexpr double kSteamPoint = 373.16; // K
+constexpr double kLogSteamPressure = 3.0057148979490314;
+constexpr double kMassRatio = 0.62197; // of vapour and dry air, as qsatw() takes it; kVapourDeficit has 0.62194
 
 double virtualTemperature(double p, double Tk, double e) {
     return Tk / (1.0 - e / (p - e) * kVapourDeficit);
@@ -79,12 +84,12 @@ double Tv(double p, double t, double rh) {
 }
 
 double qsatw(double Tk, double p) {
-    const double x = 373.16 / Tk;
-    const double logEs = 3.0057148979490314 - 7.90298 * (x - 1.0) + 5.02808 * std::log10(x) -
-                         1.3816e-7 * (std::pow(10.0, 11.344 * (1.0 - Tk / 373.16)) - 1.0) +
+    const double x = kSteamPoint / Tk;
+    const double logEs = kLogSteamPressure - 7.90298 * (x - 1.0) + 5.02808 * std::log10(x) -
+                         1.3816e-7 * (std::pow(10.0, 11.344 * (1.0 - Tk / kSteamPoint)) - 1.0) +
                          8.1328e-3 * (std::pow(10.0, -3.49149 * (x - 1.0)) - 1.0);
     const double es = std::pow(10.0, logEs);
-    return 0.62197 * es / (p - es);
+    return kMassRatio * es / (p - es);
 }
 
 void dpArray(const double* tdry, const double* rh, double* out, int n) {

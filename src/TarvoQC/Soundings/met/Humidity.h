@@ -22,10 +22,13 @@ double rh(double t, double dp, double p);
 /// The dew points of \p n pairs of temperature (deg C) and RH (%); -999.0 in either gives -999.0.
 std::vector<double> makeDp(int n, const double* tdry, const double* rh);
 
-/// Virtual temperature, K, of air at \p p (mb), \p t (deg C) and \p rh (%).
+/// Virtual temperature, K, of air at \p p (mb, above the vapour pressure), \p t (deg C) and \p rh (%), over the
+/// saturation vapour pressure of Hardy (1998). As it has always been computed here, with e / (p - e) where the
+/// definition has e / p.
 double Tv(double p, double t, double rh);
 
-/// Saturation mixing ratio over water, kg/kg, at \p Tk (K) and \p p (mb). Goff and Gratch (1946).
+/// Saturation mixing ratio over water, kg/kg, at \p Tk (K) and \p p (mb, above the vapour pressure). Goff and Gratch
+/// (1946).
 double qsatw(double Tk, double p);
 
 // Whole columns of \p n values. An output element is -999.0 unless every input at its index is above -999.0.

@@ -6,9 +6,9 @@
 
 namespace {
 
-constexpr double kThicknessConstant = 0.034164; // K/m, g/R of dry air, as deltaZ() takes it
+constexpr double kThicknessConstant = 0.034164; // K/m, gravity over the gas constant of dry air, as deltaZ() takes it
 constexpr double kPressureConstant = 0.03414;   // K/m, the same quantity as hydroP() takes it
-constexpr double kVirtualFactor = 0.609;        // virtual temperature per mixing ratio, kg/kg
+constexpr double kVirtualFactor = 0.609;        // what vapour adds to the virtual temperature, by mixing ratio, kg/kg
 
 } // namespace
 

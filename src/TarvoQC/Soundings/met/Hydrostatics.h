@@ -1,7 +1,8 @@
 #pragma once
 
-// The hydrostatic equation between two levels of moist air. Pressures in mb, temperatures in deg C, RH in percent,
-// heights in m.
+// The hydrostatic equation between two levels of moist air, integrated to the hypsometric equation with one mean
+// virtual temperature. Pressures in mb and above the vapour pressure, temperatures in deg C, RH in percent, heights in
+// m.
 
 /// Thickness, m, from level 1 to level 2, positive when \p p2 is below \p p1. The mean virtual temperature of the layer
 /// is weighted with the logarithms of the two pressures.

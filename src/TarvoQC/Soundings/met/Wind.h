@@ -1,6 +1,7 @@
 #pragma once
 
-/// From m/s to knots, in levels and messages; the exact factor is 1.9438.
+/// From m/s to knots, in levels and messages. The exact factor is 1.9438; the XY graph takes 1.944, and a message is
+/// read back with 0.5144 m/s to the knot, as products and pictures have always had them.
 constexpr double kKnotsPerMetrePerSecond = 1.94;
 
 // Wind in its two forms. The angles of a direction count from north through east, and tell where the wind comes from.

@@ -10,6 +10,22 @@ namespace {
 constexpr double kDefaultTimeConstants = 5.5; // of RH, without a pressure to tell the time constant by
 constexpr double kDefaultPressure = 250.0;    // mb, what an unknown ambient pressure counts as elsewhere
 
+// The RH sensor of the RS41 goes by fits over the ambient temperature t (deg C), whose source isn't known: its time
+// constant is kRS41Time - kRS41TimeSlope t, and what is left of the temperature difference when it has settled, in K,
+// exp(kRS41Settled + kRS41SettledSlope t).
+constexpr double kRS41Time = 25.385;          // s
+constexpr double kRS41TimeSlope = 0.1416;     // s/K
+constexpr double kRS41Settled = 3.057;        // logarithm of K
+constexpr double kRS41SettledSlope = 0.00684; // 1/K
+constexpr double kRS41AboveCabin = 4.5;       // K, added to the temperature of the cabin
+
+// Saturation vapour pressure over water goes as exp(kMagnusFactor t / (t + kMagnusOffset)), t in deg C. Bolton (1980),
+// The Computation of Equivalent Potential Temperature, equation 10.
+constexpr double kMagnusFactor = 17.67;
+constexpr double kMagnusOffset = 243.5; // K
+
+constexpr double kLeastRH = 1.0; // %, what less than that counts as
+
 } // namespace
 
 double AmbientPoint::numTimeConstants(double difference, double accuracy) {
@@ -33,9 +49,13 @@ AmbientPoint::Equilibration AmbientPoint::temperature(const Series* tdrySeries, 
 
 AmbientPoint::Equilibration AmbientPoint::RH(const Series* rhSeries, const Series* presSeries, double rh, double tdry,
                                              double cabinTemp, double accuracy) const {
+    if (rhSeries->empty()) {
+        return {};
+    }
     if (_sensor.getSensorType() == SensorType::RS41) {
-        const double n = -std::log(std::exp(0.00684 * tdry + 3.057) / (cabinTemp + 4.5 - tdry));
-        const double time = (25.385 - 0.1416 * tdry) * n;
+        const double n =
+            -std::log(std::exp(kRS41SettledSlope * tdry + kRS41Settled) / (cabinTemp + kRS41AboveCabin - tdry));
+        const double time = (kRS41Time - kRS41TimeSlope * tdry) * n;
         return std::isfinite(time) ? Equilibration{time, n} : Equilibration{}; // outside is warmer than the cabin
     }
     const double first = rhSeries->time(0);
@@ -49,9 +69,9 @@ AmbientPoint::Equilibration AmbientPoint::RH(const Series* rhSeries, const Serie
         return {first + kDefaultTimeConstants * OmbraRHTimeConstant::atPressure(kDefaultPressure),
                 kDefaultTimeConstants};
     }
-    const double factor = rh >= 1.0 ? rh : 1.0;
-    const double d = 17.67 * std::abs(tdry - cabinTemp) * factor;
-    const double ratio = std::log(accuracy / (d * 243.5 / ((tdry + 243.5) * (tdry + 243.5))));
+    // The RH that a sensor of the cabin's temperature is off, to the first order in the difference.
+    const double d = kMagnusFactor * std::abs(tdry - cabinTemp) * (rh >= kLeastRH ? rh : kLeastRH);
+    const double ratio = std::log(accuracy / (d * kMagnusOffset / ((tdry + kMagnusOffset) * (tdry + kMagnusOffset))));
     const double n = ratio <= 0.0 ? -ratio : 0.0;
     return {timeConstant * n, n};
 }

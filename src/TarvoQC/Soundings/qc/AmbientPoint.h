@@ -19,10 +19,12 @@ public:
     static double numTimeConstants(double difference, double accuracy);
 
     /// For temperature to within \p accuracy (deg C), from the ambient \p pressure (mb) and \p tdry (deg C) and the
-    /// \p cabinTemp (deg C). Nothing for an empty series.
+    /// \p cabinTemp (deg C), for a sonde of \p mass (g) under a parachute of \p chuteArea (cm2) and \p dragCoef.
+    /// Nothing for an empty series.
     Equilibration temperature(const Series* tdrySeries, const Series* presSeries, double pressure, double tdry,
                               double cabinTemp, double accuracy, double mass, double chuteArea, double dragCoef) const;
-    /// For RH to within \p accuracy (%), from the ambient \p rh (%) and \p tdry (deg C).
+    /// For RH to within \p accuracy (%), from the ambient \p rh (%) and \p tdry (deg C) and the \p cabinTemp (deg C).
+    /// Nothing for an empty \p rhSeries.
     Equilibration RH(const Series* rhSeries, const Series* presSeries, double rh, double tdry, double cabinTemp,
                      double accuracy) const;
 

@@ -11,5 +11,10 @@ bool OmbraRHTimeConstant::value(double time, double& out) const {
 }
 
 double OmbraRHTimeConstant::atPressure(double p) {
-    return -0.02921 * p + 18.3 + 3.31e-5 * p * p - 1.4e-8 * p * p * p;
+    // A fit, whose source isn't known.
+    constexpr double kC0 = 18.3;     // s
+    constexpr double kC1 = -0.02921; // s/mb
+    constexpr double kC2 = 3.31e-5;  // s/mb2
+    constexpr double kC3 = 1.4e-8;   // s/mb3, taken off
+    return kC1 * p + kC0 + kC2 * p * p - kC3 * p * p * p;
 }

@@ -2,7 +2,8 @@
 
 #include "SensorType.h"
 
-/// The time constant of a temperature sensor as a cylinder in the air stream.
+/// The time constant of a temperature sensor in the air stream: its heat capacity over the heat that its surface
+/// exchanges with the air, for each degree.
 class RSTdryTC {
 public:
     using T_SENSOR_TYPE = SensorType;
@@ -11,8 +12,8 @@ public:
     virtual ~RSTdryTC() = default;
 
     T_SENSOR_TYPE getSensorType() const { return _type; }
-    /// Time constant, s, at \p pressure (mb), \p tdry (deg C) and a ventilation of \p fallRate (m/s, its sign doesn't
-    /// matter).
+    /// Time constant, s, at \p pressure (mb, above 0), \p tdry (deg C, above absolute zero) and a ventilation of
+    /// \p fallRate (m/s, its sign doesn't matter); infinite without a ventilation.
     double value(double pressure, double tdry, double fallRate) const;
 
 private:

@@ -9,10 +9,13 @@
 
 namespace {
 
+// How much too low the sensor reads, in % of RH, at 0 % (K) and at 100 % (M): sums of the powers 0 to 4 of the
+// temperature in deg C. The source of these fits isn't known.
 constexpr std::array<double, 5> kKi{0.5227, -0.0284, 0.000286, 8.97e-07, -1.26e-09};
 constexpr std::array<double, 5> kMi{1.0757, -0.204, 0.009009, -5.83e-05, -1.04e-06};
-constexpr double kLeastRH = 1.0; // %
-constexpr double kFloorRH = 0.1; // %, what the correction at the source left of a value below its range
+constexpr double kLeastRH = 1.0;  // %, below which a corrected value is none
+constexpr double kFullRH = 100.0; // %
+constexpr double kFloorRH = 0.1;  // %, what the correction at the source left of a value below its range
 
 /// The sum of coefficients times the powers 0 to 4 of \p t.
 double polynomial(const std::array<double, 5>& coefficients, double t) {
@@ -30,7 +33,7 @@ double polynomial(const std::array<double, 5>& coefficients, double t) {
 double biasCorrect(double rh, double t) {
     const double K = polynomial(kKi, t);
     const double M = polynomial(kMi, t);
-    return std::min((rh + K) / ((K - M) / 100.0 + 1.0), 100.0);
+    return std::min((rh + K) / ((K - M) / kFullRH + 1.0), kFullRH);
 }
 
 int TDDryBiasCorr::correct(Series* rh, Series* flagSeries, const Series* tdry, double gap) const {

@@ -3,7 +3,7 @@
 #include "Series.h"
 
 /// RH, %, of a humidity sensor with the temperature-dependent dry bias, corrected; never above 100. \p rh in %, \p t in
-/// deg C.
+/// deg C. The sensor reads too low by an amount that goes linearly from one end of its range to the other.
 double biasCorrect(double rh, double t);
 
 /// The correction of that bias over a series.

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::string_view kSurface = "99";
 constexpr std::string_view kTropopauseStart = "88";
-constexpr double kMetresPerSecond = 0.5144; // in a knot
+constexpr double kMetresPerSecond = 0.5144; // in a knot; not quite the inverse of kKnotsPerMetrePerSecond
 constexpr double kHundredMb = 100.0;
 constexpr double kThousandMb = 1000.0;
 constexpr double kTenths = 10.0;

@@ -2,7 +2,6 @@
 
 #include "BandedMatrix.h"
 
-#include <array>
 #include <memory>
 #include <vector>
 

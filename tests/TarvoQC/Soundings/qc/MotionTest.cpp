@@ -63,6 +63,13 @@ TEST(Motion, HumidityTimeToSettle) {
     EXPECT_EQ(bead.RH(&rh, &pres, 50.0, 25.0, 25.0, 5.0).time, 4.0) << "nothing to settle: the first sample";
     EXPECT_EQ(bead.RH(&rh, &pres, 50.0, 25.0, 25.0, 5.0).timeConstants, 0.0);
 
+    const Series empty("QCRH");
+    for (const SensorType type : {SensorType::RS80, SensorType::RS41}) {
+        const auto nothing = AmbientPoint(type).RH(&empty, &pres, 50.0, -20.0, 25.0, 5.0);
+        EXPECT_EQ(nothing.time, 0.0) << "without a sample";
+        EXPECT_EQ(nothing.timeConstants, 0.0);
+    }
+
     const Series none("QCPres");
     const auto blind = bead.RH(&rh, &none, 50.0, -20.0, 25.0, 5.0);
     EXPECT_EQ(blind.timeConstants, 5.5);
