@@ -20,6 +20,10 @@ WMOFile::WMOFile(std::string fileName, std::vector<std::string> messageLines)
         notValid();
         return;
     }
+    if (!_unLevels->unreadPart().empty()) {
+        _errorMsg += "- Another sounding begins with the second " + _unLevels->unreadPart() +
+                     " of this file. It and what follows were not read.\n";
+    }
     _ascending = _unLevels->wmoType() != "TEMP DROP";
     _dataType = "WMO " + _unLevels->wmoType();
     _launchLat = _unLevels->latitude();

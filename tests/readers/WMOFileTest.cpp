@@ -42,6 +42,15 @@ TEST(WMOFile, MakesDoWithTheHour) {
     EXPECT_EQ(file->launchLon(), -999.0);
 }
 
+TEST(WMOFile, SaysThatASecondSoundingIsNotRead) {
+    const auto file = readText("TTBB 51128 72469 00013 12250=\nTTBB 52128 72469 00009 15130=\n");
+    EXPECT_TRUE(file->isValid());
+    EXPECT_EQ(file->getErrorMsg(), "- Another sounding begins with the second TTBB of this file. It and what follows "
+                                   "were not read.\n");
+    EXPECT_EQ(file->unLevels()->allLevels().size(), 1U);
+    EXPECT_EQ(file->day(), 1);
+}
+
 TEST(WMOFile, SaysWhyItIsNoMessage) {
     const auto file = readText("ttaa 51128");
     EXPECT_FALSE(file->isValid());

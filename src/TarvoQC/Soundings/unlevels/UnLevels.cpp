@@ -53,10 +53,17 @@ double UnLevels::Level::value(LEVEL_FIELD field) const {
 
 UnLevels::UnLevels(const std::string& text) : _queue(text), _tokens(_queue.texts()) {
     decodeAbrHdr();
-    while (!_queue.empty()) {
+    while (!_queue.empty() && !beginsOtherSounding()) {
         decodePart();
     }
+    _unreadPart = _queue.token();
     settleMandatoryHeights();
+}
+
+/// A sounding has each part once.
+bool UnLevels::beginsOtherSounding() const {
+    return messageTypeOf(_queue.token()) == _messageType &&
+           std::find(_readParts.begin(), _readParts.end(), partOf(_queue.token())) != _readParts.end();
 }
 
 void UnLevels::decodePart() {
@@ -100,12 +107,6 @@ bool UnLevels::isSectionStarter(std::string_view token) {
 bool UnLevels::endsSection(std::string_view token) {
     return token == "31313" || token == "41414" || token == "51515" || isMMMM(token) ||
            (isSectionStarter(token) && token != "66666");
-}
-
-/// Whether the next part begins here. Words of a remark may end in "DD", so the code form is asked for as well; and the
-/// part A of a second station behind ours is none of ours.
-bool UnLevels::endsPart() const {
-    return isMMMM(_queue.token()) && !(partOf(_queue.token()) == PART_A && _partARead);
 }
 
 void UnLevels::addFirst(const Level& level) {
