@@ -130,12 +130,22 @@ void UnLevels::settleMandatoryHeights() {
     for (const Level* level : mandatory) {
         told.push_back({level->value(PRES), level->value(TDRY), level->value(DP), level->value(HEIGHT)});
     }
-    settleHeights(told);
+    settleHeights(told, seaSurface());
     for (std::size_t i = 0; i < told.size(); ++i) {
         if (mandatory[i]->has(HEIGHT)) {
             (*mandatory[i])[HEIGHT] = told[i].height;
         }
     }
+}
+
+/// The surface of a sounding over the sea.
+std::optional<StandardLevel> UnLevels::seaSurface() const {
+    const auto surface = _levels.find(SURFACE);
+    if (surface == _levels.end() || (_messageType != TEMP_SHIP && _messageType != TEMP_DROP)) {
+        return std::nullopt;
+    }
+    const Level& level = surface->second;
+    return StandardLevel{level.value(PRES), level.value(TDRY), level.value(DP), 0.0};
 }
 
 std::vector<UnLevels::Level> UnLevels::allLevels() const {

@@ -207,6 +207,7 @@ private:
     void add(const Level& level) { _levels.emplace(level.type(), level); }
     void addFirst(const Level& level);
     void settleMandatoryHeights();
+    std::optional<StandardLevel> seaSurface() const;
 
     std::string _abrHeader;
     std::string _bsn;
