@@ -125,12 +125,13 @@ void Sounding::describe() {
 
 void Sounding::rebuildQcData() {
     const bool discardBadCrc = boolOf("DiscardBadCrcData");
+    _qcRhChannel = RHselection();
     double endTime = 0.0;
     if (_config.value("LastDataTimeOverride", endTime)) {
         // Half a tenth later than the tenth asked for, so that the sample at that tenth is in.
-        _observation->initQCdata((std::trunc(endTime * 10.0) + 0.5) / 10.0, RHselection(), discardBadCrc);
+        _observation->initQCdata((std::trunc(endTime * 10.0) + 0.5) / 10.0, _qcRhChannel, discardBadCrc);
     } else {
-        _observation->initQCdata(RHselection(), discardBadCrc);
+        _observation->initQCdata(_qcRhChannel, discardBadCrc);
     }
 }
 
