@@ -288,6 +288,7 @@ TEST(BatchTool, ProcessesTheDescentOfASoundingAsAFurtherFile) {
         EXPECT_THAT(readFile(folder / out / "pelo_updown_20220914QC.csv"), HasSubstr("ConfigSetName,\"upsonde-1s\""));
         const std::string descent = readFile(folder / out / "pelo_updown_20220914_descentQC.csv");
         EXPECT_THAT(descent, HasSubstr("ConfigSetName,\"descending-PELO\""));
+        EXPECT_THAT(descent, HasSubstr("TarvoVersion,\"Tarvo V3.4.8\""));
         EXPECT_THAT(descent, HasSubstr("Ascending,\"false\""));
         // QC has told where the descent began: the air's height at the smallest pressure, where the file says 4026.9.
         const auto altitude = descent.find("\nAltitude,");
