@@ -321,6 +321,23 @@ TEST(BatchTool, ProcessesTheDescentOfASoundingAsAFurtherFile) {
     EXPECT_THAT(derived, HasSubstr("A00"));
 }
 
+// With a set that keeps the fall in the ascent, too, the descent begins where the balloon burst.
+TEST(BatchTool, TellsADescentTheAltitudeOfTheBurst) {
+    const TemporaryFolder folder;
+    const char* const name = "pelo_updown_20220914.dat";
+    fs::copy(kExamples / name, folder / name);
+    const Outcome outcome = tool(folder, std::string("--set descending-PELO --formats qc-csv --override "
+                                                     "descendingPELO=true --out out ") +
+                                             name);
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    const std::string ascent = readFile(folder / "out/pelo_updown_20220914QC.csv");
+    EXPECT_THAT(ascent, HasSubstr("Ascending,\"true\""));
+    const std::string descent = readFile(folder / "out/pelo_updown_20220914_descentQC.csv");
+    const auto altitude = descent.find("\nAltitude,");
+    ASSERT_NE(altitude, std::string::npos);
+    EXPECT_NEAR(std::stod(descent.substr(altitude + 10)), 4022.0, 10.0);
+}
+
 TEST(BatchTool, BadInputCostsOnlyItself) {
     const TemporaryFolder folder;
     const std::string good = readFile(kExamples / "tradewind_drop_20210803.csv");

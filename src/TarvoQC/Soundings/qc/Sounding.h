@@ -93,6 +93,7 @@ private:
     struct Step;
     static const std::vector<Step>& steps();
     bool prepare(StatusAgent& agent);
+    void tellDescent();
     void describe();
     void rebuildQcData();
     void passThrough();
