@@ -41,7 +41,7 @@ void process(const BatchJob& job, ConfigSet& config, const std::string& database
         report.error = std::string("The file can't be opened: ") + std::strerror(errno);
         return;
     }
-    EditorControl editor(config, RevisionInfo().text("REPO_REVISION"));
+    EditorControl editor(config, programText());
     editor.getSounding(job.input, &stream);
     report.valid = editor.isValid();
     report.error = editor.getSndfileErrorMsg();

@@ -180,7 +180,7 @@ std::string explain(const std::string& path, ConfigSet& config, std::ostream& ou
     if (!stream) {
         return std::string("The file can't be opened: ") + std::strerror(errno);
     }
-    EditorControl editor(config, RevisionInfo().text("REPO_REVISION"));
+    EditorControl editor(config, programText());
     editor.getSounding(path, &stream);
     if (!editor.isValid()) {
         const std::string why = editor.getSndfileErrorMsg();

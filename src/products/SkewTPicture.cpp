@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <tuple>
 
 namespace {
@@ -58,6 +59,29 @@ SkewTData ofLevels(const Levels& levels) {
     return data;
 }
 
+struct Bounds {
+    double least;
+    double most;
+};
+
+/// The limits that the configuration gives, within \p bounds. What makes no range leaves both as they are.
+void takeRange(const ConfigSet& config, const char* minKey, const char* maxKey, Bounds bounds, double& min,
+               double& max) {
+    double low = min;
+    double high = max;
+    config.value(minKey, low);
+    config.value(maxKey, high);
+    if (!std::isfinite(low) || !std::isfinite(high)) {
+        return;
+    }
+    low = std::clamp(low, bounds.least, bounds.most);
+    high = std::clamp(high, bounds.least, bounds.most);
+    if (low < high) {
+        min = low;
+        max = high;
+    }
+}
+
 } // namespace
 
 SkewTData skewTData(const EditorControl& editor, SkewTSource source) {
@@ -77,10 +101,8 @@ SkewTSource defaultSkewTSource(const EditorControl& editor) {
 
 SkewTSetup::SkewTSetup(const ConfigSet& config) {
     config.intValue("NumberSkewTWinds", numWinds);
-    config.value("SkewTtmin", tmin);
-    config.value("SkewTtmax", tmax);
-    config.value("SkewTpmin", pTop);
-    config.value("SkewTpmax", pBottom);
+    takeRange(config, "SkewTtmin", "SkewTtmax", {-1000.0, 1000.0}, tmin, tmax);
+    takeRange(config, "SkewTpmin", "SkewTpmax", {1.0, 2000.0}, pTop, pBottom);
     config.intValue("PlotPixelsX", pixelsX);
     config.intValue("PlotPixelsY", pixelsY);
     pixelsX = std::clamp(pixelsX, 1, kMostPixels);

@@ -27,7 +27,8 @@ SkewTData skewTData(const EditorControl& editor, SkewTSource source);
 /// The source of a picture that nobody chose one for: QC data where there are any.
 SkewTSource defaultSkewTSource(const EditorControl& editor);
 
-/// The limits of the diagram, and the size of pictures, as the configuration has them.
+/// The limits of the diagram, and the size of pictures, as the configuration has them: temperatures within 1000 deg C
+/// of 0, pressures from 1 to 2000 mb. Limits that make no range give way to the usual ones.
 struct SkewTSetup {
     SkewTSetup() = default;
     explicit SkewTSetup(const ConfigSet& config);

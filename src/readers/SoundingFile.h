@@ -26,7 +26,7 @@ public:
     SoundingFile& operator=(const SoundingFile&) = delete;
     virtual ~SoundingFile();
 
-    /// Tells the reader of an ascending sounding the geopotential altitude (m) at its end, once QC has worked it out.
+    /// Tells the reader of an ascending sounding the geopotential altitude (m) of its burst, once QC has worked it out.
     /// Only a format that derives a descending file from it listens.
     virtual void updateDescendingGeoAlt(double alt);
 

@@ -295,6 +295,7 @@ TEST(BatchTool, ProcessesTheDescentOfASoundingAsAFurtherFile) {
         EXPECT_THAT(readFile(folder / out / "pelo_updown_20220914QC.csv"), HasSubstr("ConfigSetName,\"upsonde-1s\""));
         const std::string descent = readFile(folder / out / "pelo_updown_20220914_descentQC.csv");
         EXPECT_THAT(descent, HasSubstr("ConfigSetName,\"descending-PELO\""));
+        EXPECT_THAT(descent, HasSubstr("TarvoVersion,\"Tarvo V3.4.8\""));
         EXPECT_THAT(descent, HasSubstr("Ascending,\"false\""));
         // QC has told where the descent began: the air's height at the smallest pressure, where the file says 4026.9.
         const auto altitude = descent.find("\nAltitude,");
@@ -325,6 +326,23 @@ TEST(BatchTool, ProcessesTheDescentOfASoundingAsAFurtherFile) {
     EXPECT_THAT(foreign.err, HasSubstr("1 of 2 files processed"));
     EXPECT_EQ(readFile(folder / "in/pelo_updown_20220914.datd"), "a letter\n");
     EXPECT_THAT(derived, HasSubstr("A00"));
+}
+
+// With a set that keeps the fall in the ascent, too, the descent begins where the balloon burst.
+TEST(BatchTool, TellsADescentTheAltitudeOfTheBurst) {
+    const TemporaryFolder folder;
+    const char* const name = "pelo_updown_20220914.dat";
+    fs::copy(kExamples / name, folder / name);
+    const Outcome outcome = tool(folder, std::string("--set descending-PELO --formats qc-csv --override "
+                                                     "descendingPELO=true --out out ") +
+                                             name);
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    const std::string ascent = readFile(folder / "out/pelo_updown_20220914QC.csv");
+    EXPECT_THAT(ascent, HasSubstr("Ascending,\"true\""));
+    const std::string descent = readFile(folder / "out/pelo_updown_20220914_descentQC.csv");
+    const auto altitude = descent.find("\nAltitude,");
+    ASSERT_NE(altitude, std::string::npos);
+    EXPECT_NEAR(std::stod(descent.substr(altitude + 10)), 4022.0, 10.0);
 }
 
 TEST(BatchTool, BadInputCostsOnlyItself) {

@@ -1,6 +1,7 @@
 #include "DataFileSaveCsv.h"
 #include "FileSaver.h"
 #include "ProductColumns.h"
+#include "SkewTPicture.h"
 #include "SoundingFileFactory.h"
 
 #include "MadeAnalysis.h"
@@ -8,7 +9,9 @@
 #include "SeriesText.h"
 #include "TemporaryFolder.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
+#include <limits>
 #include <sstream>
 
 namespace {
@@ -192,4 +195,28 @@ TEST(FileSaver, WritesWholeFilesOrNone) {
     fs::create_symlink("/dev/full", folder / "full.csv");
     EXPECT_FALSE(save(folder / "full.csv", ".csv")) << "what is lost on a full disk is told";
     EXPECT_TRUE(fs::is_character_file("/dev/full"));
+}
+
+// What a diagram can be drawn in: no more lines than can be seen, and no range turned around.
+TEST(SkewTSetup, KeepsTheLimitsWithinReason) {
+    struct Case {
+        double tmin, tmax, pTop, pBottom;
+        std::vector<double> limits;
+    };
+    const double none = std::nan("");
+    const double infinite = std::numeric_limits<double>::infinity();
+    const Case cases[] = {
+        {-60, 30, 50, 1000, {-60, 30, 50, 1000}},       {-1e7, 1e300, 0, 1e300, {-1000, 1000, 1, 2000}},
+        {40, -40, 1000, 100, {-40, 40, 100, 1050}},     {20, 20, 500, 500, {-40, 40, 100, 1050}},
+        {2000, 3000, 3000, 4000, {-40, 40, 100, 1050}}, {none, 30, 50, infinite, {-40, 40, 100, 1050}},
+    };
+    for (const Case& test : cases) {
+        MadeConfig config;
+        config.override("SkewTtmin", test.tmin);
+        config.override("SkewTtmax", test.tmax);
+        config.override("SkewTpmin", test.pTop);
+        config.override("SkewTpmax", test.pBottom);
+        const SkewTSetup setup(config.set);
+        EXPECT_EQ((std::vector<double>{setup.tmin, setup.tmax, setup.pTop, setup.pBottom}), test.limits);
+    }
 }

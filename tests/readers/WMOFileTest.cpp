@@ -31,6 +31,23 @@ TEST(WMOFile, HoldsLevelsAndNoSamples) {
     EXPECT_EQ(file->unLevels()->allLevels().size(), 1U);
 }
 
+// The date group has the nearest hour and its day, the time group the minute of the launch.
+TEST(WMOFile, ALateLaunchIsOfTheDayBefore) {
+    struct Case {
+        const char* date;
+        const char* time;
+        int day;
+    };
+    const Case cases[] = {{"6300/", "82345", 12}, {"6300/", "82330", 12}, {"6300/", "82329", 13},
+                          {"6300/", "80015", 13}, {"6323/", "82345", 13}, {"5100/", "82345", 1}};
+    for (const Case& test : cases) {
+        const auto file = readText(std::string("TTAA ") + test.date +
+                                   " 72469 99013 12250 27035 88999 77999 31313 00000 " + test.time);
+        ASSERT_TRUE(file->isValid()) << file->getErrorMsg();
+        EXPECT_EQ(file->day(), test.day) << test.date << ' ' << test.time;
+    }
+}
+
 // A message that doesn't tell the launch time has the hour of its date group, one without a position has none.
 TEST(WMOFile, MakesDoWithTheHour) {
     const auto file = readText("TTBB 51128 72469 00013 12250");
@@ -40,6 +57,15 @@ TEST(WMOFile, MakesDoWithTheHour) {
     EXPECT_EQ(file->min(), 0);
     EXPECT_EQ(file->launchLat(), -999.0);
     EXPECT_EQ(file->launchLon(), -999.0);
+}
+
+TEST(WMOFile, SaysThatASecondSoundingIsNotRead) {
+    const auto file = readText("TTBB 51128 72469 00013 12250=\nTTBB 52128 72469 00009 15130=\n");
+    EXPECT_TRUE(file->isValid());
+    EXPECT_EQ(file->getErrorMsg(), "- Another sounding begins with the second TTBB of this file. It and what follows "
+                                   "were not read.\n");
+    EXPECT_EQ(file->unLevels()->allLevels().size(), 1U);
+    EXPECT_EQ(file->day(), 1);
 }
 
 TEST(WMOFile, SaysWhyItIsNoMessage) {

@@ -11,7 +11,7 @@ DocumentController::DocumentController(std::string path, TarvoConfigSet* configS
       _configSet(configSet) {}
 
 bool DocumentController::initializeDocument(StatusAgent& agent, std::string& error) {
-    _editor = std::make_unique<EditorControl>(*_configSet, "Tarvo " + RevisionInfo().text("REPO_REVISION"));
+    _editor = std::make_unique<EditorControl>(*_configSet, programText());
     _editor->setStatusAgent(&agent);
     bool diagnostics = false;
     _configSet->boolValue("QcDiagFile", diagnostics);

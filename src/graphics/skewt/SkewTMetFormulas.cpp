@@ -14,6 +14,8 @@ constexpr double kMixingRatioFactor = 622.0;    // g/kg, ratio of the molar mass
 constexpr double kReferencePressure = 1000.0;   // mb
 constexpr double kPoissonExponent = 0.28537338; // R/cp of dry air, as the polynomials have it
 
+constexpr int kMostSteps = 5000; // of a search; in air of this earth some hundred at most
+
 /// The range of one polynomial of theta / T in 1000/p, whose centre is the pressure 1000/centre.
 struct ThetaRange {
     double above; // mb
@@ -107,7 +109,11 @@ double SkewTMetFormulas::t_sat(double thetaE, double p) const {
     constexpr double kTolerance = 0.01; // K of thetaE
     double T = kFreezing;
     double step = kFirstStep;
-    for (double miss = thetaE - theta_e(T, T, p); std::abs(miss) > kTolerance; miss = thetaE - theta_e(T, T, p)) {
+    for (int i = 0; i < kMostSteps; ++i) {
+        const double miss = thetaE - theta_e(T, T, p);
+        if (!(std::abs(miss) > kTolerance)) {
+            break;
+        }
         step /= 2.0;
         if (T + step == T) { // what lies beyond the steps made so far is reached by a second round
             step = kFirstStep;
@@ -125,8 +131,10 @@ double SkewTMetFormulas::lcl_pres(double T, double Td, double p) const {
     constexpr double kTolerance = 0.01; // K
     const double theta = theta_dry(T, p);
     const double tl = lcl_temp(T, Td);
-    for (double miss = tl - T; std::abs(miss) > kTolerance; miss = tl - theta_to_t(theta, p)) {
+    double miss = tl - T;
+    for (int i = 0; i < kMostSteps && std::abs(miss) > kTolerance; ++i) {
         p *= std::pow(2.0, 0.02 * miss);
+        miss = tl - theta_to_t(theta, p);
     }
     return p;
 }

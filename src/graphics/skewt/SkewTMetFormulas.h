@@ -3,7 +3,7 @@
 namespace skewt {
 
 /// The thermodynamics of the diagram. Temperatures in K, pressures in mb, mixing ratios in g/kg, unless told otherwise.
-/// None guards its domain: a pressure at or below the vapour pressure lies outside of it.
+/// None guards its domain: a pressure at or below the vapour pressure lies outside of it. But all come to an end.
 class SkewTMetFormulas {
 public:
     /// Saturation vapour pressure over water, mb. Hardy (1998), ITS-90 formulations for vapor pressure.

@@ -3,6 +3,7 @@
 #include "UtcTime.h"
 
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 
 namespace {
@@ -179,7 +180,7 @@ double GraphXY::topOfWspd() const {
         }
     }
     top *= _wspdKnots ? kKnotsPerMs : 1.0;
-    return (static_cast<int>(top / kWspdStep) + 1.0) * kWspdStep;
+    return (std::floor(top / kWspdStep) + 1.0) * kWspdStep;
 }
 
 void GraphXY::decorateTrace(Trace& trace, Labelled quantity) const {

@@ -95,6 +95,11 @@ TEST(SkewTMetFormulas, condensationLevel) {
     EXPECT_DOUBLE_EQ(formulas.lcl_pres(283.15, 283.15, 900.0), 900.0);
 }
 
+TEST(SkewTMetFormulas, searchesEndWhereThereIsNothing) {
+    formulas.t_sat(1e300, 1000.0);
+    formulas.lcl_pres(300.0, 500.0, 1000.0); // more vapour than the air can hold
+}
+
 TEST(SkewTMetFormulas, wetBulbAndVirtualTemperature) {
     // Psychrometric tables at 1000 mb: 20 deg C with a dew point of 10 deg C (53 %) has a wet bulb of 14 deg C.
     EXPECT_NEAR(formulas.t_wet(293.15, 283.15, 1000.0), 287.2, 0.3);

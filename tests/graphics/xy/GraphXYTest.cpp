@@ -295,6 +295,14 @@ TEST(GraphXY, SpeedAxisEndsAtTheNextFive) {
     EXPECT_THAT(plot.recorder.trace("Raw Wspd").x(), ElementsAre(-999.0, 5 * 1.944, 12.5 * 1.944, -999.0));
 }
 
+TEST(GraphXY, SpeedAxisHoldsAnySpeed) {
+    CsvText text(true);
+    text.fields("Time,Pressure,Speed,Direction").data("0,1000,5e10,90").data("1,999,5,90");
+    Plot plot(text.text());
+    plot.graph.setData(plot.editor);
+    EXPECT_THAT(plot.recorder.looks(), Contains("1 Raw Wspd blue 0 0..5e+10"));
+}
+
 TEST(GraphXY, FlaggedSeriesHoldTheFlaggedSamplesOnly) {
     Plot plot(ascent().text());
     plot.editor.setDataAtt("RawTdry", 2.0, Value::QcIgnore, true);

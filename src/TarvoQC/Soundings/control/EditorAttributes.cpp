@@ -68,6 +68,9 @@ EditorControl::Attributes EditorControl::attributes(bool withConfig, bool onlyOu
         all[key] = text;
     }
     if (withConfig) {
+        if (QCready() && numRhChan() > 1) { // the user may have chosen another than the configuration
+            all["RHchoice"] = std::to_string(_sounding->qcRHchannel());
+        }
         const Attributes config = attributesConfig(onlyOutput);
         all.insert(config.begin(), config.end());
     }

@@ -1,5 +1,6 @@
 #include "EditorControl.h"
 
+#include "Globe.h"
 #include "Levels.h"
 #include "ProcessingTime.h"
 #include "Text.h"
@@ -162,8 +163,7 @@ std::string EditorControl::getLaunchPosString() const {
     const SndMetaData meta = getSndMetaData(true);
     const double lat = meta.launchLat.value();
     const double lon = meta.launchLon.value();
-    if (!meta.launchLat.avail(false) || !meta.launchLon.avail(false) || !(std::abs(lat) <= 90.0) ||
-        !(std::abs(lon) <= 180.0)) {
+    if (!meta.launchLat.avail(false) || !meta.launchLon.avail(false) || !isOnGlobe(lat, lon)) {
         return {};
     }
     return hemisphereText(lat, 'N', 'S') + " " + hemisphereText(lon, 'E', 'W');

@@ -12,15 +12,18 @@ namespace {
 
 constexpr double kNoPressure = 1200.0; ///< mb, where a level without a pressure counts as lying
 
+constexpr double kSaturation = 100.0; ///< %, the most that a dew point stands for
+
 /// A level under way, with the pressure it is sorted by.
 using Placed = std::pair<double, Level>;
 
 /// What the message gives of a level, with its humidity worked out.
 struct Given {
     explicit Given(const UnLevels::Level& from) : level(from) {
-        hasRh = has(UnLevels::TDRY) && has(UnLevels::DP) && has(UnLevels::PRES);
-        if (hasRh) {
+        if (has(UnLevels::TDRY) && has(UnLevels::DP) && value(UnLevels::PRES) > 0.0) {
             relativeHumidity = rh(value(UnLevels::TDRY), value(UnLevels::DP), value(UnLevels::PRES));
+            // There is none where the pressure is that of the vapour or less.
+            hasRh = relativeHumidity >= 0.0 && relativeHumidity <= kSaturation;
         }
     }
     bool has(UnLevels::LEVEL_FIELD field) const { return level.has(field); }

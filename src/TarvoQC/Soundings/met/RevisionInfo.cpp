@@ -23,3 +23,7 @@ std::string RevisionInfo::aev(const std::string& revision) {
     const auto twoDigits = [](const std::string& token) { return token.size() < 2 ? "0" + token : token; };
     return tokens[0].substr(tokens[0].empty() ? 0 : 1) + twoDigits(tokens[1]) + twoDigits(tokens[2]);
 }
+
+std::string programText() {
+    return "Tarvo " + RevisionInfo().text("REPO_REVISION");
+}

@@ -18,3 +18,6 @@ public:
     /// made of three tokens between "." and "-" gives "/////".
     static std::string aev(const std::string& revision);
 };
+
+/// How the program names itself in its products: "Tarvo V3.4.8".
+std::string programText();

@@ -71,6 +71,8 @@ public:
     /// The RH channel for the next run.
     void selectRH(int channel) { _rhChoice = channel; }
     int RHselection() const { return static_cast<int>(_rhChoice); }
+    /// The one that the QC data of the last run come from.
+    int qcRHchannel() const { return _qcRhChannel; }
 
     /// What the QC steps and the file have to say in a product, by key.
     std::map<std::string, std::string> attributes() const;
@@ -91,6 +93,7 @@ private:
     struct Step;
     static const std::vector<Step>& steps();
     bool prepare(StatusAgent& agent);
+    void tellDescent();
     void describe();
     void rebuildQcData();
     void passThrough();
@@ -192,6 +195,7 @@ private:
     std::string _qcErrorText;
     std::vector<std::string> _fileSummary;
     double _rhChoice = 0.0;
+    int _qcRhChannel = 0;
     bool _dryBiasApplied = false;
     OmbraTdryTimeConstant _tdryTimeConstant{SensorType::RS80}; // of the run under way
     std::map<std::string, std::string> _attributes;

@@ -2,6 +2,7 @@
 
 #include "DCapture.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -84,9 +85,21 @@ void Sounding::qcProcess(StatusAgent& agent) {
         }
         (this->*step.operation)();
     }
-    const Series* altUp = getSeries("QCAltUp");
-    if (_meta.ascending && !derivedSndFile().empty() && !altUp->empty()) {
-        _file->updateDescendingGeoAlt(altUp->data(altUp->lastIndex()));
+    tellDescent();
+}
+
+/// Tells the file of a descent the altitude that it begins at, which is that of the smallest pressure: the ascent may
+/// still have the fall behind it.
+void Sounding::tellDescent() {
+    const Series& pres = *getSeries("QCPres");
+    if (!_meta.ascending || derivedSndFile().empty() || pres.empty()) {
+        return;
+    }
+    const auto burst =
+        std::min_element(pres.begin(), pres.end(), [](const Value& a, const Value& b) { return a.data() < b.data(); });
+    const Series& altUp = *getSeries("QCAltUp");
+    if (const int index = altUp.indexFromTime(burst->time()); index >= 0) {
+        _file->updateDescendingGeoAlt(altUp.data(index));
     }
 }
 
@@ -125,12 +138,13 @@ void Sounding::describe() {
 
 void Sounding::rebuildQcData() {
     const bool discardBadCrc = boolOf("DiscardBadCrcData");
+    _qcRhChannel = RHselection();
     double endTime = 0.0;
     if (_config.value("LastDataTimeOverride", endTime)) {
         // Half a tenth later than the tenth asked for, so that the sample at that tenth is in.
-        _observation->initQCdata((std::trunc(endTime * 10.0) + 0.5) / 10.0, RHselection(), discardBadCrc);
+        _observation->initQCdata((std::trunc(endTime * 10.0) + 0.5) / 10.0, _qcRhChannel, discardBadCrc);
     } else {
-        _observation->initQCdata(RHselection(), discardBadCrc);
+        _observation->initQCdata(_qcRhChannel, discardBadCrc);
     }
 }
 

@@ -66,9 +66,19 @@ void follow(std::vector<StandardLevel>& levels, std::size_t anchor, int step) {
     }
 }
 
+/// Goes up from the surface, which is none of the levels.
+void followSurface(std::vector<StandardLevel>& levels, const StandardLevel& surface) {
+    const auto above = std::find_if(levels.begin(), levels.end(),
+                                    [&](const StandardLevel& level) { return level.pres < surface.pres; });
+    const auto index = above - levels.begin();
+    levels.insert(above, surface);
+    follow(levels, static_cast<std::size_t>(index), 1);
+    levels.erase(levels.begin() + index);
+}
+
 } // namespace
 
-void settleHeights(std::vector<StandardLevel>& levels) {
+void settleHeights(std::vector<StandardLevel>& levels, const std::optional<StandardLevel>& surface) {
     const auto usable = [](const StandardLevel& level) { return given(level.tdry) && given(level.height); };
     auto anchor = std::find_if(levels.begin(), levels.end(), [&](const StandardLevel& level) {
         constexpr double kBottom = 500.0; // mb; from here to the top the table covers all air there is
@@ -82,6 +92,9 @@ void settleHeights(std::vector<StandardLevel>& levels) {
         });
     }
     if (anchor == levels.end()) {
+        if (surface && usable(*surface)) {
+            followSurface(levels, *surface);
+        }
         return;
     }
     const auto index = static_cast<std::size_t>(anchor - levels.begin());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <vector>
 
 /// A standard level as a message tells it: mb, deg C, geopotential m; -999.0 for what it doesn't tell.
@@ -15,5 +16,6 @@ struct StandardLevel {
 /// table can't be wrong, up and down by the hydrostatic equation. A height that doesn't fit gives way to another with
 /// the same digits that does; where none does, or the chain of temperatures is broken, the table holds.
 ///
-/// \p levels in order of falling pressure, each above 0 mb.
-void settleHeights(std::vector<StandardLevel>& levels);
+/// \p levels in order of falling pressure, each above 0 mb. \p surface, where there is one whose height is known,
+/// serves when no such level is among them.
+void settleHeights(std::vector<StandardLevel>& levels, const std::optional<StandardLevel>& surface = std::nullopt);

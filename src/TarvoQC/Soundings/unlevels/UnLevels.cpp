@@ -53,10 +53,17 @@ double UnLevels::Level::value(LEVEL_FIELD field) const {
 
 UnLevels::UnLevels(const std::string& text) : _queue(text), _tokens(_queue.texts()) {
     decodeAbrHdr();
-    while (!_queue.empty()) {
+    while (!_queue.empty() && !beginsOtherSounding()) {
         decodePart();
     }
+    _unreadPart = _queue.token();
     settleMandatoryHeights();
+}
+
+/// A sounding has each part once.
+bool UnLevels::beginsOtherSounding() const {
+    return messageTypeOf(_queue.token()) == _messageType &&
+           std::find(_readParts.begin(), _readParts.end(), partOf(_queue.token())) != _readParts.end();
 }
 
 void UnLevels::decodePart() {
@@ -102,12 +109,6 @@ bool UnLevels::endsSection(std::string_view token) {
            (isSectionStarter(token) && token != "66666");
 }
 
-/// Whether the next part begins here. Words of a remark may end in "DD", so the code form is asked for as well; and the
-/// part A of a second station behind ours is none of ours.
-bool UnLevels::endsPart() const {
-    return isMMMM(_queue.token()) && !(partOf(_queue.token()) == PART_A && _partARead);
-}
-
 void UnLevels::addFirst(const Level& level) {
     if (!level.empty() && _levels.find(level.type()) == _levels.end()) {
         add(level);
@@ -129,12 +130,22 @@ void UnLevels::settleMandatoryHeights() {
     for (const Level* level : mandatory) {
         told.push_back({level->value(PRES), level->value(TDRY), level->value(DP), level->value(HEIGHT)});
     }
-    settleHeights(told);
+    settleHeights(told, seaSurface());
     for (std::size_t i = 0; i < told.size(); ++i) {
         if (mandatory[i]->has(HEIGHT)) {
             (*mandatory[i])[HEIGHT] = told[i].height;
         }
     }
+}
+
+/// The surface of a sounding over the sea.
+std::optional<StandardLevel> UnLevels::seaSurface() const {
+    const auto surface = _levels.find(SURFACE);
+    if (surface == _levels.end() || (_messageType != TEMP_SHIP && _messageType != TEMP_DROP)) {
+        return std::nullopt;
+    }
+    const Level& level = surface->second;
+    return StandardLevel{level.value(PRES), level.value(TDRY), level.value(DP), 0.0};
 }
 
 std::vector<UnLevels::Level> UnLevels::allLevels() const {

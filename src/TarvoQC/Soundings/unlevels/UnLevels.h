@@ -11,11 +11,14 @@
 #include <string_view>
 #include <vector>
 
+struct StandardLevel;
+
 /// The levels that a WMO TEMP, TEMP SHIP, TEMP MOBIL or TEMP DROP message holds: the opposite of coding one. The whole
 /// text is decoded in the constructor, and the object then only answers.
 ///
-/// It reads the code forms FM 35, 36, 37 and 38, parts A to D in any number and order, and the text remarks of 62626.
-/// A number with letters or slashes where its digits belong counts as not given.
+/// It reads the code forms FM 35, 36, 37 and 38, each of the parts A to D once and in any order, and the text remarks
+/// of 62626. A part that was there before begins another sounding, which is left unread. A number with letters or
+/// slashes where its digits belong counts as not given.
 class UnLevels {
 public:
     /// The code form, after the first two letters of a part.
@@ -108,6 +111,8 @@ public:
     int obsTime() const { return _obsTime; }
     /// All tokens of the message, in order.
     std::vector<std::string> tokens() const { return _tokens; }
+    /// The part that begins another sounding, such as "XXAA"; empty when the text holds only one.
+    std::string unreadPart() const { return _unreadPart; }
 
 private:
     enum Part { PART_A = 0, PART_B = 1, PART_C = 2, PART_D = 3, NO_PART = 4 };
@@ -129,7 +134,9 @@ private:
     static bool isMMMM(std::string_view token);
     static bool isSectionStarter(std::string_view token);
     static bool endsSection(std::string_view token);
-    bool endsPart() const;
+    bool beginsOtherSounding() const;
+    /// Whether the next part begins here. Words of a remark may end in "DD", so the code form is asked for as well.
+    bool endsPart() const { return isMMMM(_queue.token()); }
     bool isPartAorC() const { return _part == PART_A || _part == PART_C; }
 
     // Identification
@@ -142,6 +149,9 @@ private:
     bool isBSNmissing() const;
     void decodeYYGGId_YYGGa4();
     void decodeId(std::string_view id);
+    /// Takes what tells one sounding from another; a later part may leave it out, but not tell something else.
+    template <typename T>
+    void takeIdentity(T& known, const T& none, const T& told) const;
     void decodePosition();
     void decodeMobileElev();
 
@@ -197,6 +207,7 @@ private:
     void add(const Level& level) { _levels.emplace(level.type(), level); }
     void addFirst(const Level& level);
     void settleMandatoryHeights();
+    std::optional<StandardLevel> seaSurface() const;
 
     std::string _abrHeader;
     std::string _bsn;
@@ -211,7 +222,8 @@ private:
     int _obsTime = -1;
     WMO_MESSAGE_TYPE _messageType = NO_MESSAGE;
     Part _part = NO_PART;
-    bool _partARead = false;
+    std::vector<Part> _readParts;
+    std::string _unreadPart;
     int _lastWindPartA = kNoWinds; // mb, winds are told from the ground up to here
     int _lastWindPartC = kNoWinds;
     TokenQueue _queue;

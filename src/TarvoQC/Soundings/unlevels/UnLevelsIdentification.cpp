@@ -98,8 +98,16 @@ void UnLevels::decodeMMMM() {
     if (_part == NO_PART) {
         _queue.throwErrorMsg("Part identifier AA, BB, CC or DD was not found.");
     }
-    _partARead = _partARead || _part == PART_A;
+    _readParts.push_back(_part);
     _queue.drop();
+}
+
+template <typename T>
+void UnLevels::takeIdentity(T& known, const T& none, const T& told) const {
+    if (known != none && told != none && known != told) {
+        _queue.throwErrorMsg("Two different soundings have been found in this message.");
+    }
+    known = told == none ? known : told;
 }
 
 void UnLevels::decodeSection1() {
@@ -130,11 +138,12 @@ void UnLevels::decodeCallSign() {
         }
     }
     _queue.NEED_TOKENS(words);
-    _callSign.clear();
+    std::string callSign;
     for (std::size_t i = 0; i < words; ++i) {
-        _callSign.append(i == 0 ? "" : " ").append(_queue.token());
-        _queue.drop();
+        callSign.append(i == 0 ? "" : " ").append(_queue.token(i));
     }
+    takeIdentity(_callSign, std::string(), callSign);
+    _queue.SKIP_TOKENS(words);
 }
 
 void UnLevels::decodeBSN() {
@@ -147,7 +156,7 @@ void UnLevels::decodeBSN() {
     if (_queue.token().size() != kLength) {
         throw "Block and station number is incorrect: " + std::string(_queue.token());
     }
-    _bsn = _queue.token();
+    takeIdentity(_bsn, std::string(), std::string(_queue.token()));
     _queue.drop();
 }
 
@@ -220,10 +229,10 @@ void UnLevels::decodePosition() {
     const bool south = quadrant == '3' || quadrant == '5';
     const bool west = quadrant == '5' || quadrant == '7';
     if (lat) {
-        _latitude = (south ? -*lat : *lat) / kTenths;
+        takeIdentity(_latitude, kMissing, (south ? -*lat : *lat) / kTenths);
     }
     if (const auto lon = numberIn(piece(group, 1))) {
-        _longitude = (west ? -*lon : *lon) / kTenths;
+        takeIdentity(_longitude, kMissing, (west ? -*lon : *lon) / kTenths);
     }
     _queue.drop();
 }

@@ -10,6 +10,7 @@ namespace {
 
 constexpr std::string_view kSurface = "99";
 constexpr std::string_view kTropopauseStart = "88";
+constexpr std::string_view kNoMaxWind = "77999";
 constexpr double kMetresPerSecond = 0.5144; // in a knot; not quite the inverse of kKnotsPerMetrePerSecond
 constexpr double kHundredMb = 100.0;
 constexpr double kThousandMb = 1000.0;
@@ -42,6 +43,13 @@ constexpr int kWindsToTheTop = 10;         // mb, of an Id that stands for winds
 
 bool beginsMaxWind(std::string_view group) {
     return beginsWith(group, "77") || beginsWith(group, "66");
+}
+
+constexpr int kHalfScale = 50; // the code of 5.0 degrees; above it the depression is in degrees, 50 added
+
+bool isUnusedDepression(std::optional<int> code) {
+    constexpr int kLastUnused = 55;
+    return code && *code > kHalfScale && *code <= kLastUnused;
 }
 
 } // namespace
@@ -191,7 +199,7 @@ void UnLevels::decodeTrop() {
 
 void UnLevels::decodeSection4() {
     while (beginsMaxWind(_queue.token())) {
-        if (_queue.token() == "77999" && !is999mbMaxWind()) {
+        if (_queue.token() == kNoMaxWind && !is999mbMaxWind()) {
             _queue.drop();
             return;
         }
@@ -227,13 +235,24 @@ void UnLevels::decodeShear(Level& level) {
 }
 
 /// In part C "88999" is also a tropopause at 99.9 mb: then its two groups follow, and the section goes on or ends.
+/// Where the first of them may be the pressure of a maximum wind as well, what is said of the maximum after it decides:
+/// that there is none, or the shear about the only one.
 bool UnLevels::is999mbTropopause() const {
     constexpr std::size_t kGroup = 5;
     const std::string_view second = _queue.token(1);
     const std::string_view behind = _queue.token(3);
-    return _part == PART_C && _queue.size() >= 3 && second.size() == kGroup && !beginsMaxWind(second) &&
-           !endsSection(second) && _queue.token(2).size() == kGroup &&
-           (_queue.size() == 3 || beginsWith(behind, kTropopauseStart) || beginsMaxWind(behind) || endsSection(behind));
+    if (_part != PART_C || _queue.size() < 3 || second.size() != kGroup || endsSection(second) ||
+        _queue.token(2).size() != kGroup) {
+        return false;
+    }
+    if (beginsMaxWind(second)) {
+        const auto tenths = numberAt(second, 0, 3);
+        const bool cold = tenths && *tenths % 2 != 0;
+        const bool onlyMaximum = beginsMaxWind(behind) && _queue.token(4).size() == kGroup &&
+                                 beginsWith(_queue.token(5), "4") && !endsSection(_queue.token(5));
+        return cold && !isUnusedDepression(numberAt(second, 3, 2)) && (behind == kNoMaxWind || onlyMaximum);
+    }
+    return _queue.size() == 3 || beginsWith(behind, kTropopauseStart) || beginsMaxWind(behind) || endsSection(behind);
 }
 
 /// So is "77999" a maximum wind there.
@@ -256,15 +275,13 @@ std::optional<double> UnLevels::highPressure(std::string_view group) const {
 }
 
 void UnLevels::decodeTTTDD(Level& level) {
-    constexpr int kHalfScale = 50; // the code of 5.0 degrees; above it the depression is in degrees, 50 added
-    constexpr int kLastUnused = 55;
     _queue.NEED_TOKENS(1);
     const std::string_view group = _queue.token();
     if (const auto tenths = numberAt(group, 0, 3)) {
         const double t = (*tenths % 2 == 0 ? *tenths : -*tenths) / kTenths;
         level[TDRY] = t;
         if (const auto depression = numberAt(group, 3, 2)) {
-            if (*depression > kHalfScale && *depression <= kLastUnused) {
+            if (isUnusedDepression(depression)) {
                 _queue.throwErrorMsg("Dewpoint depression code may not be between 51 to 56.");
             }
             level[DP] = t - (*depression <= kHalfScale ? *depression / kTenths : *depression - kHalfScale);

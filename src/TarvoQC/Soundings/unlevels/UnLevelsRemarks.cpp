@@ -111,19 +111,19 @@ void UnLevels::decodeWL() {
     decodeWL150();
 }
 
-/// A splash whose time isn't known is coded without one, and the next part may stand in its place.
+/// A splash whose time isn't known is coded without one, and the next part or nothing may stand in its place.
 void UnLevels::decodeRELSPGSPL() {
     constexpr std::size_t kPosition = 11;
     constexpr std::size_t kToTheSecond = 6;
     constexpr std::size_t kToTheMinute = 4;
-    _queue.NEED_TOKENS(3);
     const std::string_view word = _queue.token();
+    _queue.NEED_TOKENS(word == "SPL" ? 2 : 3);
     Level level(word == "REL" ? RELEASEPOINT : word == "SPG" ? SPLASHPOINTRAWGPS : SPLASHPOINTWINDINTEG);
     _queue.drop();
     _queue.NEED_TOKEN_OF_LENGTH(kPosition);
     decodeRelSpgSplLatLon(_queue.token(), level);
     _queue.drop();
-    if (!endsPart()) {
+    if (!_queue.empty() && !endsPart()) {
         _queue.NEED_TOKEN_OF_LENGTH(level.type() == SPLASHPOINTWINDINTEG ? kToTheMinute : kToTheSecond);
         if (const auto clock = numberIn(_queue.token())) {
             level[CLOCK] = *clock;

@@ -20,8 +20,8 @@ namespace {
 
 const char* const kEnd = "=";
 
-int present(const char* format) {
-    return std::atoi(utcText(processingTime(), format).c_str());
+int numberIn(std::int64_t time, const char* format) {
+    return std::atoi(utcText(time, format).c_str());
 }
 
 } // namespace
@@ -50,8 +50,9 @@ WMOpartTemp::WMOpartTemp(const Levels& levels, WMOpartType type, TempMsgType mes
     : WMOpart(levels, type, meta) {
     if (type == WMOpartType::A && header != nullptr) {
         const bool known = meta.launchLat.avail(false) && meta.launchLon.avail(false);
+        const std::int64_t now = processingTime(); // once, or midnight may come in between
         auto section = std::make_unique<AbrHeader>(levels, type);
-        section->create(header->icao, "", present("%d"), present("%H"), present("%M"),
+        section->create(header->icao, "", numberIn(now, "%d"), numberIn(now, "%H"), numberIn(now, "%M"),
                         known ? meta.launchLat.value() : 0.0, known ? meta.launchLon.value() : 0.0, header->abrHdr);
         addSection(std::move(section));
     }

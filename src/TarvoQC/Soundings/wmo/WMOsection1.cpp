@@ -1,5 +1,6 @@
 #include "WMOsection1.h"
 
+#include "Globe.h"
 #include "GroupCoders.h"
 #include "Levels.h"
 #include "Missing.h"
@@ -24,12 +25,23 @@ std::string tenths(const char* format, double degrees) {
 }
 
 bool launchPosition(const SndMetaData& meta, double& lat, double& lon) {
-    if (!meta.launchLat.avail(false) || !meta.launchLon.avail(false)) {
+    if (!meta.launchLat.avail(false) || !meta.launchLon.avail(false) ||
+        !isOnGlobe(meta.launchLat.value(), meta.launchLon.value())) {
         return false;
     }
     lat = meta.launchLat.value();
     lon = meta.launchLon.value();
     return true;
+}
+
+/// Height and unit of a mobile station. No height, of the lowest confidence, where four characters don't hold it.
+std::string heightGroup(const LaunchParameter& altitude) {
+    constexpr double kLowest = -999.0; // m
+    constexpr double kHighest = 9999.0;
+    const double height = std::round(altitude.value());
+    return altitude.avail(false) && height >= kLowest && height <= kHighest
+               ? stringFormat("%04d", static_cast<int>(height)) + "1"
+               : "00004";
 }
 
 } // namespace
@@ -63,8 +75,8 @@ std::string WMOsection1::dateSuffix(const SndMetaData& meta) const {
     }
 }
 
-void WMOsection1::addPosition(bool known, double lat, double lon) {
-    if (!known) {
+void WMOsection1::addPosition(double lat, double lon) {
+    if (!isOnGlobe(lat, lon)) {
         add("99///");
         add("/////");
         add("/////");
@@ -87,15 +99,12 @@ WMOsection1temp::WMOsection1temp(const Levels& levels, WMOpartType part, TempMsg
     }
     add(meta.callSign);
     add(date);
-    double lat = 0.0;
-    double lon = 0.0;
-    const bool known = launchPosition(meta, lat, lon);
-    addPosition(known, lat, lon);
+    double lat = kMissing;
+    double lon = kMissing;
+    launchPosition(meta, lat, lon);
+    addPosition(lat, lon);
     if (message == TempMsgType::TempMobil) {
-        constexpr const char* kUnknownHeight = "00004"; // no height, of the lowest confidence
-        add(meta.launchAlt.avail(false)
-                ? stringFormat("%04d", static_cast<int>(std::round(meta.launchAlt.value()))) + "1"
-                : kUnknownHeight);
+        add(heightGroup(meta.launchAlt));
     }
 }
 
@@ -110,5 +119,5 @@ WMOsection1tempdrop::WMOsection1tempdrop(const Levels& levels, WMOpartType part,
     }
     addPart(kDropForm);
     add(dateGroup(meta, hasWind ? kKnots : 0, dateSuffix(meta)));
-    addPosition(lat != kMissing && lon != kMissing, lat, lon);
+    addPosition(lat, lon);
 }

@@ -14,8 +14,8 @@ protected:
     std::string dateGroup(const SndMetaData& meta, int dayOffset, const std::string& last) const;
     /// What ends the date group: Id, the radiosonde of part B, or a slash.
     std::string dateSuffix(const SndMetaData& meta) const;
-    /// 99LaLaLa, QcLoLoLoLo and MMMULaULo, with slashes without a position. Degrees.
-    void addPosition(bool known, double lat, double lon);
+    /// 99LaLaLa, QcLoLoLoLo and MMMULaULo, with slashes for a position that is missing or none. Degrees.
+    void addPosition(double lat, double lon);
 };
 
 /// Of TEMP, TEMP SHIP and TEMP MOBIL.

@@ -1,5 +1,6 @@
 #include "WMOsection10.h"
 
+#include "Globe.h"
 #include "GroupCoders.h"
 #include "LevelGroups.h"
 #include "Levels.h"
@@ -20,8 +21,7 @@ constexpr int kSecondsPerDay = 86400;
 bool positionText(const Level& level, std::string& text) {
     double lat = 0.0;
     double lon = 0.0;
-    if (!level.getFieldData(LFlat, lat) || !level.getFieldData(LFlon, lon) || !(std::abs(lat) <= 90.0) ||
-        !(std::abs(lon) <= 180.0)) {
+    if (!level.getFieldData(LFlat, lat) || !level.getFieldData(LFlon, lon) || !isOnGlobe(lat, lon)) {
         return false;
     }
     const auto hundredths = [](const char* format, double degrees) {

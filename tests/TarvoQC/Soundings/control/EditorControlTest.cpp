@@ -190,6 +190,29 @@ TEST(EditorControl, RhChoiceIsForTheNextRun) {
     EXPECT_EQ(analysis.editor.RHselection(), 2);
 }
 
+// Chosen for the sounding alone, it is another than the configuration's.
+TEST(EditorControl, AttributesTellTheRhChannelOfTheData) {
+    CsvText text(true);
+    text.fields("Time,Pressure,Temperature,RH,RH1,RH2").data("0,500,-5,50,51,52").data("1,499,-5,50,51,52");
+    Analysis analysis(text);
+    EditorControl& editor = analysis.editor;
+    ASSERT_GT(editor.numRhChan(), 1);
+    editor.qcProcess();
+    EXPECT_THAT(editor.filteredAttributes(), Contains(Pair("RHchoice", "0")));
+    editor.selectRH(2);
+    EXPECT_THAT(editor.filteredAttributes(), Contains(Pair("RHchoice", "0"))) << "for the next run";
+    editor.qcProcess();
+    EXPECT_EQ(editor.getSeries("QCRH")->data(0), 52);
+    EXPECT_THAT(editor.filteredAttributes(), Contains(Pair("RHchoice", "2")));
+    EXPECT_THAT(editor.attributes(true, false), Contains(Pair("RHchoice", "2")));
+    EXPECT_THAT(editor.baseAttributes(), Not(Contains(Key("RHchoice"))));
+
+    Analysis single(drop());
+    single.editor.selectRH(2);
+    single.editor.qcProcess();
+    EXPECT_THAT(single.editor.filteredAttributes(), Contains(Pair("RHchoice", "0")));
+}
+
 TEST(EditorControl, Attributes) {
     const PrescribedTime processingTime;
     Analysis analysis(drop());

@@ -203,3 +203,21 @@ TEST(EditorLevels, AMessageGivesItsLevelsRankedByPressure) {
     EXPECT_NEAR(rh, 67.96, 0.3) << "100 * 10^(2353/293.15 - 2353/287.15), T and dew point in K";
     EXPECT_FALSE(thermo.at(1).has(LFrh)) << "without a dew point";
 }
+
+// The vapour pressure of 0 deg C is 6.1 mb, of -5 deg C 4.2 mb: at 5 mb the mixing ratio of air saturated at 0 deg C
+// would be negative, and at 1 mb both of them. The surface of the second message has no pressure.
+TEST(EditorLevels, AMessageHasHumidityOnlyWhereThereIsAir) {
+    const auto humidities = [](const std::string& text) {
+        Analysis analysis(text);
+        analysis.run();
+        std::string all;
+        for (const Level& level : analysis.editor.levels()->subsetByType(LevelType::Standard, 0.0, 2000.0, false)) {
+            all += fieldText(level, LFpres) + (level.has(LFtdry) && level.has(LFrh) ? " rh " : " - ");
+        }
+        return all;
+    };
+    EXPECT_EQ(humidities("TTCC 0112/ 72469 70/// 00050 50/// ///// 30/// ///// 20/// ///// 10/// ///// 07/// 00050 "
+                         "05/// 00050 03/// ///// 02/// ///// 01/// 00050 88999 77999"),
+              "70.0 rh 7.0 rh 5.0 - 1.0 - ");
+    EXPECT_EQ(humidities("TTAA 0112/ 72469 99/// 12250 27035 00123 12250 88999 77999"), "1000.0 rh 0.0 - ");
+}

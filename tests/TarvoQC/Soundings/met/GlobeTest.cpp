@@ -1,6 +1,17 @@
 #include "Globe.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
+
+TEST(Globe, hasItsBounds) {
+    EXPECT_TRUE(isOnGlobe(90, -180));
+    EXPECT_TRUE(isOnGlobe(-90, 180));
+    EXPECT_FALSE(isOnGlobe(90.01, 0));
+    EXPECT_FALSE(isOnGlobe(0, -180.01));
+    EXPECT_FALSE(isOnGlobe(-999, -999));
+    EXPECT_FALSE(isOnGlobe(NAN, 0));
+    EXPECT_FALSE(isOnGlobe(0, NAN));
+}
 
 // One degree of the Clarke 1866 ellipsoid (a = 6378206.4 m, b = 6356583.8 m), from its radii of curvature.
 TEST(Globe, degreeLengthsAreThoseOfTheEllipsoid) {

@@ -13,4 +13,5 @@ TEST(RevisionInfo, versionInFiveCharacters) {
     EXPECT_EQ(info.at("REPO_TAG"), info.at("REPO_REVISION"));
     EXPECT_EQ(info.at("TARVO_AEV"), RevisionInfo::aev(info.at("REPO_REVISION")));
     EXPECT_EQ(info.text("NO_SUCH_FACT"), "");
+    EXPECT_EQ(programText(), "Tarvo " + info.at("REPO_TAG"));
 }

@@ -41,6 +41,38 @@ TEST(MandatoryHeights, GiveWayToHydrostaticsOnly) {
     EXPECT_FALSE(UnLevels(message(cases[3].levels)).levels({UnLevels::MANDATORY})[2].has(UnLevels::HEIGHT));
 }
 
+// The eye of a hurricane from 700 mb: no level has all air around it, and 1000 and 925 mb lie below the sea. Dry air
+// again: at 27 deg C 695 m from 920 to 850 mb and 1706 m on to 700; at 17 deg C 1465 m from 1010 to 850 mb.
+TEST(MandatoryHeights, RestOnTheSeaWithoutAnyOther) {
+    struct Case {
+        const char* what;
+        const char* part;
+        const char* surface;
+        const char* levels;
+        std::vector<double> heights;
+    };
+    const Case cases[] = {
+        {"drop", "XXAA 6212/", "99920 270//", "85695 270// 70401 270//", {695, 2401}},
+        {"ship", "UUAA ABCD 6212/", "99920 270//", "85695 270// 70401 270//", {695, 2401}},
+        {"usual air", "XXAA 6212/", "99010 170//", "85465 170// 70114 170//", {1465, 3114}},
+        {"temperature missing", "XXAA 6212/", "99920 /////", "85695 270// 70401 270//", {1695, 3401}},
+        {"surface missing", "XXAA 6212/", "99/// /////", "85695 270// 70401 270//", {1695, 3401}},
+    };
+    for (const Case& test : cases) {
+        const UnLevels read(std::string(test.part) + " 99246 70783 08148 " + test.surface +
+                            " ///// 00/// ///// 92/// ///// " + test.levels + " 88999 77999");
+        EXPECT_EQ(column(read, UnLevels::MANDATORY, UnLevels::HEIGHT), test.heights) << test.what;
+        for (const UnLevels::Level& surface : read.levels({UnLevels::SURFACE})) {
+            EXPECT_FALSE(surface.has(UnLevels::HEIGHT)) << test.what;
+        }
+    }
+    // Ground under high pressure, 920 mb at 1000 m: at 17 deg C 850 mb lie 672 m above it, 700 mb 2321 m.
+    EXPECT_EQ(
+        column(UnLevels("TTAA 6212/ 72469 99920 170// ///// 00/// ///// 92/// ///// 85672 170// 70321 170// 88999"),
+               UnLevels::MANDATORY, UnLevels::HEIGHT),
+        (std::vector<double>{1672, 3321}));
+}
+
 // From 100 mb on 2434 m to 70 and 2296 m to 50 mb at -40 deg C: 18430 and 20730 m over 16000 m.
 TEST(MandatoryHeights, AreTensOfMetresAbove) {
     std::vector<StandardLevel> levels{{100, -40, -999, 16000}, {70, -40, -999, 8430}, {50, -40, -999, 10730}};

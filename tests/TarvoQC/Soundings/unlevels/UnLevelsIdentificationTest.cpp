@@ -95,3 +95,57 @@ TEST(UnLevelsIdentification, StationNumbers) {
         EXPECT_EQ(read.levels({UnLevels::SIGNIFICANT}).size(), (hasB ? 3U : 0U) + (hasD ? 1U : 0U)) << text;
     }
 }
+
+// Each part once is one sounding, whichever parts there are and in whatever order.
+TEST(UnLevelsIdentification, ASecondSoundingIsLeftUnread) {
+    const std::string a = "TTAA 5112/ 72469 99013 12250 27035 88999 77999 31313 00000 81200=\n";
+    const std::string b = "TTBB 51128 72469 00013 12250= ";
+    const std::string otherA = "TTAA 5212/ 02963 99000 15130 36020 88999 77999 31313 00000 81130= ";
+    const std::string otherB = "TTBB 52128 02963 00000 15130 11700 31130= ";
+    struct Case {
+        std::string text;
+        const char* unread;
+        std::vector<double> surface, significant;
+    };
+    const Case cases[] = {
+        {a + b, "", {1013}, {1013}},
+        {b + a, "", {1013}, {1013}},
+        {a + b + otherA + otherB, "TTAA", {1013}, {1013}},
+        {a + "NNNN\nUSUS01 KWBC 021130\n" + otherA + otherB, "TTAA", {1013}, {}},
+        {b + otherB, "TTBB", {}, {1013}},
+        {a + b + b, "TTBB", {1013}, {1013}},
+    };
+    for (const Case& test : cases) {
+        ASSERT_EQ(errorOf(test.text), "read") << test.text;
+        const UnLevels read(test.text);
+        EXPECT_EQ(read.unreadPart(), test.unread) << test.text;
+        EXPECT_EQ(read.bsn(), "72469") << test.text;
+        EXPECT_EQ(read.dayOfMonth(), 1) << test.text;
+        EXPECT_EQ(column(read, UnLevels::SURFACE, UnLevels::PRES), test.surface) << test.text;
+        EXPECT_EQ(column(read, UnLevels::SIGNIFICANT, UnLevels::PRES), test.significant) << test.text;
+    }
+}
+
+TEST(UnLevelsIdentification, PartsOfOneSoundingAgree) {
+    const std::string ship = "UUBB ABCD 51128 99254 70804 08145 00013 12250 ";
+    const std::pair<std::string, const char*> cases[] = {
+        {"TTBB 51128 72469 00013 12250 TTDD 5112/ 02963 11885 737//", "02963 11885 737// ..."},
+        {ship + "UUDD EFGH 5112/ 99254 70804 08145 11885 737//", "EFGH 5112/ 99254 70804 08145 11885 ..."},
+        {ship + "UUDD ABCD 5112/ 99264 70804 08145 11885 737//", "70804 08145 11885 737// ..."},
+        {ship + "UUDD ABCD 5112/ 99254 10804 08145 11885 737//", "10804 08145 11885 737// ..."},
+    };
+    for (const auto& [text, where] : cases) {
+        EXPECT_EQ(errorOf(text), std::string("Two different soundings have been found in this message. Error detected "
+                                             "at ") +
+                                     where);
+    }
+    // What a part doesn't tell is no other sounding.
+    for (const char* rest :
+         {"UUDD 5112/ 99/// ///// ///// 11885 737//", "UUDD ABCD 5112/ 99254 7//// 08145 11885 737//"}) {
+        const UnLevels read(ship + rest);
+        EXPECT_EQ(read.callSign(), "ABCD");
+        EXPECT_DOUBLE_EQ(read.latitude(), 25.4);
+        EXPECT_DOUBLE_EQ(read.longitude(), -80.4);
+        EXPECT_EQ(read.levels({UnLevels::SIGNIFICANT}).size(), 2U);
+    }
+}

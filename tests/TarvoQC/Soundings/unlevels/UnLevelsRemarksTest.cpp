@@ -105,6 +105,20 @@ TEST(UnLevelsRemarks, EndWithTheNextPartOnly) {
     EXPECT_EQ(surfaces(partA + " NNNN UZNT13 KNHC 251930 " + partA), 1U);
 }
 
+TEST(UnLevelsRemarks, ASplashMayHaveNoTime) {
+    for (const char* end : {"", " =", " = XXCC 75191 99254 70804 08145 88999 77999"}) {
+        const std::string text = withRemarks("62626 SPL 2540N08040W" + std::string(end));
+        ASSERT_EQ(errorOf(text), "read") << text;
+        const UnLevels read(text);
+        expectField(read, U::SPLASHPOINTWINDINTEG, U::LAT, 25.4);
+        expectField(read, U::SPLASHPOINTWINDINTEG, U::LON, -80.4);
+        expectField(read, U::SPLASHPOINTWINDINTEG, U::CLOCK, -999);
+    }
+    for (const char* incomplete : {"62626 SPL", "62626 REL 2540N08040W", "62626 SPG 2540N08040W"}) {
+        EXPECT_EQ(errorOf(withRemarks(incomplete)).substr(0, 8), "At least") << incomplete;
+    }
+}
+
 TEST(UnLevelsRemarks, SayWhatIsWrong) {
     const std::pair<const char*, const char*> cases[] = {
         {"LAST DROP", "LAST must be followed by REPORT. Error detected near DROP  ..."},

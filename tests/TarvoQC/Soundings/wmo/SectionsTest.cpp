@@ -97,6 +97,23 @@ TEST(WMOsection1, ShipAndMobilTellTheirPlace) {
     EXPECT_EQ(text(TempMsgType::TempShip), "|UUAA  WXYZ 5512/ 99/// ///// /////");
 }
 
+TEST(WMOsection1, APlaceOffTheGlobeIsNone) {
+    MadeLevels made;
+    for (const auto& [lat, lon] : {std::pair(99999999999.0, -80.0), std::pair(90.1, 0.0), std::pair(25.0, 1e12)}) {
+        SndMetaData meta = at(lat, lon);
+        meta.launchAlt.set(1e12);
+        EXPECT_EQ(textOf(WMOsection1temp(made.levels, Part::B, TempMsgType::TempMobil, meta)),
+                  "IIBB  WXYZ 55128 99/// ///// ///// 00004");
+        EXPECT_EQ(textOf(WMOsection1tempdrop(made.levels, Part::B, meta)), "XXBB  05128 99/// ///// /////");
+    }
+    SndMetaData meta = at(-90.0, 180.0);
+    for (const auto& [height, group] : {std::pair(9999.4, "99991"), std::pair(9999.6, "00004"),
+                                        std::pair(-998.9, "-9991"), std::pair(-1000.0, "00004")}) {
+        meta.launchAlt.set(height);
+        EXPECT_EQ(WMOsection1temp(made.levels, Part::B, TempMsgType::TempMobil, meta).groups().back().text(), group);
+    }
+}
+
 TEST(WMOsection1, HalfPastGoesToTheNextHour) {
     MadeLevels made;
     const auto date = [&](const SndMetaData& meta) {
