@@ -54,7 +54,7 @@ public:
     bool needsTDDryBiasCorr() const;
     bool TDDryBiasCorrPresent() const;
 
-    /// Adds a copy of \p series under \p id, less the missing values and those that aren't finite numbers.
+    /// Adds a copy of \p series under \p id, less the values whose data or time is missing or no finite number.
     Series* addRawData(const Id& id, const Series& series);
 
     /// Removes the values flagged \p attribute, but for those with QcKeep, those after the end of the data, and with

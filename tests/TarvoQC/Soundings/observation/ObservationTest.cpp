@@ -58,6 +58,7 @@ TEST(Observation, DropsWhatIsMissingOrNoNumber) {
     MadeSounding::fill(file.sTdry(), {{0, -999}, {1, -999}});
     MadeSounding::fill(file.sPres(), {{0, -999}, {1, 500}, {2, nan}, {3, std::numeric_limits<double>::infinity()}});
     file.sPres()->appendValue(501, nan);
+    file.sPres()->appendValue(502, -999.0);
     file._launchPres = nan;
     const Observation observation(&file);
     ASSERT_NE(observation.getSeries("RawTdry"), nullptr);
