@@ -13,6 +13,9 @@ namespace {
 
 constexpr int kRawVersions = 100000;
 
+/// Frame times are off by less than this, s: the frame that was chosen as the end of the data is not after it.
+constexpr double kFrameTimeError = 1e-5;
+
 struct RawSource {
     const char* name;
     Series* (SoundingFile::*series)();
@@ -279,15 +282,16 @@ void Observation::keepWindsParallel() {
 
 void Observation::SetQCLastDataTime(double t) {
     _qcLastDataTime = t > 0.0 ? t : _maxLastDataTime;
+    const double lastIn = _qcLastDataTime + kFrameTimeError;
     for (const auto& [id, series] : _series) {
         if (isQcName(id)) {
-            series->timeTrimRight(_qcLastDataTime);
+            series->timeTrimRight(lastIn);
         }
     }
     Series* times = getSeries("RawTime");
     times->clearAttribute(Value::AfterEndOfDrop);
     for (int i = 0; i <= times->lastIndex(); ++i) {
-        if (times->time(i) > _qcLastDataTime) {
+        if (times->time(i) > lastIn) {
             times->setAttribute(i, Value::AfterEndOfDrop);
         }
     }

@@ -149,6 +149,14 @@ TEST(Observation, EndOfDropCutsTheQcSetAndFlagsTheRawTimes) {
     observation.initQCdata(0.0, 0, true);
     EXPECT_EQ(observation.qcLastDataTime(), 3.0);
     EXPECT_FALSE(rawTime.testAttribute(3, Value::AfterEndOfDrop));
+
+    // The end is told to the hundredth, the time of its frame isn't.
+    for (const auto& [early, last] : {std::pair(2.4e-7, "0 1 2"), std::pair(1e-3, "0 1")}) {
+        observation.initQCdata(2.0 - early, 0, true);
+        EXPECT_EQ(observation.qcLastDataTime(), 2.0 - early);
+        EXPECT_EQ(times(observation, "QCPres"), last);
+        EXPECT_EQ(rawTime.testAttribute(3, Value::AfterEndOfDrop), early > 1e-5);
+    }
 }
 
 TEST(Observation, BadCrcTakesOutWhatItCondemned) {
