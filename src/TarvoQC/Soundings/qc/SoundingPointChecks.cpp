@@ -60,7 +60,7 @@ bool isFlightObs(const Series& series, int index) {
 void Sounding::limitCheck() {
     for (const LimitRow& row : limitRows()) {
         const SeriesList series = seriesOf(row.series);
-        if (!series.empty() && !series.front()->empty()) {
+        if (!series.empty()) {
             _summary.addItem(row.topic, row.item,
                              ScalarAdjustment::limits(series, row.min, row.max, seriesOf(row.flagged)));
         }
@@ -112,9 +112,6 @@ void Sounding::weCheck() {
         return;
     }
     const Series& wdir = *getSeries("QCWdir");
-    if (wdir.empty()) {
-        return;
-    }
     Series matched;
     getSeries("RawWe")->matchSeries(wdir, matched);
     std::vector<int> failed;
