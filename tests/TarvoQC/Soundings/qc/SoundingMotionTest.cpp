@@ -121,6 +121,15 @@ TEST(SoundingMotion, TellsAFastFall) {
     EXPECT_EQ(run.errors(), "- This appears to be a fast fall sounding.\n");
 }
 
+TEST(SoundingMotion, AFastFallNeedsRates) {
+    CsvText text(false);
+    text.fields("Time,Temperature").data("0,20").data("1,20");
+    QcRun run(text);
+    run.process();
+    EXPECT_THAT(run.summary.items("Fast Fall Test"),
+                ElementsAre("<font color=\"red\">Not enough points for the fast fall check</font>"));
+}
+
 TEST(SoundingMotion, TiltsThePressureToAKnownSurfacePressure) {
     EvenDrop run;
     run.config.override("SfcPresOverride", 951.45);
