@@ -25,9 +25,6 @@ void Sounding::TDDryBiasCorrect() {
     _dryBiasApplied = false;
     _attributes["TDDryBiasCorrApplied"] = "false";
     Series* rh = getSeries("QCRH");
-    if (rh->empty()) {
-        return;
-    }
     if (_file->needsTDDryBiasCorr() && !_file->TDDryBiasCorrPresent()) {
         const int removed = TDDryBiasCorr().correct(rh, getSeries("RawRH"), getSeries("QCTdry"), kDryBiasGap);
         _dryBiasApplied = true;
