@@ -19,7 +19,7 @@ public:
     static double numTimeConstants(double difference, double accuracy);
 
     /// For temperature to within \p accuracy (deg C), from the ambient \p pressure (mb) and \p tdry (deg C) and the
-    /// \p cabinTemp (deg C). Nothing for an empty series.
+    /// \p cabinTemp (deg C). Nothing for an empty series, or when the time wouldn't be finite.
     Equilibration temperature(const Series* tdrySeries, const Series* presSeries, double pressure, double tdry,
                               double cabinTemp, double accuracy, double mass, double chuteArea, double dragCoef) const;
     /// For RH to within \p accuracy (%), from the ambient \p rh (%) and \p tdry (deg C).
