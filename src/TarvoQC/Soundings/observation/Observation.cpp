@@ -168,7 +168,8 @@ Series& Observation::addCopy(const Id& id, const Id& source) {
 Series* Observation::addRawData(const Id& id, const Series& series) {
     Series& added = *(_series[id] = std::make_unique<Series>(series, id));
     added.removeIf([](int, const Value& value) {
-        return value.data() == kMissing || !std::isfinite(value.data()) || !std::isfinite(value.time());
+        return value.data() == kMissing || value.time() == kMissing || !std::isfinite(value.data()) ||
+               !std::isfinite(value.time());
     });
     return &added;
 }
@@ -278,15 +279,16 @@ void Observation::keepWindsParallel() {
 
 void Observation::SetQCLastDataTime(double t) {
     _qcLastDataTime = t > 0.0 ? t : _maxLastDataTime;
+    const double lastIn = _qcLastDataTime + kFrameTimeError;
     for (const auto& [id, series] : _series) {
         if (isQcName(id)) {
-            series->timeTrimRight(_qcLastDataTime);
+            series->timeTrimRight(lastIn);
         }
     }
     Series* times = getSeries("RawTime");
     times->clearAttribute(Value::AfterEndOfDrop);
     for (int i = 0; i <= times->lastIndex(); ++i) {
-        if (times->time(i) > _qcLastDataTime) {
+        if (times->time(i) > lastIn) {
             times->setAttribute(i, Value::AfterEndOfDrop);
         }
     }

@@ -12,6 +12,9 @@
 
 class SoundingFile;
 
+/// Frame times are off by less than this, s: the frame that was chosen as the end of the data is not after it.
+constexpr double kFrameTimeError = 1e-5;
+
 /// The owner of all series of one sounding, by name: the raw set ("RawPres", ...), taken once from the reader, and the
 /// QC set ("QCPres", ...), rebuilt from the raw set at the start of every QC run and worked on by QC. Raw values never
 /// change; the raw set is only flagged. Units: mb, deg C, %, m/s, degrees, m, s from launch.
@@ -54,7 +57,7 @@ public:
     bool needsTDDryBiasCorr() const;
     bool TDDryBiasCorrPresent() const;
 
-    /// Adds a copy of \p series under \p id, less the missing values and those that aren't finite numbers.
+    /// Adds a copy of \p series under \p id, less the values whose data or time is missing or no finite number.
     Series* addRawData(const Id& id, const Series& series);
 
     /// Removes the values flagged \p attribute, but for those with QcKeep, those after the end of the data, and with

@@ -44,7 +44,8 @@ AmbientPoint::Equilibration AmbientPoint::temperature(const Series* tdrySeries, 
     }
     const double fall = DropsondeFallRate::value(pressure, tdry, chuteArea, dragCoef, mass);
     const double n = numTimeConstants(cabinTemp - tdry, accuracy);
-    return {_sensor.value(pressure, tdry, fall) * n, n};
+    const double time = _sensor.value(pressure, tdry, fall) * n;
+    return std::isfinite(time) ? Equilibration{time, n} : Equilibration{}; // air that no sensor can meet
 }
 
 AmbientPoint::Equilibration AmbientPoint::RH(const Series* rhSeries, const Series* presSeries, double rh, double tdry,

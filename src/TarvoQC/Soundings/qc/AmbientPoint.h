@@ -20,7 +20,7 @@ public:
 
     /// For temperature to within \p accuracy (deg C), from the ambient \p pressure (mb) and \p tdry (deg C) and the
     /// \p cabinTemp (deg C), for a sonde of \p mass (g) under a parachute of \p chuteArea (cm2) and \p dragCoef.
-    /// Nothing for an empty series.
+    /// Nothing for an empty series, or when the time wouldn't be finite.
     Equilibration temperature(const Series* tdrySeries, const Series* presSeries, double pressure, double tdry,
                               double cabinTemp, double accuracy, double mass, double chuteArea, double dragCoef) const;
     /// For RH to within \p accuracy (%), from the ambient \p rh (%) and \p tdry (deg C) and the \p cabinTemp (deg C).

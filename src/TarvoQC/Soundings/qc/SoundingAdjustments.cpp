@@ -2,6 +2,7 @@
 
 #include "DynWindAdjustment.h"
 #include "DynamicAdjustment.h"
+#include "SensorRange.h"
 #include "TDDryBiasCorr.h"
 #include "Text.h"
 
@@ -25,9 +26,6 @@ void Sounding::TDDryBiasCorrect() {
     _dryBiasApplied = false;
     _attributes["TDDryBiasCorrApplied"] = "false";
     Series* rh = getSeries("QCRH");
-    if (rh->empty()) {
-        return;
-    }
     if (_file->needsTDDryBiasCorr() && !_file->TDDryBiasCorrPresent()) {
         const int removed = TDDryBiasCorr().correct(rh, getSeries("RawRH"), getSeries("QCTdry"), kDryBiasGap);
         _dryBiasApplied = true;
@@ -77,7 +75,8 @@ void Sounding::adjustPressures() {
     adjustPres(getSeries("QCVVPres"));
 }
 
-/// Tilts the pressure over time, so that it ends on the surface pressure that the user gave.
+/// Tilts the pressure over time, so that it ends on the surface pressure that the user gave, unless that is none or the
+/// tilt would leave none on the way.
 void Sounding::adjustPres(Series* series) {
     double surface = 0.0;
     if (!boolOf("DropsondeHitSfc") || !_config.value("SfcPresOverride", surface) || series->empty()) {
@@ -89,9 +88,17 @@ void Sounding::adjustPres(Series* series) {
         return;
     }
     const double slope = (surface - series->data(series->lastIndex())) / duration;
-    for (int i = 0; i <= series->lastIndex(); ++i) {
-        series->setData(i, series->data(i) + slope * (series->time(i) - start));
+    Series adjusted = *series;
+    for (int i = 0; i <= adjusted.lastIndex(); ++i) {
+        adjusted.setData(i, adjusted.data(i) + slope * (adjusted.time(i) - start));
     }
+    const bool possible = std::all_of(adjusted.begin(), adjusted.end(), [](const Value& v) { return v.data() > 0.0; });
+    if (!kPressureRange.holds(surface) || !possible) {
+        addQcError("- Unable to adjust " + series->id().name() + " to a surface pressure of " +
+                   stringFormat("%.1f", surface) + "mb\n");
+        return;
+    }
+    *series = adjusted;
     _summary.addItem("Pressure Adjustment", series->id().name() + " profile adjusted for a surface pressure of " +
                                                 stringFormat("%.1f", surface) + "mb");
 }

@@ -1,6 +1,7 @@
 #include "Sounding.h"
 
 #include "QcAttribute.h"
+#include "SensorRange.h"
 #include "Text.h"
 
 namespace {
@@ -45,8 +46,8 @@ void Sounding::trimHead(const SeriesList& series, const SeriesList& flagSeries, 
 
 namespace {
 
-double ambientValue(const LaunchParameter& parameter, bool useIgnored, double unknown) {
-    return parameter.avail(useIgnored) ? parameter.value() : unknown;
+double ambientValue(const LaunchParameter& parameter, bool useIgnored, const SensorRange& range, double unknown) {
+    return parameter.avail(useIgnored) && range.holds(parameter.value()) ? parameter.value() : unknown;
 }
 
 std::string equilibrationItem(const std::string& quantity, bool isOverride, double time, const std::string& sensor,
@@ -61,9 +62,9 @@ std::string equilibrationItem(const std::string& quantity, bool isOverride, doub
 /// Returns the equilibration time of temperature, s.
 double Sounding::ambientTemperature() {
     const bool useIgnored = boolOf("UseIgnoredLaunch");
-    const double p = ambientValue(_meta.launchPres, useIgnored, kUnknownPressure);
-    const double t = ambientValue(_meta.launchTdry, useIgnored, kUnknownTdry);
-    const double rh = ambientValue(_meta.launchRH, useIgnored, kUnknownRH);
+    const double p = ambientValue(_meta.launchPres, useIgnored, kPressureRange, kUnknownPressure);
+    const double t = ambientValue(_meta.launchTdry, useIgnored, kTdryRange, kUnknownTdry);
+    const double rh = ambientValue(_meta.launchRH, useIgnored, kRHRange, kUnknownRH);
     const double cabin = valueOf("CabinTemp");
     const auto item = [this](const std::string& text) { _summary.addItem(kTopic, text); };
     item("Cabin temperature: " + stringFormat("%.0f", cabin) + "C");
@@ -98,9 +99,9 @@ void Sounding::ambientRH() {
     AmbientPoint::Equilibration point{valueOf("RHEquilTimeOverride"), 0.0};
     const bool isOverride = point.time > 0.0;
     if (!isOverride) {
-        point = _ambientPoint->RH(rhSeries, getSeries("QCPres"), ambientValue(_meta.launchRH, useIgnored, kUnknownRH),
-                                  ambientValue(_meta.launchTdry, useIgnored, kUnknownTdry), valueOf("CabinTemp"),
-                                  kRHAccuracy);
+        const double rh = ambientValue(_meta.launchRH, useIgnored, kRHRange, kUnknownRH);
+        const double t = ambientValue(_meta.launchTdry, useIgnored, kTdryRange, kUnknownTdry);
+        point = _ambientPoint->RH(rhSeries, getSeries("QCPres"), rh, t, valueOf("CabinTemp"), kRHAccuracy);
     }
     trimHead({rhSeries}, seriesOf({"RawRH"}), point.time);
     _attributes["RHEquilTime"] = stringFormat("%.2f", point.time);

@@ -2,6 +2,7 @@
 
 #include "Altitude.h"
 #include "Position.h"
+#include "SensorRange.h"
 
 namespace {
 
@@ -23,12 +24,13 @@ private:
 struct LaunchHeightValue {
     const char* series;
     LaunchParameter SndMetaData::*parameter;
+    SensorRange range;
 };
 
 constexpr LaunchHeightValue kLaunchHeightValues[] = {
-    {"QCPres", &SndMetaData::launchPres},
-    {"QCTdry", &SndMetaData::launchTdry},
-    {"QCRH", &SndMetaData::launchRH},
+    {"QCPres", &SndMetaData::launchPres, kPressureRange},
+    {"QCTdry", &SndMetaData::launchTdry, kTdryRange},
+    {"QCRH", &SndMetaData::launchRH, kRHRange},
 };
 
 } // namespace
@@ -72,7 +74,8 @@ void Sounding::dropAltitudes(double span, double start) {
     for (const LaunchHeightValue& launch : kLaunchHeightValues) {
         Series* series = getSeries(launch.series);
         const LaunchParameter& parameter = _meta.*launch.parameter;
-        if (!series->empty() && !series->testAttribute(0, Value::ObsFlight) && parameter.avail(useIgnored)) {
+        if (!series->empty() && !series->testAttribute(0, Value::ObsFlight) && parameter.avail(useIgnored) &&
+            launch.range.holds(parameter.value())) {
             temporary.push_back(std::make_unique<TemporaryLaunchValue>(series, parameter.value(), Value::ObsFlight));
         }
     }
@@ -83,7 +86,7 @@ void Sounding::dropAltitudes(double span, double start) {
         Series* pres = getSeries("QCPres");
         const Series* raw = getSeries("RawPres");
         std::unique_ptr<TemporaryLaunchValue> first;
-        if (!pres->testAttribute(0, Value::ObsFlight) && !raw->empty()) {
+        if (!pres->testAttribute(0, Value::ObsFlight) && !raw->empty() && kPressureRange.holds(raw->data(0))) {
             first = std::make_unique<TemporaryLaunchValue>(pres, raw->data(0), raw->attributes(0));
         }
         integrate("QCAltDn", span, _meta.launchAlt.value(), false);

@@ -62,11 +62,10 @@ void Sounding::updateSndMetaData(bool withLaunch) {
     }
     _meta.callSign = textOf("CallSign");
     _meta.agency = textOf("Agency");
+    const SndMetaData file = _observation->getSndMetaData();
     for (const MetaOverride& item : kMetaOverrides) {
         const std::string text = textOf(item.key);
-        if (!text.empty()) {
-            _meta.*item.field = text;
-        }
+        _meta.*item.field = text.empty() ? file.*item.field : text;
     }
 }
 

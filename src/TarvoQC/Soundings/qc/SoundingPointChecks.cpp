@@ -1,6 +1,7 @@
 #include "Sounding.h"
 
 #include "ScalarAdjustment.h"
+#include "SensorRange.h"
 
 namespace {
 
@@ -13,8 +14,7 @@ const std::vector<const char*> kRawPosition{"RawLat", "RawLon"};
 struct LimitRow {
     std::vector<const char*> series; ///< the first decides, the others go with it
     std::vector<const char*> flagged;
-    double min;
-    double max;
+    SensorRange range;
     const char* item;
     const char* topic;
 };
@@ -22,23 +22,33 @@ struct LimitRow {
 /// The last two rows work on the raw series themselves: counts and errors out of range are dropped for good.
 const std::vector<LimitRow>& limitRows() {
     static const std::vector<LimitRow> rows{
-        {{"QCPres"}, {"RawPres"}, 1.0, 1200.0, "Points which failed the limit check: ", "QC for Pressure"},
-        {{"QCVVPres"}, {}, 1.0, 1200.0, "Points which failed the limit check: ", "QC for VV Pressure"},
-        {{"QCTdry"}, {"RawTdry"}, -100.0, 50.0, "Points which failed the limit check: ", "QC for Temperature"},
-        {{"QCRH"}, {"RawRH"}, 0.0, 120.0, "Points which failed the limit check: ", "QC for Relative Humidity"},
-        {kWinds, kRawWinds, 0.0, 150.0, "Points which failed the wind speed limit check: ", "QC for Winds"},
-        {kWindsByDirection, kRawWinds, 0.0, 360.0,
-         "Points which failed the wind direction limit check: ", "QC for Winds"},
-        {kPosition, kRawPosition, -90.0, 90.0, "Points which failed the latitude limit check: ", "QC for GPS Position"},
+        {{"QCPres"}, {"RawPres"}, kPressureRange, "Points which failed the limit check: ", "QC for Pressure"},
+        {{"QCVVPres"}, {}, kPressureRange, "Points which failed the limit check: ", "QC for VV Pressure"},
+        {{"QCTdry"}, {"RawTdry"}, kTdryRange, "Points which failed the limit check: ", "QC for Temperature"},
+        {{"QCRH"}, {"RawRH"}, kRHRange, "Points which failed the limit check: ", "QC for Relative Humidity"},
+        {kWinds, kRawWinds, {0.0, 150.0}, "Points which failed the wind speed limit check: ", "QC for Winds"},
+        {kWindsByDirection,
+         kRawWinds,
+         {0.0, 360.0},
+         "Points which failed the wind direction limit check: ",
+         "QC for Winds"},
+        {kPosition,
+         kRawPosition,
+         {-90.0, 90.0},
+         "Points which failed the latitude limit check: ",
+         "QC for GPS Position"},
         {{"QCGpsLon", "QCGpsLat"},
          kRawPosition,
-         -180.0,
-         180.0,
+         {-180.0, 180.0},
          "Points which failed the longitude limit check: ",
          "QC for GPS Position"},
-        {{"QCGpsAlt"}, {"RawGpsAlt"}, -300.0, 40000.0, "Points which failed the limit check: ", "QC for GPS Altitude"},
-        {{"RawSats"}, {"RawSats"}, 0.0, 32.0, "Points which failed the limit check: ", "QC for RawSats"},
-        {{"RawWe"}, {"RawWe"}, 0.0, 99.0, "Points which failed the limit check: ", "QC for RawWe"},
+        {{"QCGpsAlt"},
+         {"RawGpsAlt"},
+         {-300.0, 40000.0},
+         "Points which failed the limit check: ",
+         "QC for GPS Altitude"},
+        {{"RawSats"}, {"RawSats"}, {0.0, 32.0}, "Points which failed the limit check: ", "QC for RawSats"},
+        {{"RawWe"}, {"RawWe"}, {0.0, 99.0}, "Points which failed the limit check: ", "QC for RawWe"},
     };
     return rows;
 }
@@ -60,9 +70,9 @@ bool isFlightObs(const Series& series, int index) {
 void Sounding::limitCheck() {
     for (const LimitRow& row : limitRows()) {
         const SeriesList series = seriesOf(row.series);
-        if (!series.empty() && !series.front()->empty()) {
+        if (!series.empty()) {
             _summary.addItem(row.topic, row.item,
-                             ScalarAdjustment::limits(series, row.min, row.max, seriesOf(row.flagged)));
+                             ScalarAdjustment::limits(series, row.range.min, row.range.max, seriesOf(row.flagged)));
         }
     }
 }
@@ -112,9 +122,6 @@ void Sounding::weCheck() {
         return;
     }
     const Series& wdir = *getSeries("QCWdir");
-    if (wdir.empty()) {
-        return;
-    }
     Series matched;
     getSeries("RawWe")->matchSeries(wdir, matched);
     std::vector<int> failed;

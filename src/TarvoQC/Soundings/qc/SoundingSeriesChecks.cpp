@@ -125,16 +125,12 @@ const std::vector<OutlierRow>& outlierRows() {
     return rows;
 }
 
-bool nothingToJudge(const SeriesList& series) {
-    return series.empty() || series.front()->empty();
-}
-
 } // namespace
 
 void Sounding::buddyCheck() {
     for (const CheckRow& row : checkRows()) {
         const SeriesList series = seriesOf(row.series);
-        if (!nothingToJudge(series)) {
+        if (!series.empty()) {
             _summary.addItem(row.topic, row.buddyItem,
                              BuddyCheck().check(series, valueOf(row.buddyKey), seriesOf(row.flagged)));
         }
@@ -148,7 +144,7 @@ void Sounding::outlierCheck() {
             if (row.headsGroup) {
                 _summary.addItem(row.topic, "Outlier check disabled");
             }
-        } else if (!nothingToJudge(series)) {
+        } else if (!series.empty()) {
             _summary.addItem(row.topic, "Points which failed the outlier check: ",
                              OutlierCheck().check(series, valueOf(row.limitKey), seriesOf(row.flagged)));
         }
@@ -163,7 +159,7 @@ void Sounding::filterCheck() {
             continue;
         }
         const SeriesList series = seriesOf(row.series);
-        if (nothingToJudge(series)) {
+        if (series.empty()) {
             continue;
         }
         bool failed = false;

@@ -112,7 +112,7 @@ void Sounding::verticalWind() {
 /// Compares the hydrostatic fall rate with the theoretical one over the whole sounding.
 void Sounding::fastFallCheck() {
     const Series& dz = *getSeries("QCDz");
-    if (_meta.ascending || dz.empty()) {
+    if (_meta.ascending) {
         return;
     }
     const char* const topic = "Fast Fall Test";

@@ -58,6 +58,7 @@ TEST(Observation, DropsWhatIsMissingOrNoNumber) {
     MadeSounding::fill(file.sTdry(), {{0, -999}, {1, -999}});
     MadeSounding::fill(file.sPres(), {{0, -999}, {1, 500}, {2, nan}, {3, std::numeric_limits<double>::infinity()}});
     file.sPres()->appendValue(501, nan);
+    file.sPres()->appendValue(502, -999.0);
     file._launchPres = nan;
     const Observation observation(&file);
     ASSERT_NE(observation.getSeries("RawTdry"), nullptr);
@@ -148,6 +149,14 @@ TEST(Observation, EndOfDropCutsTheQcSetAndFlagsTheRawTimes) {
     observation.initQCdata(0.0, 0, true);
     EXPECT_EQ(observation.qcLastDataTime(), 3.0);
     EXPECT_FALSE(rawTime.testAttribute(3, Value::AfterEndOfDrop));
+
+    // The end is told to the hundredth, the time of its frame isn't.
+    for (const auto& [early, last] : {std::pair(2.4e-7, "0 1 2"), std::pair(1e-3, "0 1")}) {
+        observation.initQCdata(2.0 - early, 0, true);
+        EXPECT_EQ(observation.qcLastDataTime(), 2.0 - early);
+        EXPECT_EQ(times(observation, "QCPres"), last);
+        EXPECT_EQ(rawTime.testAttribute(3, Value::AfterEndOfDrop), early > 1e-5);
+    }
 }
 
 TEST(Observation, BadCrcTakesOutWhatItCondemned) {

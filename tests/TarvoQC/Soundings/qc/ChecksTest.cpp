@@ -304,7 +304,7 @@ TEST(Limits, EachQuantityInItsRange) {
     }
     EXPECT_THAT(run.items("QC for Relative Humidity"), Contains("Points which failed the limit check:  1"));
     EXPECT_THAT(run.items("QC for RawSats"), ElementsAre("Points which failed the limit check:  1"));
-    EXPECT_THAT(run.items("QC for RawWe"), ElementsAre()) << "passed over without data";
+    EXPECT_THAT(run.items("QC for RawWe"), ElementsAre("Points which failed the limit check:  0")) << "without data";
     EXPECT_EQ(run.times("RawSats"), "0 2 3 4");
 }
 
@@ -396,6 +396,15 @@ TEST(WindError, LimitsByHeight) {
     run.expectWindTimes("-1 0 1 2 3 4 5 6 7 8");
 }
 
+TEST(WindError, WithoutWinds) {
+    CsvText text(false);
+    text.line("ThermoSensor,RSS421").fields("Time,Pressure").data("0,500").data("1,501");
+    CheckRun run(text);
+    run.config.set.set("WindDisableErrorCheck", 0.0);
+    run.process();
+    EXPECT_THAT(run.items("QC for Winds"), Contains("Points which failed the wind error check:  0"));
+}
+
 TEST(WindError, OtherSondes) {
     CheckRun run(fiveOfADrop());
     run.config.set.set("WindDisableErrorCheck", 0.0);
@@ -466,7 +475,17 @@ TEST(SeriesChecks, DisabledFailedAndEmpty) {
     empty.config.set.add("WindOutlier", 10.0, false, false, true);
     empty.process();
     EXPECT_THAT(empty.errors(), Not(HasSubstr("Filter check")));
-    EXPECT_THAT(empty.items("QC for Winds"), Not(Contains(HasSubstr("Points which failed"))));
+    EXPECT_THAT(empty.items("QC for Winds"),
+                ElementsAre("Points which failed the wind speed limit check:  0",
+                            "Points which failed the wind direction limit check:  0", "Satellites check disabled",
+                            "Wind error check not applied (sonde is not xRD41)",
+                            "Points which failed the buddy check:  0", "Points which failed the outlier check:  0",
+                            "Points which failed the Q/C filter check:  0", "Vertical winds not calculated"));
+
+    CheckRun ascent(pressures(true, {1000, 999, 998}));
+    ascent.config.set.set("PresDisableOutlierCheck", 0.0);
+    ascent.process();
+    EXPECT_THAT(ascent.items("QC for VV Pressure"), ElementsAre()) << "a series that only drops have";
 }
 
 namespace {

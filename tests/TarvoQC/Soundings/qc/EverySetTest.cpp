@@ -9,6 +9,8 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -117,4 +119,14 @@ TEST(EverySet, TheDryBiasIsTakenOutOfAFileThatNeedsIt) {
         changed += qc.data(i) != raw.data(k) ? 1 : 0;
     }
     EXPECT_GT(changed, 1600);
+
+    Series& channel = *editor.getSeries("RawRH0");
+    for (int i = 0; i <= channel.lastIndex(); ++i) {
+        channel.setAttribute(i, Value::QcIgnore);
+    }
+    editor.qcProcess();
+    ASSERT_TRUE(editor.getSeries("QCRH")->empty());
+    EXPECT_EQ(editor.attributesSnd().at("TDDryBiasCorrApplied"), "true") << "also when no RH is left";
+    const std::vector<std::string> told{items[0], "Points which were removed due to missing temperature or bad RH:  0"};
+    EXPECT_EQ(editor.summaryItems("TD Dry Bias Correction"), told);
 }

@@ -4,6 +4,7 @@
 #include "SeriesText.h"
 #include "TDDryBiasCorr.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 
 TEST(Motion, FallRateBalancesDragAndWeight) {
@@ -41,6 +42,22 @@ TEST(Motion, ValuesCorrectedAtTheSourceLoseTheirFloorButForTheFirst) {
     EXPECT_FALSE(raw.testAttribute(0, Value::DryBiasCorrection));
     EXPECT_TRUE(raw.testAttribute(1, Value::DryBiasCorrection));
     EXPECT_TRUE(raw.testAttribute(3, Value::DryBiasCorrection));
+}
+
+TEST(Motion, AirThatIsNoneGivesNoTimeToSettle) {
+    Series tdry("QCTdry");
+    tdry.appendValue(-5.0, 0.0);
+    Series pres("QCPres");
+    pres.appendValue(500.0, 0.0);
+    const AmbientPoint bead(SensorType::RS80);
+    const auto time = [&](double pressure, double ambient) {
+        return bead.temperature(&tdry, &pres, pressure, ambient, 25.0, 0.1, 400.0, 676.0, 0.61).time;
+    };
+    // From 35 deg C to 0.1, at 16.95 m/s in place of the 12 above.
+    EXPECT_NEAR(time(500.0, -10.0), 3.343327170 * std::pow(12.0 / 16.946397894, 0.6) * std::log(350.0), 1e-6);
+    EXPECT_EQ(time(0.0, -10.0), 0.0);
+    EXPECT_EQ(time(-5.0, -10.0), 0.0);
+    EXPECT_EQ(time(500.0, -300.0), 0.0);
 }
 
 TEST(Motion, HumidityTimeToSettle) {

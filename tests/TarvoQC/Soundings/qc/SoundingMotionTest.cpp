@@ -1,5 +1,6 @@
 #include "QcRun.h"
 
+#include <cmath>
 #include <gmock/gmock.h>
 
 namespace {
@@ -121,6 +122,15 @@ TEST(SoundingMotion, TellsAFastFall) {
     EXPECT_EQ(run.errors(), "- This appears to be a fast fall sounding.\n");
 }
 
+TEST(SoundingMotion, AFastFallNeedsRates) {
+    CsvText text(false);
+    text.fields("Time,Temperature").data("0,20").data("1,20");
+    QcRun run(text);
+    run.process();
+    EXPECT_THAT(run.summary.items("Fast Fall Test"),
+                ElementsAre("<font color=\"red\">Not enough points for the fast fall check</font>"));
+}
+
 TEST(SoundingMotion, TiltsThePressureToAKnownSurfacePressure) {
     EvenDrop run;
     run.config.override("SfcPresOverride", 951.45);
@@ -132,6 +142,73 @@ TEST(SoundingMotion, TiltsThePressureToAKnownSurfacePressure) {
     EXPECT_EQ(pres.data(0), 900.0);
     EXPECT_NEAR(pres.data(50), 925.0 + 25.0 * 1.95 / 49.5, 1e-9);
     EXPECT_NEAR(pres.data(99), 951.45, 1e-9);
+}
+
+TEST(SoundingMotion, LeavesThePressureWhereTheSurfacePressureIsNone) {
+    const auto errors = [](const std::string& surface) {
+        return "- Unable to adjust QCPres to a surface pressure of " + surface +
+               "mb\n- Unable to adjust QCVVPres to a surface pressure of " + surface + "mb\n";
+    };
+    for (const auto& [surface, text] : {std::pair(0.0, "0.0"), std::pair(0.9, "0.9"), std::pair(1300.0, "1300.0")}) {
+        EvenDrop run;
+        run.config.override("SfcPresOverride", surface);
+        run.process();
+        EXPECT_EQ(run.errors(), errors(text));
+        EXPECT_THAT(run.summary.items("Pressure Adjustment"), ElementsAre());
+        EXPECT_EQ(run.sounding->getSeries("QCPres")->data(50), 925.0);
+    }
+
+    // 100 mb growing by 2.3 % from sample to sample: half way, a tilt by 970 mb would leave less than nothing.
+    CsvText text(false);
+    text.fields("Time,Pressure,Temperature");
+    for (int i = 0; i < 100; ++i) {
+        text.data(std::to_string(0.5 * i) + "," + std::to_string(100.0 * std::exp(0.023 * i)) + ",20");
+    }
+    EvenDrop growing(text);
+    growing.config.override("SfcPresOverride", 5.0);
+    growing.process();
+    EXPECT_THAT(growing.errors(), testing::HasSubstr(errors("5.0")));
+    EXPECT_NEAR(growing.sounding->getSeries("QCPres")->data(50), 315.8, 0.1);
+}
+
+TEST(SoundingMotion, LaunchValuesOutOfTheirRangeArentKnown) {
+    EvenDrop run;
+    run.config.set.remove("LaunchTdryOverride");
+    run.config.override("LaunchAltOverride", 500.0);
+    run.config.override("SfcAltOverride", 12.0);
+    run.process();
+    const auto settled = run.summary.items("Ambient Equilibration");
+    const std::string up = run.series("QCAltUp");
+    const std::string down = run.series("QCAltDn");
+    ASSERT_EQ(settled[2], "Ambient pressure: 250mb");
+    for (const auto& [key, value] :
+         {std::pair("Pres", 0.0), std::pair("Pres", -50.0), std::pair("Pres", 4300.0), std::pair("Tdry", -300.0),
+          std::pair("Tdry", 60.0), std::pair("RH", -1.0), std::pair("RH", 130.0)}) {
+        const std::string name = std::string("Launch") + key + "Override";
+        run.config.override(name, value);
+        run.process();
+        run.config.set.remove(name);
+        EXPECT_EQ(run.summary.items("Ambient Equilibration"), settled) << name << " " << value;
+        EXPECT_EQ(run.series("QCAltUp"), up) << name << " " << value;
+        EXPECT_EQ(run.series("QCAltDn"), down) << name << " " << value;
+    }
+    run.config.override("LaunchPresOverride", 880.0);
+    run.process();
+    EXPECT_EQ(run.summary.items("Ambient Equilibration")[2], "Ambient pressure: 880mb") << "one that is in";
+}
+
+TEST(SoundingMotion, HeightsPassOverAFirstPressureThatIsNone) {
+    CsvText text(false);
+    text.fields("Time,Pressure,Temperature").data("0,0,20").data("1,901,20").data("2,902,20");
+    EvenDrop run(text);
+    run.config.set.set("DropsondeHitSfc", 0.0);
+    run.config.override("LaunchAltOverride", 500.0);
+    run.process();
+    const Series& down = *run.sounding->getAltSeries();
+    EXPECT_EQ(timesOf(down), "1 2");
+    EXPECT_EQ(down.data(0), 500.0);
+    // 294 K / 0.034164 ln(902 / 901) = 9.55 m
+    EXPECT_NEAR(down.data(1), 500.0 - 9.55, 0.05);
 }
 
 TEST(SoundingMotion, EquilibrationTakesTheHeadAndSaysWhy) {
@@ -174,8 +251,11 @@ CsvText drawnOut(const std::vector<std::string>& rows) {
     return text;
 }
 
-std::vector<std::string> surfaceItems(const CsvText& text) {
+std::vector<std::string> surfaceItems(const CsvText& text, double endOfDrop = 0.0) {
     EvenDrop run(text);
+    if (endOfDrop > 0.0) {
+        run.config.override("LastDataTimeOverride", endOfDrop);
+    }
     run.process();
     return run.summary.items("Surface Observation");
 }
@@ -190,6 +270,8 @@ TEST(SoundingMotion, SplashIsTheLastUsableFrame) {
     EXPECT_TRUE(surfaceItems(drawnOut({"59.6,,20,,,,"})).empty()) << "10.1 s after it";
     EXPECT_EQ(surfaceItems(drawnOut({"50.4,,,,,90,"}))[0], splash("50.40")) << "a direction alone, 0.9 s later";
     EXPECT_EQ(surfaceItems(drawnOut({"50.5,,,,,90,"}))[0], splash("49.50")) << "1.0 s later";
+    EXPECT_EQ(surfaceItems(evenDrop(), 49.0)[0], splash("49.00")) << "an end set half a second before that of the file";
+    EXPECT_EQ(surfaceItems(drawnOut({"50.4,,,,,90,"}), 50.4)[0], splash("50.40")) << "an end set at that of the file";
 }
 
 TEST(SoundingMotion, SurfaceValuesNeedRecentSamples) {

@@ -110,6 +110,24 @@ TEST(Sounding, LaunchOverridesAndIgnoring) {
     EXPECT_TRUE(run.sounding->getSeries("QCTdry")->testAttribute(0, Value::ObsFlight));
 }
 
+TEST(Sounding, TextsOfTheFileStandAgainWhenTheirOverridesGo) {
+    struct {
+        const char* key;
+        std::string SndMetaData::*field;
+    } const cases[] = {{"PlatformType", &SndMetaData::platformType},
+                       {"PlatformId", &SndMetaData::platformId},
+                       {"Project", &SndMetaData::project},
+                       {"Flight", &SndMetaData::flight}};
+    QcRun run(drop().line("PlatformType,ship").line("PlatformId,ship").line("Project,ship").line("Flight,ship"));
+    for (const auto& c : cases) {
+        for (const auto& [text, expected] : {std::pair("", "ship"), std::pair("mine", "mine"), std::pair("", "ship")}) {
+            run.config.set.set(c.key, text);
+            run.process();
+            EXPECT_EQ(run.sounding->getSndMetaData().*c.field, expected) << c.key;
+        }
+    }
+}
+
 TEST(Sounding, ALaunchWindOrPositionExistsAsAPairOrNotAtAll) {
     QcRun run(drop());
     run.config.override("LaunchWspdOverride", 20.0);
