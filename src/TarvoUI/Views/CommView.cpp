@@ -242,6 +242,7 @@ void CommView::changeObsNum() {
     const int number = _obsNum->text().trimmed().toInt(&isNumber);
     if (!isNumber) {
         _obsNum->clear();
+        _obsNum->setModified(false);
     }
     _configSet->set("ObsNum", static_cast<double>(isNumber ? number : kNoObservation));
     update61616();

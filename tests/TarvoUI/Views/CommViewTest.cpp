@@ -168,6 +168,10 @@ TEST_F(CommTab, EntriesSurviveANewCoding) {
 
 TEST_F(CommTab, WhatWasWrittenByHandStays) {
     choose("_environment", "CENTER");
+    for (const char* name : {"_obsNum", "_retrans"}) {
+        type(name, "4");
+        type(name, "");
+    }
     const auto modifyRemarks = [this] {
         std::vector<WMOsection*> found;
         sounding.editor().wmo()->findSection(10, found);
