@@ -11,6 +11,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFileDialog>
+#include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPrinter>
@@ -397,6 +398,27 @@ TEST_F(Synoptic, SavesTheLevelsThatHaveData) {
     answers.operate("Saving Levels...", [](QDialog& dialog) { dynamic_cast<QProgressDialog&>(dialog).cancel(); });
     window->saveAll();
     EXPECT_LT(std::distance(fs::directory_iterator(path("cancelled")), {}), 9);
+}
+
+TEST_F(Synoptic, AMapThatCantBeGrabbedIsLogged) {
+    static QStringList logged;
+    logged.clear();
+    press("_selectAll");
+    child<QFrame>("_mapFrame").setFixedSize(0, 0);
+    for (const char* title : {"Tarvo - Save Synoptic Map", "Tarvo - Save Synoptic Maps"}) {
+        answers.operate(title, [this](QDialog& dialog) {
+            dynamic_cast<QFileDialog&>(dialog).selectFile(QString::fromStdString(path("map_LevelName.png")));
+            QMetaObject::invokeMethod(&dialog, "accept");
+        });
+    }
+    const auto before =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& message) { logged << message; });
+    window->save();
+    window->saveAll();
+    qInstallMessageHandler(before);
+    EXPECT_EQ(logged.filter("Failed"), (QStringList{"Failed to capture the synoptic map for saving",
+                                                    "Failed to capture the synoptic map for printing"}));
+    EXPECT_EQ(answers.texts(), std::vector<std::string>{"Tarvo can't save the file."});
 }
 
 TEST(SynopticMany, AllAtOnce) {
