@@ -1,5 +1,8 @@
 #include "QStationModelGraphicsItem.h"
 
+#include "Angles.h"
+#include "Missing.h"
+
 #include <QGraphicsSceneContextMenuEvent>
 #include <QMenu>
 #include <QPainter>
@@ -7,8 +10,6 @@
 
 namespace {
 
-constexpr double kMissing = -999.0;
-constexpr double kPi = 3.14159; // the picture is made with these digits
 constexpr double kNoWind = 0.1; // knots
 constexpr double kTextRadius = 11.0;
 constexpr double kBarbPart = 0.2; // of the staff
@@ -82,7 +83,7 @@ void QStationModelGraphicsItem::paint(QPainter* painter, const QStyleOptionGraph
 }
 
 QPointF QStationModelGraphicsItem::xyang(const QPointF& point, double angle, double length) const {
-    const double radians = angle * kPi / 180.0;
+    const double radians = angle * kShortPi / 180.0;
     return {point.x() + length * std::cos(radians), point.y() - length * std::sin(radians) / _aspect};
 }
 

@@ -16,6 +16,8 @@ struct OptionField {
     const char* pattern = nullptr;      ///< of a Pattern
     const char* mask = nullptr;         ///< input mask of a text
     std::vector<const char*> choices{}; ///< of a Choice: the texts of its buttons, for the values from 0 on
+
+    bool hasLimits() const { return min != 0.0 || max != 0.0; }
 };
 
 /// The tables of the six forms.

@@ -16,7 +16,16 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <set>
+
+namespace {
+
+TarvoWidgetValidator::ValidatorType validatorOf(const OptionField& field) {
+    return field.kind == OptionField::Int ? TarvoWidgetValidator::IntValidator : TarvoWidgetValidator::DoubleValidator;
+}
+
+} // namespace
 
 TarvoAdvConfig::TarvoAdvConfig(TarvoConfigSet* configSet, const char* title, const std::vector<OptionField>& fields)
     : _configSet(configSet), _fields(fields), _page(new QWidget(this)) {
@@ -220,6 +229,19 @@ TarvoAdvConfig::setType TarvoAdvConfig::typeOf(const OptionField& field) {
     return field.kind == OptionField::Double || field.kind == OptionField::Int ? NUMBER : TEXT;
 }
 
+bool TarvoAdvConfig::accepts(const OptionField& field, QString text) {
+    if (field.kind == OptionField::Pattern) {
+        int position = 0;
+        return text.isEmpty() ||
+               QRegExpValidator(QRegExp(field.pattern)).validate(text, position) == QValidator::Acceptable;
+    }
+    constexpr double kMost = std::numeric_limits<double>::max();
+    double value = 0.0;
+    return typeOf(field) == TEXT ||
+           TarvoWidgetValidator::number(text, validatorOf(field), field.hasLimits() ? field.min : -kMost,
+                                        field.hasLimits() ? field.max : kMost, value);
+}
+
 void TarvoAdvConfig::setText(QLineEdit* edit, const ConfigItem* item, setType type) {
     if (item != nullptr) {
         edit->setText(type == NUMBER ? QString::number(item->value(), 'g', 6) : toQString(item->text()));
@@ -288,14 +310,7 @@ void TarvoAdvConfig::updateConfigFromForm() {
             setValue(option, box(field.key));
         } else if (field.kind == OptionField::Choice) {
             setValue(option, choice(field.key)->checkedId());
-        } else if (field.kind == OptionField::Pattern) {
-            QString text = edit(field.key)->text().trimmed();
-            int position = 0;
-            const QRegExpValidator pattern{QRegExp(field.pattern)};
-            if (text.isEmpty() || pattern.validate(text, position) == QValidator::Acceptable) {
-                setValue(option, edit(field.key), TEXT);
-            }
-        } else {
+        } else if (accepts(field, edit(field.key)->text().trimmed())) {
             setValue(option, edit(field.key), typeOf(field));
         }
     }
@@ -306,11 +321,8 @@ void TarvoAdvConfig::initializeValidators() {
         const char* label = field.inMessages == nullptr ? field.label : field.inMessages;
         if (field.kind == OptionField::Pattern) {
             new TarvoWidgetValidator(edit(field.key), label, item(field.key), QRegExp(field.pattern));
-        } else if (field.min != 0.0 || field.max != 0.0) {
-            new TarvoWidgetValidator(edit(field.key), label, item(field.key),
-                                     field.kind == OptionField::Int ? TarvoWidgetValidator::IntValidator
-                                                                    : TarvoWidgetValidator::DoubleValidator,
-                                     field.min, field.max);
+        } else if (field.hasLimits()) {
+            new TarvoWidgetValidator(edit(field.key), label, item(field.key), validatorOf(field), field.min, field.max);
         }
     }
 }

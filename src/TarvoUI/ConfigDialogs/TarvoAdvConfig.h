@@ -78,6 +78,8 @@ private:
     void addField(QFormLayout* form, QGroupBox* group, const OptionField& field);
     QString toolTipOf(const OptionField& field) const;
     static setType typeOf(const OptionField& field);
+    /// Whether a text may go into the option of a field.
+    static bool accepts(const OptionField& field, QString text);
     void showRows();
 
     const std::vector<OptionField>& _fields;

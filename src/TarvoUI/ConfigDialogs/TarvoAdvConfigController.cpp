@@ -118,6 +118,10 @@ void TarvoAdvConfigController::initializeTabs(TarvoConfigSet* configSet) {
 }
 
 void TarvoAdvConfigController::applySelected() {
+    if (auto* edited = qobject_cast<QLineEdit*>(_dialog->focusWidget())) {
+        edited->clearFocus(); // a refusal is told ahead
+        edited->setFocus();
+    }
     {
         const WaitCursor wait;
         for (const std::size_t form : {0U, 5U, 1U, 2U, 3U, 4U}) {

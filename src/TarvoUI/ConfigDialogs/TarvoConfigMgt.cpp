@@ -161,14 +161,15 @@ void TarvoConfigMgt::updateConfigCombo() {
     }
     const QSignalBlocker quiet1(_selectActive1);
     const QSignalBlocker quiet2(_selectActive2);
-    _selectActive1->setCurrentText(toQString(_registry->getActive1SetName()));
-    _selectActive2->setCurrentText(toQString(_registry->getActive2SetName()));
+    // A set that isn't listed can be active all the same: none is shown then, rather than another one.
+    _selectActive1->setCurrentIndex(_selectActive1->findText(activeName(false)));
+    _selectActive2->setCurrentIndex(_selectActive2->findText(activeName(true)));
     disconnect(_selectActive1, &QComboBox::currentTextChanged, this, &TarvoConfigMgt::setActive1Config);
     disconnect(_selectActive2, &QComboBox::currentTextChanged, this, &TarvoConfigMgt::setActive2Config);
     connect(_selectActive1, &QComboBox::currentTextChanged, this, &TarvoConfigMgt::setActive1Config);
     connect(_selectActive2, &QComboBox::currentTextChanged, this, &TarvoConfigMgt::setActive2Config);
-    _despActive1->setText(descriptionOf(_selectActive1->currentText()));
-    _despActive2->setText(descriptionOf(_selectActive2->currentText()));
+    _despActive1->setText(descriptionOf(activeName(false)));
+    _despActive2->setText(descriptionOf(activeName(true)));
 }
 
 void TarvoConfigMgt::setActive1Config(const QString& name) {
@@ -187,6 +188,10 @@ void TarvoConfigMgt::setConfigDesp(const QString& name) {
 
 bool TarvoConfigMgt::isSecond(const QObject* from) const {
     return from == _editActive2 || from == _restoreActive2;
+}
+
+QString TarvoConfigMgt::activeName(bool second) const {
+    return toQString(second ? _registry->getActive2SetName() : _registry->getActive1SetName());
 }
 
 bool TarvoConfigMgt::getUserSelection(const QString& question) {
@@ -210,7 +215,7 @@ void TarvoConfigMgt::displayAdvConfig() {
     const bool second = isSecond(sender());
     const std::string first = _registry->getActive1SetName();
     if (second) {
-        _registry->setActive1SetName(_selectActive2->currentText().toStdString());
+        _registry->setActive1SetName(_registry->getActive2SetName());
     }
     {
         TarvoConfigSet set(_registry.get());
@@ -232,7 +237,7 @@ void TarvoConfigMgt::displayAdvConfig() {
 
 void TarvoConfigMgt::restoreDefaults() {
     const bool second = isSecond(sender());
-    const QString name = (second ? _selectActive2 : _selectActive1)->currentText();
+    const QString name = activeName(second);
     if (!getUserSelection(
             QString("Are you sure that you want to restore the defaults\nfor the configuration '%1'?").arg(name))) {
         return;

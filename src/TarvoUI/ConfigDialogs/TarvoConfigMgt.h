@@ -48,6 +48,7 @@ private:
     void updateConfigCombo();
     /// Whether the button belongs to the second active set.
     bool isSecond(const QObject* sender) const;
+    QString activeName(bool second) const;
     bool getUserSelection(const QString& question);
     void displayErrorMessage(const QString& text, bool critical);
     QString styleSheetOf(const TarvoConfigSet& set) const;

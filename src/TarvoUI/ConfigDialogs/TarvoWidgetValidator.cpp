@@ -2,6 +2,7 @@
 
 #include <QMessageBox>
 #include <QRegExpValidator>
+#include <cmath>
 
 TarvoWidgetValidator::TarvoWidgetValidator(QLineEdit* edit, QString label, ConfigItem* item, ValidatorType type,
                                            double min, double max)
@@ -17,23 +18,22 @@ TarvoWidgetValidator::TarvoWidgetValidator(QLineEdit* edit, QString label, Confi
     connect(edit, &QLineEdit::editingFinished, this, &TarvoWidgetValidator::regExpValidator);
 }
 
-void TarvoWidgetValidator::intValidator() {
+bool TarvoWidgetValidator::number(const QString& text, ValidatorType type, double min, double max, double& value) {
     bool isNumber = false;
-    const int value = _edit->text().trimmed().toInt(&isNumber);
-    check(isNumber && value >= static_cast<int>(_min) && value <= static_cast<int>(_max), value);
+    if (type == IntValidator) {
+        value = text.trimmed().toInt(&isNumber);
+        return isNumber && value >= std::trunc(min) && value <= std::trunc(max);
+    }
+    value = text.trimmed().toDouble(&isNumber);
+    return isNumber && std::isfinite(value) && value >= min && value <= max;
 }
 
-void TarvoWidgetValidator::doubleValidator() {
-    bool isNumber = false;
-    const double value = _edit->text().trimmed().toDouble(&isNumber);
-    check(isNumber && value >= _min && value <= _max, value);
-}
-
-void TarvoWidgetValidator::check(bool isNumber, double value) {
+void TarvoWidgetValidator::check(ValidatorType type) {
     if (_edit->text().trimmed().isEmpty() || _telling) {
         return;
     }
-    if (isNumber) {
+    double value = 0.0;
+    if (number(_edit->text(), type, _min, _max, value)) {
         if (_item != nullptr && _item->isImmediateSave()) {
             _item->set(value);
         }

@@ -19,13 +19,17 @@ public:
     /// Texts that match as a whole. A refused one stays where it is.
     TarvoWidgetValidator(QLineEdit* edit, QString label, ConfigItem* item, const QRegExp& pattern);
 
+    /// The number of a text, blanks around it or not: a finite one from \p min to \p max, for an IntValidator an
+    /// integer within the limits cut to integers. False for any other text.
+    static bool number(const QString& text, ValidatorType type, double min, double max, double& value);
+
 private slots:
-    void intValidator();
-    void doubleValidator();
+    void intValidator() { check(IntValidator); }
+    void doubleValidator() { check(DoubleValidator); }
     void regExpValidator();
 
 private:
-    void check(bool isNumber, double value);
+    void check(ValidatorType type);
 
     QLineEdit* _edit;
     QString _label;

@@ -2,6 +2,7 @@
 
 #include "FileDialogKeys.h"
 #include "TarvoMainWindow.h"
+#include "TarvoSettings.h"
 #include "TarvoViewController.h"
 #include "UiText.h"
 
@@ -148,6 +149,15 @@ void TarvoMainWindow::processDerivedFile(const QString& derived) {
 TarvoViewController* TarvoMainWindow::createViewsAndProcessFile(const QString& path) {
     if (_printer == nullptr) {
         _printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    }
+    const QString configuration = TarvoSettings::configFile();
+    if (RegistryXML(configuration.toStdString(), "").status() != RegistryXML::LOADED) {
+        qCWarning(mainWindowLog) << "Not opened:" << path << "without" << configuration;
+        QMessageBox::warning(this, "File Open Error",
+                             QString("The sounding\n\"%1\"\nwasn't opened, because the configuration file\n\"%2\"\n"
+                                     "can't be read.")
+                                 .arg(path, configuration));
+        return nullptr;
     }
     qCInfo(mainWindowLog) << "Opening" << path;
     auto* view = new TarvoViewController(_printer.get(), _soundingDB.get(), *_statusAgent, this);

@@ -62,6 +62,13 @@ void TarvoMainWindow::updateSynopticMapTitle() {
     }
 }
 
+/// The options have a button that clears the database.
+void TarvoMainWindow::readSynopticAnew() {
+    if (_synoptic != nullptr) {
+        _synoptic->readAnew();
+    }
+}
+
 void TarvoMainWindow::saveAll() {
     if (SynopticWidget* map = activeSynoptic()) {
         const Busy busy(_busy);

@@ -277,6 +277,7 @@ void TarvoMainWindow::options() {
     if (_busy == 0 && view != nullptr) {
         const Busy busy(_busy);
         view->options(_mdiArea->subWindowList().size());
+        readSynopticAnew();
     }
 }
 
@@ -291,6 +292,7 @@ void TarvoMainWindow::configuration() {
     connect(&management, &TarvoConfigMgt::configChanged, this, [this] { updateStatusBar(); });
     connect(&management, &TarvoConfigMgt::configChanged, this, &TarvoMainWindow::updateSynopticMapTitle);
     management.exec();
+    readSynopticAnew();
 }
 
 void TarvoMainWindow::restoreDefaults() {

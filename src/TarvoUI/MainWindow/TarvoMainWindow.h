@@ -117,6 +117,7 @@ private:
     // The synoptic map.
     SynopticWidget* activeSynoptic() const;
     void updateSynopticCommands();
+    void readSynopticAnew();
 
     // Files.
     TarvoViewController* findView(const QString& path) const;

@@ -3,6 +3,7 @@
 #include "SynopticWidget.h"
 
 #include "AtomicFile.h"
+#include "Boxes.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -57,14 +58,12 @@ void SynopticWidget::save() {
         return;
     }
     QString filter = kPngFilter;
-    QString path = QFileDialog::getSaveFileName(
-        this, "Tarvo - Save Synoptic Map", suggestedName(_levelSelect->currentText().remove(' ')), kFilters, &filter);
+    const QString title = "Tarvo - Save Synoptic Map";
+    const QString chosen = QFileDialog::getSaveFileName(
+        this, title, suggestedName(_levelSelect->currentText().remove(' ')), kFilters, &filter);
+    const QString path = Boxes::withExtension(this, chosen, filter, title);
     if (path.isEmpty()) {
         return;
-    }
-    const QString extension = isPng(filter) ? ".png" : ".jpg";
-    if (!path.endsWith(extension)) {
-        path += extension;
     }
     if (!saveImage(image, path, isPng(filter) ? "PNG" : "JPEG")) {
         QMessageBox::critical(this, "File Save Error", "Tarvo can't save the file.");
@@ -100,7 +99,7 @@ void SynopticWidget::saveAll() {
         if (_levelHasData) {
             progress.setLabelText("Saving \"" + text + "\" level ...");
             QApplication::processEvents();
-            const QImage image = grabMap("saving");
+            const QImage image = grabMap("printing");
             failed = image.isNull() || !saveImage(image, prefix + QString(text).remove(' ') + "." + extension,
                                                   isPng(filter) ? "PNG" : "JPEG");
         }

@@ -38,6 +38,8 @@ public:
 
     /// A sounding of that file has been entered in the database, or entered anew.
     void addNewSounding(const QString& name);
+    /// The database may have been changed by others.
+    void readAnew();
     void setSoundingDB(SoundingDB* soundingDB);
     /// Stands above the path of the database on the map.
     void setMapTitle(const std::string& title);
@@ -91,6 +93,8 @@ private:
     // The table.
     void readSoundings();
     void showSoundings();
+    void showAnew();
+    static QStringList tableRow(const SoundingDB::Sounding& sounding);
     void showCount();
     void showSelectAll(bool clears);
     QString sourceName(int proxyRow) const;

@@ -42,7 +42,6 @@ QString twoDigits(int number) {
 
 CommView::CommView(DocumentController* doc, QPrinter* printer, QWidget* parent) : TarvoView(doc, printer, parent) {
     makeForm();
-    _kermitPath = configText("KermitPath").toStdString();
     fillForm();
     configureSendToARWO();
     connectForm();
@@ -57,14 +56,21 @@ CommView::~CommView() {
     cleanupWMOfile();
 }
 
-void CommView::update() {
+void CommView::setUpPage() {
     constexpr double kSide = 20.0; // mm
     constexpr double kRight = 15.0;
     _printer->setPageOrientation(QPageLayout::Landscape);
     _printer->setPageMargins(QMarginsF(kSide, kSide, kRight, kSide), QPageLayout::Millimeter);
-    updateAbrHeader();
-    update61616();
-    update62626();
+}
+
+void CommView::update() {
+    setUpPage();
+    if (_writtenVersion != _editor->WMOversion()) {
+        _writtenVersion = _editor->WMOversion();
+        updateAbrHeader();
+        update61616();
+        update62626();
+    }
     updateDoubtfulHts();
     configureSendToARWO();
     _topLabel->setText(_description);
@@ -183,6 +189,12 @@ void CommView::storeNumber(const char* item, int value) {
     saveConfig();
 }
 
+bool CommView::takeModified(QLineEdit* edit) {
+    const bool modified = edit->isModified();
+    edit->setModified(false);
+    return modified;
+}
+
 void CommView::changeAbrHdrOvr() {
     if (storeText("AbrHdrOvr", _abrHdrOvr)) {
         updateAbrHeader();
@@ -195,7 +207,9 @@ void CommView::clearAbrHdrOvr() {
 }
 
 void CommView::changeCorrectionNum() {
-    updateAbrHeader();
+    if (takeModified(_correctionNum)) {
+        updateAbrHeader();
+    }
 }
 
 void CommView::changeDoubtfulHts() {
@@ -221,10 +235,14 @@ void CommView::changeMissionId() {
 }
 
 void CommView::changeObsNum() {
+    if (!takeModified(_obsNum)) {
+        return;
+    }
     bool isNumber = false;
     const int number = _obsNum->text().trimmed().toInt(&isNumber);
     if (!isNumber) {
         _obsNum->clear();
+        _obsNum->setModified(false);
     }
     _configSet->set("ObsNum", static_cast<double>(isNumber ? number : kNoObservation));
     update61616();
@@ -256,7 +274,9 @@ void CommView::changeAtcf() {
 }
 
 void CommView::changeRetransObnum() {
-    update62626();
+    if (takeModified(_retrans)) {
+        update62626();
+    }
 }
 
 void CommView::changeCorrected() {
@@ -280,6 +300,9 @@ void CommView::changeBaudRate(int index) {
 // --- The transfer.
 
 void CommView::configureSendToARWO() {
+    if (_process == nullptr) {
+        _kermitPath = configText("KermitPath").toStdString();
+    }
     const QFileInfo kermit(toQString(_kermitPath));
     const bool isProgram = kermit.isFile() && kermit.isExecutable();
     QString hindrance;
@@ -391,6 +414,7 @@ void CommView::cleanupWMOfile() {
 // --- Printing.
 
 int CommView::printPreview() {
+    setUpPage();
     return previewGrab("Tarvo - Print Preview Comm");
 }
 
@@ -399,5 +423,6 @@ void CommView::commPreview(QPrinter* printer) {
 }
 
 int CommView::print() {
+    setUpPage();
     return printGrab("Tarvo - Print Comm");
 }

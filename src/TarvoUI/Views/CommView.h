@@ -13,7 +13,8 @@ class QLabel;
 class QPushButton;
 
 /// What the operator of a dropsonde adds to its message: header, mission, remarks. Each entry goes into the coded
-/// message at once, and again after each new coding. The tab also sends the message over a serial line.
+/// message at once, and again after each new coding; what was put into the message by hand meanwhile stays. The tab
+/// also sends the message over a serial line.
 class CommView : public TarvoView {
     Q_OBJECT
 
@@ -72,8 +73,11 @@ private:
     static std::string forceLength(std::string text, int n);
     /// Stores the entry when it differs from what is stored. True when it does.
     bool storeText(const char* item, const QLineEdit* edit);
+    /// Whether the user has typed in the field since this was asked last: who only goes through it changes nothing.
+    static bool takeModified(QLineEdit* edit);
     void storeNumber(const char* item, int value);
 
+    void setUpPage();
     void configureSendToARWO();
     void tellFailure(const QString& detail);
     void forgetProcess();
@@ -82,6 +86,7 @@ private:
     std::string _kermitPath;
     ZmodemProcess* _process = nullptr; // null when idle
     QString _messageFile;              // empty when idle
+    int _writtenVersion = -1;          // of the message that has the entries
     int _doubtfulVersion = -1;         // of the message that says that heights are doubtful
 
     QLabel* _topLabel = nullptr;

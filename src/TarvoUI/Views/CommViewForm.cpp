@@ -127,6 +127,8 @@ QGroupBox* CommView::makeRemarks() {
     _azimuth->setEnabled(false);
     _atcf = addEdit(form, "ATCF Identifier", "_atcf", ">nnnnnnnn; ", &CommView::changeAtcf);
     _retrans = addEdit(form, "Retransmission of OB", "_retrans", "99; ", &CommView::changeRetransObnum);
+    // Its mask wants both digits before it calls the entry finished.
+    connect(_retrans, &QLineEdit::textEdited, this, &CommView::changeRetransObnum);
     _correctedReport = makeBox("_correctedReport", "Corrected Report", this);
     _lastReport = makeBox("_lastReport", "Last Report", this);
     form->addRow(_correctedReport);

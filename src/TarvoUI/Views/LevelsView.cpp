@@ -2,6 +2,7 @@
 
 #include "AtomicFile.h"
 #include "AutoSaveDirectory.h"
+#include "Boxes.h"
 #include "Humidity.h"
 #include "Levels.h"
 #include "LevelsCsv.h"
@@ -114,7 +115,12 @@ LevelsView::LevelsView(DocumentController* doc, QPrinter* printer, QWidget* pare
 void LevelsView::update() {
     _topLabel->setText(_description);
     const Levels* levels = _editor->levels();
-    if (levels == nullptr || _editor->levelsVersion() == _levelsVersion) {
+    if (levels == nullptr) {
+        _levelsGrid->setRowCount(0);
+        _changed = false;
+        return;
+    }
+    if (_editor->levelsVersion() == _levelsVersion) {
         return;
     }
     if (_levelsVersion < 0) {
@@ -216,7 +222,6 @@ void LevelsView::cellPressed(int row, int column) {
     if (level == nullptr) {
         return;
     }
-    _changed = true;
     const LevelFieldId id = column < kFirstValueColumn
                                 ? LFnone
                                 : kValueColumns[static_cast<std::size_t>(column - kFirstValueColumn)].withdrawn;
@@ -224,7 +229,10 @@ void LevelsView::cellPressed(int row, int column) {
         level->tag(!level->tag());
     } else if (LevelField* field = level->getField(id)) {
         field->setTag(!field->tag());
+    } else {
+        return;
     }
+    _changed = true;
     setLevelColor(row);
 }
 
@@ -284,13 +292,11 @@ bool LevelsView::saveLevelsCsvTo(const QString& name) const {
 
 int LevelsView::save() {
     QString filter = "Comma Separated (*.csv)";
-    QString name =
-        getSaveFilename("Tarvo - Save Levels", "Comma Separated (*.csv);;All files(*.*)", QString(), "Levels", &filter);
+    const QString title = "Tarvo - Save Levels";
+    const QString chosen = getSaveFilename(title, filter + ";;All files(*.*)", QString(), "Levels", &filter);
+    const QString name = Boxes::withExtension(this, chosen, "(*.csv)", title);
     if (name.isEmpty()) {
         return 0;
-    }
-    if (!name.endsWith(".csv")) {
-        name += ".csv";
     }
     if (!saveLevelsCsvTo(name)) {
         QMessageBox::critical(this, "File Save Error", "Tarvo can't save the file.");
@@ -300,7 +306,8 @@ int LevelsView::save() {
 
 int LevelsView::autoSave() {
     const QString directory = autoSaveDirectory(*_configSet, this);
-    if (isOn("WmoAutoSaveFmtCsv") && !saveLevelsCsvTo(directory + getRootFilename() + "Levels.csv")) {
+    if (isOn("WmoAutoSaveFmtCsv") && _editor->levels() != nullptr &&
+        !saveLevelsCsvTo(directory + getRootFilename() + "Levels.csv")) {
         QMessageBox::warning(this, "File Save Error", "Tarvo can't save the file to format .csv");
     }
     return 0;

@@ -116,9 +116,13 @@ void SkewTView::setData() {
     update();
 }
 
-void SkewTView::update() {
+void SkewTView::setUpPage() {
     _printer->setPageOrientation(QPageLayout::Landscape);
     _printer->setPageMargins(QMarginsF(kSideMm, kTopMm, kSideMm, kSideMm), QPageLayout::Millimeter);
+}
+
+void SkewTView::update() {
+    setUpPage();
     const SkewTSource source = choice();
     const bool missing = (source == SkewTSource::QC && !_editor->QCready()) ||
                          (source == SkewTSource::Levels && _editor->levels() == nullptr);
@@ -146,6 +150,7 @@ void SkewTView::unzoom() {
 }
 
 int SkewTView::printPreview() {
+    setUpPage();
     printNatively();
     QPrintPreviewDialog dialog(_printer, this);
     dialog.setWindowTitle("Tarvo - Print Preview Skew-T");
@@ -160,6 +165,7 @@ void SkewTView::skewTPreview(QPrinter* printer) {
 }
 
 int SkewTView::print() {
+    setUpPage();
     printNatively();
     QPrintDialog dialog(_printer, this);
     dialog.setWindowTitle("Tarvo - Print Skew-T");

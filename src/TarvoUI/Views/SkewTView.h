@@ -35,6 +35,7 @@ private slots:
     void skewTPreview(QPrinter* printer);
 
 private:
+    void setUpPage();
     QRadioButton* makeSource(const char* name, const char* text);
     SkewTSource choice() const;
     /// The version of the data of a source; it moves when they change.

@@ -1,12 +1,11 @@
 #include "TarvoView.h"
 
+#include "Boxes.h"
 #include "FileDialogKeys.h"
 #include "UiText.h"
 
 #include <QDir>
 #include <QFileDialog>
-#include <QFileInfo>
-#include <QMessageBox>
 #include <algorithm>
 
 TarvoView::TarvoView(DocumentController* doc, QPrinter* printer, QWidget* parent)
@@ -71,25 +70,9 @@ QString TarvoView::straightLine(int n) {
 }
 
 QString TarvoView::getRootFilename() const {
-    const QString name = _description.trimmed().section(' ', 0, 0);
+    const QString name = toQString(_doc->filePath()).section('/', -1);
     const int dot = name.lastIndexOf('.');
     return dot < 0 ? name : name.left(dot);
-}
-
-/// The name with the extension of a filter like "netCDF (*.nc)", unless it has it. A file that isn't the one that the
-/// dialog asked about isn't replaced without a question: empty when the user keeps it.
-QString TarvoView::withExtension(const QString& name, const QString& filter, const QString& title) {
-    const QString extension = filter.section("(*", 1).section(')', 0, 0);
-    if (name.isEmpty() || extension.isEmpty() || extension.contains('*') ||
-        name.endsWith(extension, Qt::CaseInsensitive)) {
-        return name;
-    }
-    const QString whole = name + extension;
-    const bool keep =
-        QFileInfo::exists(whole) &&
-        QMessageBox::question(this, title, "\"" + whole + "\" already exists.\nDo you want to replace it?",
-                              QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes;
-    return keep ? QString() : whole;
 }
 
 QString TarvoView::getSaveFilename(const QString& title, const QString& filter, const QString& directory,
@@ -114,5 +97,5 @@ QString TarvoView::getSaveFilename(const QString& title, const QString& filter, 
         return {};
     }
     *selectedFilter = dialog.selectedNameFilter();
-    return withExtension(dialog.selectedFiles().value(0), *selectedFilter, title);
+    return Boxes::withExtension(this, dialog.selectedFiles().value(0), *selectedFilter, title);
 }

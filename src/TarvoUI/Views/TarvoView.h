@@ -51,7 +51,7 @@ protected:
     static void resetGrid(QTableWidget* table);
     static QString straightLine(int n);
 
-    /// The first word of the description, cut at its last ".": what the names of products begin with.
+    /// The name of the sounding file, cut at its last ".": what the names of products begin with.
     QString getRootFilename() const;
     /// Asks for the name of a product: directory, root and suffix are proposed, and the extension of the chosen filter
     /// is added to a name without it. Empty when the user gives it up.
@@ -96,7 +96,6 @@ private:
         double subTitlePoints; ///< size of the type
     };
 
-    QString withExtension(const QString& name, const QString& filter, const QString& title);
     void setUpText();
     void paintPage(QPainter& painter, QTextDocument* doc, const PageTexts& texts, int page);
 };

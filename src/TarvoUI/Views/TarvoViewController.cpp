@@ -189,6 +189,7 @@ void TarvoViewController::process() {
         _statusAgent->SetStatus("Autosaving...");
         autoSave();
     }
+    _lastOptions = runOptions();
     _statusAgent->SetStatus("Ready");
     _running = false;
 }
@@ -266,8 +267,26 @@ void TarvoViewController::processRequest(bool onlySignal) {
 }
 
 void TarvoViewController::saveConfiguration(bool immediateOnly) {
-    if (_configSet->changed()) {
+    const bool changed = _configSet->changed();
+    if (changed) {
         _configSet->save(immediateOnly);
+    }
+    optionsChanged(changed);
+}
+
+std::map<std::string, std::pair<double, std::string>> TarvoViewController::runOptions() const {
+    std::map<std::string, std::pair<double, std::string>> all;
+    for (const auto& [id, item] : *_configSet) {
+        if (!item->isImmediateSave()) {
+            all[item->id()] = {item->value(), item->text()};
+        }
+    }
+    return all;
+}
+
+void TarvoViewController::optionsChanged(bool runNeeded) {
+    _activeTab->update(); // or its entries would be written back over the options
+    if (runNeeded || runOptions() != _lastOptions) {
         emit processRequested(true);
     }
 }
@@ -316,6 +335,7 @@ void TarvoViewController::restoreConfigDefaults() {
                              QMessageBox::Ok | QMessageBox::Cancel);
     if (answer == QMessageBox::Ok) {
         _configSet->restoreDefault();
+        optionsChanged(false);
         QMessageBox::information(this, "Tarvo",
                                  "QC Processing options have been set to default values."
                                  "You can save them when you close this sounding.");

@@ -8,7 +8,10 @@
 
 #include <QPrinter>
 #include <QWidget>
+#include <map>
 #include <memory>
+#include <string>
+#include <utility>
 #include <vector>
 
 class LevelsView;
@@ -33,9 +36,9 @@ public:
     int save();
     int print();
     int printPreview();
-    /// Asks, and sets the options of this window to their defaults.
     /// Edits the options of the window's set; \p windows is how many are open.
     void options(int windows);
+    /// Asks, and sets the options of this window to their defaults.
     void restoreConfigDefaults();
     /// The name of the configuration set of this window.
     QString activeConfigSet() const;
@@ -80,6 +83,10 @@ private:
     void autoSave();
     void promptAndSaveConfig();
     bool isOn(const char* key) const;
+    /// The options by name, but those that the program stores for itself, such as folders.
+    std::map<std::string, std::pair<double, std::string>> runOptions() const;
+    /// The options may have been changed: shows them, and that a run is needed unless they are those of the last one.
+    void optionsChanged(bool runNeeded);
 
     SoundingDB* _soundingDB;
     StatusAgent* _statusAgent;
@@ -91,6 +98,7 @@ private:
     std::vector<std::pair<const Tab*, TarvoView*>> _tabs; // in their order
     TarvoView* _activeTab = nullptr;
     QPrinter* _printer;
+    std::map<std::string, std::pair<double, std::string>> _lastOptions; // of the last run
     bool _rawChanged = false;
     bool _running = false;
 };

@@ -182,6 +182,7 @@ void TarvoView::previewDoc(QTextDocument* doc, const QString& title, const QStri
 int TarvoView::previewText(QTextDocument* doc, const QString& title, const QString& subTitle,
                            const QString& dialogTitle) {
     setUpText();
+    _printer->setFromTo(0, 0);
     QPrintPreviewDialog dialog(_printer, this);
     dialog.setWindowTitle(dialogTitle);
     dialog.setMinimumSize(kPreviewWidth, kPreviewHeight);
@@ -208,6 +209,10 @@ int TarvoView::saveDoc(QTextDocument* doc, const QString& title, const QString& 
     AtomicFile file(name.toStdString());
     _printer->setOutputFormat(QPrinter::PdfFormat);
     _printer->setOutputFileName(toQString(file.temporaryPath()));
+    _printer->setPrintRange(QPrinter::AllPages); // and no copies, whatever was printed before
+    _printer->setFromTo(0, 0);
+    _printer->setCopyCount(1);
+    _printer->setPageOrder(QPrinter::FirstPageFirst);
     if (!file.isOpen() || !printPages(doc, title, subTitle) || !file.commit()) {
         QMessageBox::critical(this, "File Save Error", "Tarvo can't save the file.");
     }

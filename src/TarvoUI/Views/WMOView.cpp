@@ -2,6 +2,7 @@
 
 #include "AtomicFile.h"
 #include "AutoSaveDirectory.h"
+#include "Boxes.h"
 #include "Listing.h"
 #include "RowHeight.h"
 #include "Trailer.h"
@@ -139,6 +140,8 @@ void WMOView::updateGrid() {
     if (wmo == nullptr) {
         _cells.clear();
         _table->setRowCount(0);
+        _deleted = 0;
+        showCounts();
         return;
     }
     if (_editor->WMOversion() != _wmoVersion) {
@@ -176,8 +179,9 @@ void WMOView::updateGrid() {
 }
 
 void WMOView::showCounts() {
-    _modifiedGroups->setText(QString("Modified groups: %1").arg(countModifiedGroups()));
-    _originalGroups->setText(QString("Original groups: %1").arg(_editor->origWMOgroupCount()));
+    const bool coded = _editor->wmo() != nullptr;
+    _modifiedGroups->setText(QString("Modified groups: %1").arg(coded ? countModifiedGroups() : 0));
+    _originalGroups->setText(QString("Original groups: %1").arg(coded ? _editor->origWMOgroupCount() : 0));
 }
 
 int WMOView::countModifiedGroups() const {
@@ -341,16 +345,15 @@ int WMOView::save() {
         return 0;
     }
     QString filter = "Text (*.txt)";
-    QString name =
-        getSaveFilename("Tarvo - Save WMO", "Text (*.txt);;All files(*.*)", configText("WmoSaveDir"), "WMO", &filter);
+    const QString title = "Tarvo - Save WMO";
+    const QString chosen =
+        getSaveFilename(title, filter + ";;All files(*.*)", configText("WmoSaveDir"), "WMO", &filter);
+    const QString name = Boxes::withExtension(this, chosen, "(*.txt)", title);
     if (name.isEmpty()) {
         return 0;
     }
     _configSet->set("WmoSaveDir", QFileInfo(name).path().toStdString());
     saveConfig();
-    if (!name.endsWith(".txt")) {
-        name += ".txt";
-    }
     if (!saveTextFile(name)) {
         QMessageBox::critical(this, "File Save Error", "Tarvo can't save the file.");
     }
@@ -368,7 +371,8 @@ int WMOView::autoSave() {
 
 QUrl WMOView::mailUrl(const QString& address, const QString& text) {
     const auto encoded = [](const QString& part) { return QString::fromLatin1(QUrl::toPercentEncoding(part)); };
-    return QUrl("mailto:" + address + "?subject=" + encoded("TARVO generated WMO message ") + "&body=" + encoded(text),
+    const QString to = QString::fromLatin1(QUrl::toPercentEncoding(address.trimmed(), "@,")); // of several too
+    return QUrl("mailto:" + to + "?subject=" + encoded("TARVO generated WMO message ") + "&body=" + encoded(text),
                 QUrl::StrictMode);
 }
 
@@ -384,5 +388,7 @@ void WMOView::email() {
     if (isOn("TempAppendNNNN")) {
         text += "NNNN";
     }
-    QDesktopServices::openUrl(mailUrl(configText("TempEmailAddress"), text));
+    if (!QDesktopServices::openUrl(mailUrl(configText("TempEmailAddress"), text))) {
+        QMessageBox::warning(this, "ERROR", "Unable to open the email program!");
+    }
 }

@@ -111,8 +111,8 @@ XYgraphView::XYgraphView(DocumentController* doc, QPrinter* printer, QWidget* pa
     _configSet->intValue("DoQC", doQC);
     _hasQC = doQC != 0;
     if (_editor->numRhChan() == 1) {
-        _rhs->setEnabled(false);
-        _rhs->hide();
+        _RHs->setEnabled(false);
+        _RHs->hide();
     }
     if (_hasQC && _editor->isMessage()) { // whose levels have no times
         _showLevels = true;
@@ -124,9 +124,13 @@ XYgraphView::XYgraphView(DocumentController* doc, QPrinter* printer, QWidget* pa
 
 XYgraphView::~XYgraphView() = default;
 
-void XYgraphView::update() {
+void XYgraphView::setUpPage() {
     _printer->setPageOrientation(QPageLayout::Landscape);
     _printer->setPageMargins(QMarginsF(kPageMargin, kPageMargin, kPageMargin, kPageMargin), QPageLayout::Millimeter);
+}
+
+void XYgraphView::update() {
+    setUpPage();
     _graph->setDirection(_editor->ascending());
     _graph->setCredit(_doc->credit());
     _graph->observedPosition(isOn("ReportObservedPos"));
@@ -270,6 +274,7 @@ void XYgraphView::xyPreview(QPrinter* printer) {
 }
 
 int XYgraphView::printPreview() {
+    setUpPage();
     printNatively();
     QPrintPreviewDialog dialog(_printer, this);
     dialog.setMinimumSize(kPreviewWidth, kPreviewHeight);
@@ -279,6 +284,7 @@ int XYgraphView::printPreview() {
 }
 
 int XYgraphView::print() {
+    setUpPage();
     printNatively();
     QPrintDialog dialog(_printer, this);
     dialog.setWindowTitle("Tarvo - Print XY Graph");
@@ -320,6 +326,7 @@ bool XYgraphView::writePicture(const QString& path, const QPixmap& picture) {
             return picture.save(temporary, format.format) && file.commit();
         }
     }
+    setUpPage();
     _printer->setOutputFormat(QPrinter::PdfFormat);
     _printer->setOutputFileName(temporary);
     xyPreview(_printer);

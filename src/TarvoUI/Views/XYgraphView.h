@@ -60,6 +60,7 @@ private:
     QCheckBox* addCheck(QVBoxLayout* layout, const char* name, const char* text, void (XYgraphView::*slot)());
     void initChoices();
 
+    void setUpPage();
     void choosePlot(PlotTypes type);
     void setPlottype();
     void enableData();
@@ -70,7 +71,7 @@ private:
     QRadioButton* _tdryRH = nullptr;
     QRadioButton* _time = nullptr;
     QRadioButton* _pres = nullptr;
-    QRadioButton* _rhs = nullptr;
+    QRadioButton* _RHs = nullptr;
     QCheckBox* _raw = nullptr;
     QCheckBox* _qc = nullptr;
     QCheckBox* _levels = nullptr;

@@ -99,7 +99,7 @@ QGroupBox* XYgraphView::makePlotTypes() {
     addRadio(layout, "_satsDz", "Sats-Dz", &XYgraphView::satsDz);
     addRadio(layout, "_presAlt", "Pres-Alt", &XYgraphView::presAlt);
     addRadio(layout, "_latLon", "Lat-Lon", &XYgraphView::latLon);
-    _rhs = addRadio(layout, "_rhs", "RHs", &XYgraphView::RHs);
+    _RHs = addRadio(layout, "_RHs", "RHs", &XYgraphView::RHs);
     _tdryRH->setChecked(true);
     return box;
 }

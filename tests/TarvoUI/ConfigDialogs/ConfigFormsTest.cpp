@@ -269,6 +269,46 @@ TEST(OptionsDialog, RefusedTextsStayAndReachNoItem) {
     EXPECT_EQ(options.item("TempEmailAddress").text(), before);
 }
 
+TEST(OptionsDialog, NumbersBeyondTheirLimitsReachNoItem) {
+    const std::pair<const char*, const char*> wrong[] = {
+        {"DragCoef", "1.5"}, {"DragCoef", "nan"}, {"WindSats", "3.5"}, {"WindSats", "25"}, {"GPSPosQCWL", "inf"}};
+    for (const auto& [key, text] : wrong) {
+        Options options;
+        const double before = options.item(key).value();
+        options.child<QLineEdit>(key).setText(text);
+        options.apply();
+        EXPECT_EQ(options.item(key).value(), before) << key << " " << text;
+    }
+}
+
+TEST(OptionsDialog, ApplyTellsOfTheFieldThatIsBeingEdited) {
+    Options options;
+    ModalAnswers answers;
+    options.child<QTabWidget>("_tabs").setCurrentIndex(1);
+    QApplication::setActiveWindow(&options.dialog);
+    auto& drag = options.child<QLineEdit>("DragCoef");
+    drag.setFocus();
+    ASSERT_TRUE(drag.hasFocus());
+    const QString before = drag.text();
+    drag.setText("1.5");
+    options.apply();
+    EXPECT_THAT(answers.texts(), ElementsAre("The drag coefficient must be greater than 0 and less than 1!"));
+    EXPECT_EQ(drag.text(), before);
+}
+
+TEST(OptionsDialog, LevelCriteriaHaveTheirUnits) {
+    const std::pair<const char*, const char*> labels[] = {{"WspdLevelDelta", "Wind speed (kt)"},
+                                                          {"Wspd850LevelDelta", "Wind speed below 850 mb (kt)"},
+                                                          {"TropSmoothWL", "Tropopause smoothing (s)"}};
+    for (const auto& [key, label] : labels) {
+        for (const OptionField& field : config_forms::processing()) {
+            if (std::string(field.key) == key) {
+                EXPECT_STREQ(field.label, label);
+            }
+        }
+    }
+}
+
 TEST(OptionsDialog, TheSearchFindsAnOption) {
     Options options;
     auto& search = options.child<QLineEdit>("_search");

@@ -168,3 +168,24 @@ TEST_F(Management, EditsAndRestores) {
     TarvoConfigSet set(&registry);
     EXPECT_EQ(set[Id("PresQCWL")]->value(), set[Id("PresQCWL")]->defaultValue());
 }
+
+TEST_F(Management, AnActiveSetThatIsNotListedIsNoOther) {
+    dialog.reset();
+    {
+        RegistryXML registry((folder / "tarvo.xml").string(), "");
+        registry.setActive1SetName("descending-PELO");
+        registry.setActive2SetName("gone");
+        registry.save(false);
+    }
+    open();
+    EXPECT_EQ(combo("_selectActive1").currentIndex(), -1);
+    EXPECT_EQ(combo("_selectActive2").currentIndex(), -1);
+    EXPECT_THAT(dialog->findChild<QLabel*>("_despActive1")->text().toStdString(), HasSubstr("[ descending-PELO ]"));
+    answers.press("Configuration Management", QMessageBox::No);
+    press("_restoreActive1");
+    EXPECT_THAT(answers.texts(), ElementsAre(HasSubstr("for the configuration 'descending-PELO'?")));
+    combo("_selectActive1").setCurrentText("editsonde");
+    finish(QDialogButtonBox::Ok);
+    EXPECT_EQ(file().getActive1SetName(), "editsonde");
+    EXPECT_EQ(file().getActive2SetName(), "gone");
+}

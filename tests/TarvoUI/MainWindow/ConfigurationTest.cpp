@@ -193,7 +193,12 @@ TEST_F(ConfigurationTest, ADamagedFileInMidRunLosesNoWindow) {
     open(makeSounding("one.csv"));
     writeFile(configFile(), "<tarvoConfig>");
     open(makeSounding("two.csv"));
+    ASSERT_EQ(answers.boxes().size(), 1U);
+    EXPECT_EQ(answers.boxes()[0].icon, QMessageBox::Warning);
+    EXPECT_EQ(answers.boxes()[0].text, "The sounding\n\"" + path("two.csv") +
+                                           "\"\nwasn't opened, because the configuration file\n\"" + configFile() +
+                                           "\"\ncan't be read.");
     trigger("_actionRecompute");
-    EXPECT_THAT(openFiles(), ElementsAre("one.csv", "two.csv"));
+    EXPECT_THAT(openFiles(), ElementsAre("one.csv"));
     EXPECT_EQ(readFile(configFile()), "<tarvoConfig>") << "left as it is for the user to mend";
 }

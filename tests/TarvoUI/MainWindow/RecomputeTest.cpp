@@ -2,6 +2,10 @@
 
 #include "DesktopTest.h"
 
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QPushButton>
+
 using testing::ElementsAre;
 
 namespace {
@@ -27,6 +31,18 @@ protected:
         return QTest::qWaitFor([&] { return picture() == wanted; }, kPatience);
     }
 
+    /// Does something in the dialog of the options, and leaves it with Ok.
+    void inOptions(const std::function<void(QDialog&)>& how) {
+        answers.operate("Options", [how](QDialog& dialog) {
+            how(dialog);
+            dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+        });
+        trigger("_actionOptions");
+    }
+    void setOption(const char* key, const char* text) {
+        inOptions([=](QDialog& dialog) { dialog.findChild<QLineEdit*>(key)->setText(text); });
+    }
+
     int runs = 0;
 };
 
@@ -50,6 +66,39 @@ TEST_F(RecomputeTest, AnEditMakesTheActionFlashUntilTheRun) {
     EXPECT_EQ(tip(), "Recompute");
     QTest::qWait(900);
     EXPECT_EQ(picture(), 1) << "it has ended";
+}
+
+TEST_F(RecomputeTest, OptionsThatGoBackAfterARunNeedAnother) {
+    setOption("WindQCWL", "17");
+    EXPECT_EQ(tip(), kNeeded);
+    trigger("_actionRecompute");
+    EXPECT_EQ(tip(), "Recompute");
+    setOption("WindQCWL", "30"); // as it is stored
+    EXPECT_EQ(tip(), kNeeded);
+    trigger("_actionRecompute");
+    setOption("WindQCWL", "30");
+    EXPECT_EQ(tip(), "Recompute") << "nothing is different";
+}
+
+TEST_F(RecomputeTest, DefaultsNeedARunToo) {
+    trigger("_actionRestoreDefaults");
+    trigger("_actionRecompute");
+    trigger("_actionRestoreDefaults");
+    EXPECT_EQ(tip(), "Recompute") << "nothing is different";
+    setOption("WindQCWL", "17");
+    trigger("_actionRecompute");
+    EXPECT_EQ(tip(), "Recompute");
+    trigger("_actionRestoreDefaults");
+    EXPECT_EQ(tip(), kNeeded);
+}
+
+TEST_F(RecomputeTest, TheButtonOfTheMainTabKeepsWhatTheOptionsSet) {
+    inOptions([](QDialog& dialog) { dialog.findChild<QCheckBox*>("SfcAltUnknown")->setChecked(true); });
+    QTest::mouseClick(&inView("_recompute"), Qt::LeftButton);
+    EXPECT_EQ(runs, 1);
+    double unknown = 0.0;
+    EXPECT_TRUE(view().configSet()->value("SfcAltUnknown", unknown));
+    EXPECT_EQ(unknown, 1.0);
 }
 
 TEST_F(RecomputeTest, TheNextFlashBeginsAnew) {

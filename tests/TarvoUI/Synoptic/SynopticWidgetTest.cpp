@@ -11,6 +11,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFileDialog>
+#include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPrinter>
@@ -152,6 +153,67 @@ TEST_F(Synoptic, ANameIsPlottedAndACheckIsNot) {
     click("one.csv", 3);
     EXPECT_EQ(text("_soundingCount"), "(1/3)");
     EXPECT_EQ(stations()[0]->pos(), QPointF(-85.0, 22.0));
+}
+
+TEST_F(Synoptic, WholeRowsArePlottedWhereverTheCurrentCellIs) {
+    click("two.csv", 0); // the current cell is that of a check box now
+    table().selectRow(rowOf("one.csv"));
+    EXPECT_EQ(text("_soundingCount"), "(1/3)");
+    EXPECT_EQ(stations().size(), 1U);
+    table().selectRow(rowOf("one.csv"));
+    EXPECT_EQ(text("_soundingCount"), "(0/3)") << "and taken back";
+    EXPECT_THAT(stations(), IsEmpty());
+    click("two.csv", 0);
+    QTest::keyClick(&table(), Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(text("_soundingCount"), "(3/3)");
+    EXPECT_EQ(stations().size(), 2U) << "one has no position";
+    click("one.csv", 0);
+    EXPECT_EQ(text("_soundingCount"), "(3/3)");
+}
+
+TEST_F(Synoptic, FollowsADatabaseThatOthersChange) {
+    click("one.csv", 1);
+    click("two.csv", 1);
+    soundings->deleteSounding("/data/two.csv");
+    window->addNewSounding("/data/one.csv");
+    EXPECT_EQ(text("_soundingCount"), "(1/2)");
+    EXPECT_EQ(table().model()->rowCount(), 2);
+    ASSERT_EQ(stations().size(), 1U);
+    EXPECT_EQ(stations()[0]->pos(), QPointF(-80.0, 20.0));
+
+    soundings->clear();
+    enter("/data/three.csv", 24.0, -70.0);
+    enter("/data/one.csv", 21.0, -81.0); // under another number
+    window->readAnew();
+    EXPECT_EQ(text("_soundingCount"), "(1/2)");
+    ASSERT_EQ(stations().size(), 1U);
+    EXPECT_EQ(stations()[0]->pos(), QPointF(-81.0, 21.0));
+
+    soundings->clear();
+    window->readAnew();
+    EXPECT_EQ(text("_soundingCount"), "(0/0)");
+    EXPECT_EQ(table().model()->rowCount(), 0);
+    EXPECT_THAT(stations(), IsEmpty());
+    EXPECT_EQ(buttonText(), "Plot All");
+    EXPECT_THAT(answers.boxes(), IsEmpty());
+}
+
+TEST_F(Synoptic, NumbersOfAClearedDatabaseAreOfNoUse) {
+    click("one.csv", 1);
+    soundings->clear();
+    enter("/data/two.csv", 22.0, -85.0); // which may have the number of the first now
+    child<QComboBox>("_levelSelect").setCurrentText("850 mb");
+    EXPECT_THAT(stations(), IsEmpty());
+}
+
+TEST_F(Synoptic, APathIsNoPartOfAnother) {
+    enter("/mnt/data/one.csv.1", 30.0, -60.0);
+    window->addNewSounding("/mnt/data/one.csv.1");
+    EXPECT_EQ(text("_soundingCount"), "(0/4)");
+    enter("/mnt/data/one.csv", 31.0, -61.0);
+    window->addNewSounding("/mnt/data/one.csv");
+    EXPECT_EQ(text("_soundingCount"), "(0/5)");
+    EXPECT_EQ(table().model()->rowCount(), 5);
 }
 
 TEST_F(Synoptic, PlotAllAndClear) {
@@ -312,6 +374,11 @@ TEST_F(Synoptic, SavesTheLevelsThatHaveData) {
     window->save();
     EXPECT_TRUE(fs::exists(path("now.png")));
     EXPECT_FALSE(QImage(QString::fromStdString(path("now.png"))).isNull());
+    writeFile(path("kept.png"), "precious");
+    answers.press("Tarvo - Save Synoptic Map", QMessageBox::No);
+    save("Tarvo - Save Synoptic Map", path("kept"));
+    window->save();
+    EXPECT_EQ(readFile(path("kept.png")), "precious");
 
     fs::create_directories(path("all"));
     save("Tarvo - Save Synoptic Maps", path("all/map_LevelName"));
@@ -331,6 +398,27 @@ TEST_F(Synoptic, SavesTheLevelsThatHaveData) {
     answers.operate("Saving Levels...", [](QDialog& dialog) { dynamic_cast<QProgressDialog&>(dialog).cancel(); });
     window->saveAll();
     EXPECT_LT(std::distance(fs::directory_iterator(path("cancelled")), {}), 9);
+}
+
+TEST_F(Synoptic, AMapThatCantBeGrabbedIsLogged) {
+    static QStringList logged;
+    logged.clear();
+    press("_selectAll");
+    child<QFrame>("_mapFrame").setFixedSize(0, 0);
+    for (const char* title : {"Tarvo - Save Synoptic Map", "Tarvo - Save Synoptic Maps"}) {
+        answers.operate(title, [this](QDialog& dialog) {
+            dynamic_cast<QFileDialog&>(dialog).selectFile(QString::fromStdString(path("map_LevelName.png")));
+            QMetaObject::invokeMethod(&dialog, "accept");
+        });
+    }
+    const auto before =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& message) { logged << message; });
+    window->save();
+    window->saveAll();
+    qInstallMessageHandler(before);
+    EXPECT_EQ(logged.filter("Failed"), (QStringList{"Failed to capture the synoptic map for saving",
+                                                    "Failed to capture the synoptic map for printing"}));
+    EXPECT_EQ(answers.texts(), std::vector<std::string>{"Tarvo can't save the file."});
 }
 
 TEST(SynopticMany, AllAtOnce) {

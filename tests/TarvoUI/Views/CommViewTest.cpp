@@ -2,6 +2,7 @@
 
 #include "CommView.h"
 #include "Levels.h"
+#include "ModalAnswers.h"
 #include "OpenSounding.h"
 #include "QtText.h"
 #include "WMO.h"
@@ -163,6 +164,63 @@ TEST_F(CommTab, EntriesSurviveANewCoding) {
     const std::string once = message();
     view.update();
     EXPECT_EQ(message(), once) << "nothing twice";
+}
+
+TEST_F(CommTab, WhatWasWrittenByHandStays) {
+    choose("_environment", "CENTER");
+    for (const char* name : {"_obsNum", "_retrans"}) {
+        type(name, "4");
+        type(name, "");
+    }
+    const auto modifyRemarks = [this] {
+        std::vector<WMOsection*> found;
+        sounding.editor().wmo()->findSection(10, found);
+        auto& groups = found.at(0)->groups();
+        ASSERT_THAT(groups.back().text(), StartsWith("62626"));
+        groups.back().modify("62626 BY HAND");
+    };
+    modifyRemarks();
+    EXPECT_THAT(remarks(), HasSubstr("BY HAND"));
+    view.update();
+    for (const char* name : {"_correctionNum", "_obsNum", "_retrans", "_atcf"}) {
+        child(name).setFocus();
+        QTest::keyClick(&child(name), Qt::Key_Return);
+        QTest::keyClick(&child(name), Qt::Key_Tab);
+    }
+    EXPECT_THAT(remarks(), HasSubstr("BY HAND"));
+    sounding.doc.process();
+    view.update();
+    EXPECT_THAT(remarks(), HasSubstr("CENTER"));
+    EXPECT_THAT(remarks(), Not(HasSubstr("BY HAND"))) << "a new message has the entries";
+    modifyRemarks();
+    type("_obsNum", "5");
+    EXPECT_THAT(remarks(), Not(HasSubstr("BY HAND"))) << "an entry is written at once";
+}
+
+TEST_F(CommTab, RetransmissionOfOneDigitAndOfNone) {
+    type("_retrans", "4");
+    EXPECT_THAT(remarks(), HasSubstr("REXMT OF OB 04 "));
+    type("_retrans", "12");
+    EXPECT_THAT(remarks(), HasSubstr("REXMT OF OB 12 "));
+    type("_retrans", "");
+    EXPECT_THAT(remarks(), Not(HasSubstr("REXMT")));
+}
+
+TEST_F(CommTab, KermitIsWhereTheOptionsSayNow) {
+    sounding.config.set("DisableKermit", 0.0);
+    sounding.config.set("KermitPath", std::string("/bin/no such program"));
+    view.update();
+    EXPECT_FALSE(child<QPushButton>("_sendMsg").isEnabled());
+    sounding.config.set("KermitPath", std::string("/bin/true"));
+    view.update();
+    EXPECT_TRUE(child<QPushButton>("_sendMsg").isEnabled());
+}
+
+TEST_F(CommTab, IsPrintedAcrossThePaperWhoeverPrintedBefore) {
+    sounding.printer.setPageOrientation(QPageLayout::Portrait);
+    ModalAnswers answers; // which give the dialog up
+    view.print();
+    EXPECT_EQ(sounding.printer.pageLayout().orientation(), QPageLayout::Landscape);
 }
 
 TEST_F(CommTab, DoubtfulHeightsOfTheStandardLevels) {

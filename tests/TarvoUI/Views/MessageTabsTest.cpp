@@ -8,6 +8,7 @@
 #include "WMO.h"
 #include "WMOView.h"
 
+#include <QDesktopServices>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QTextEdit>
@@ -161,10 +162,34 @@ TEST_F(LevelsTab, LeavingItCodesAnewOnce) {
     QSignalSpy changed(&view, &LevelsView::levelsChanged);
     view.leavingView();
     EXPECT_EQ(changed.count(), 0);
+    press(grid, rowOf(LevelType::GDLTdry), 8);
+    view.leavingView();
+    EXPECT_EQ(changed.count(), 0) << "there is no wind to withdraw";
     press(grid, rowOf(LevelType::GDLTdry), 0);
     view.leavingView();
     view.leavingView();
     EXPECT_EQ(changed.count(), 1);
+}
+
+TEST_F(LevelsTab, WithoutLevelsItIsEmptyAndSavesNothing) {
+    const TemporaryFolder folder;
+    sounding.config.set("QCAutoSaveDir", folder.path().string());
+    sounding.config.set("WmoAutoSaveFmtCsv", 1.0);
+    press(grid, rowOf(LevelType::GDLTdry), 0);
+    sounding.config.set("DoLevels", 0.0);
+    sounding.doc.process();
+    view.update();
+    EXPECT_EQ(grid.rowCount(), 0);
+    QSignalSpy changed(&view, &LevelsView::levelsChanged);
+    view.leavingView();
+    EXPECT_EQ(changed.count(), 0);
+    view.autoSave();
+    EXPECT_TRUE(answers.boxes().empty());
+    EXPECT_TRUE(fs::is_empty(folder.path()));
+    sounding.config.set("DoLevels", 1.0);
+    sounding.doc.process();
+    view.update();
+    EXPECT_EQ(grid.rowCount(), static_cast<int>(sounding.editor().levels()->levels().size()));
 }
 
 TEST_F(LevelsTab, SortingKeepsRowAndLevelTogether) {
@@ -185,6 +210,15 @@ TEST_F(LevelsTab, SavesTheRowsInTheirOrder) {
     EXPECT_THAT(text, testing::StartsWith("Fields,Index,Type,Time,Pres,Tdry,DPdep,RH,Wdir,Wspd,Wspd(kt),Alt\n"
                                           "Units,n,text,sec,mb,deg C,deg C,%,deg,m/s,kt,m\nData,"));
     EXPECT_LT(text.find("Surface Thermodynamic"), text.find("Uppermost Winds"));
+    const auto before = readFile(folder / "mine.csv");
+    answers.press("Tarvo - Save Levels", QMessageBox::No);
+    saveAs(answers, "Tarvo - Save Levels", folder / "mine", "All files(*.*)");
+    grid.sortByColumn(3, Qt::AscendingOrder);
+    view.save();
+    EXPECT_EQ(readFile(folder / "mine.csv"), before) << "not the file that the dialog asked about";
+    ASSERT_EQ(answers.boxes().size(), 1u);
+    EXPECT_EQ(answers.boxes()[0].icon, QMessageBox::Question);
+    answers.forget();
     saveAs(answers, "Tarvo - Save Levels", folder / "nowhere/mine");
     view.save();
     ASSERT_EQ(answers.boxes().size(), 1u);
@@ -281,11 +315,22 @@ TEST_F(WMOTab, MailAndFileCarryTheMessage) {
     EXPECT_EQ(QUrlQuery(url).queryItemValue("subject", QUrl::FullyDecoded), "TARVO generated WMO message ");
     EXPECT_EQ(QUrlQuery(url).queryItemValue("body", QUrl::FullyDecoded), "TTAA 100% & a+b?=#");
 
+    const QUrl named = WMOView::mailUrl(" The desk <ops@example.org>,b@example.org", "TTAA");
+    EXPECT_TRUE(named.isValid());
+    EXPECT_EQ(named.path(QUrl::FullyDecoded), "The desk <ops@example.org>,b@example.org");
+    EXPECT_EQ(QUrlQuery(named).queryItemValue("body"), "TTAA");
+
     const TemporaryFolder folder;
     sounding.config.set("TempAppendNNNN", 1.0);
     saveAs(answers, "Tarvo - Save WMO", folder / "message");
     view.save();
     EXPECT_THAT(readFile(folder / "message.txt"), testing::EndsWith("31313 09608 81200 61616 =\nNNNN"));
+    writeFile(folder / "kept.txt", "precious");
+    answers.press("Tarvo - Save WMO", QMessageBox::No);
+    saveAs(answers, "Tarvo - Save WMO", folder / "kept", "All files(*.*)");
+    view.save();
+    EXPECT_EQ(readFile(folder / "kept.txt"), "precious");
+    answers.forget();
     std::string directory;
     sounding.config.text("WmoSaveDir", directory);
     EXPECT_EQ(directory, folder.path().string());
@@ -295,6 +340,26 @@ TEST_F(WMOTab, MailAndFileCarryTheMessage) {
     view.autoSave();
     ASSERT_EQ(answers.boxes().size(), 1u) << "the first one moves the item";
     EXPECT_EQ(answers.boxes()[0].title, "Invalid Autosave Directory");
+}
+
+TEST_F(WMOTab, AMailProgramThatDoesNotOpenIsTold) {
+    QDesktopServices::setUrlHandler("mailto", &view, "noSuchSlot");
+    click("_email");
+    QDesktopServices::unsetUrlHandler("mailto");
+    ASSERT_EQ(answers.boxes().size(), 1u);
+    EXPECT_EQ(answers.boxes()[0].text, "Unable to open the email program!");
+    EXPECT_EQ(answers.boxes()[0].icon, QMessageBox::Warning);
+}
+
+TEST_F(WMOTab, WithoutAMessageNothingIsCounted) {
+    grid.setCurrentCell(rowOf("31313"), 1);
+    click("_delete");
+    EXPECT_EQ(counts(), "Modified groups: 1, Original groups: 79");
+    sounding.config.set("DoWMO", 0.0);
+    sounding.doc.process();
+    view.update();
+    EXPECT_EQ(grid.rowCount(), 0);
+    EXPECT_EQ(counts(), "Modified groups: 0, Original groups: 0");
 }
 
 TEST(MessageTabs, HaveRoomForLargeType) {

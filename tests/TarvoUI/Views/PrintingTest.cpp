@@ -7,7 +7,9 @@
 #include "TimeLimit.h"
 
 #include <QElapsedTimer>
+#include <QFileDialog>
 #include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTextBlock>
@@ -21,7 +23,9 @@ class PrintedView : public RawView {
 public:
     using GridView::datalist;
     using RawView::RawView;
+    using TarvoView::previewText;
     using TarvoView::printPages;
+    using TarvoView::saveDoc;
     using TarvoView::textRect;
 };
 
@@ -134,6 +138,33 @@ TEST_F(Printing, PagesCopiesAndOrder) {
         ASSERT_TRUE(view.printPages(lines(150).get(), "T", "S"));
         EXPECT_EQ(feet(), c.pages);
     }
+}
+
+TEST_F(Printing, ASavedFileAndAPreviewKnowNothingOfThePrintBefore) {
+    ModalAnswers answers;
+    answers.operate("Tarvo - Save T", [this](QDialog& dialog) {
+        dialog.findChild<QLineEdit*>("fileNameEdit")->setText(file());
+        dialog.accept();
+    });
+    QPrinter& printer = sounding.printer;
+    const auto print = [&printer] {
+        printer.setPrintRange(QPrinter::PageRange);
+        printer.setFromTo(2, 2);
+        printer.setCopyCount(2);
+        printer.setPageOrder(QPrinter::LastPageFirst);
+    };
+    print();
+    view.saveDoc(lines(150).get(), "T", "S");
+    EXPECT_EQ(feet(), "1/3 2/3 3/3 ");
+    print();
+    int previewed = -1;
+    answers.operate("Preview", [&](QDialog& dialog) {
+        previewed = dialog.findChild<QPrintPreviewWidget*>()->pageCount();
+        dialog.reject();
+    });
+    printer.setCopyCount(1);
+    view.previewText(lines(150).get(), "T", "S", "Preview");
+    EXPECT_EQ(previewed, 3);
 }
 
 // 4 cm of bands over and under, and the margins of the text, all from the size of A4.

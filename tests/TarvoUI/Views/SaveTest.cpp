@@ -221,3 +221,22 @@ TEST(AutoSave, AFolderThatIsGoneIsReplacedByTheHomeOnce) {
     EXPECT_EQ(tab.text("QCAutoSaveDir"), home);
     EXPECT_TRUE(QFile::exists(QString::fromStdString(home) + "D20210914_043120QC.csv"));
 }
+
+TEST(AutoSave, NamesWithBlanksAreKeptApart) {
+    const TemporaryFolder folder;
+    ModalAnswers answers;
+    for (const char* name : {"Flight 1.csv", "Flight 2.csv"}) {
+        writeFile(folder / name, readFile(OpenSounding::example("summer_up_20220705.csv")));
+        OpenSounding sounding((folder / name).string());
+        sounding.config.set("QCAutoSaveDir", folder.path().string());
+        sounding.config.set("QCAutoSaveFmtCsv", 1.0);
+        sounding.doc.process();
+        QCView view(&sounding.doc, &sounding.printer, nullptr);
+        view.update();
+        view.autoSave();
+    }
+    EXPECT_TRUE(std::filesystem::exists(folder / "Flight 1QC.csv"));
+    EXPECT_TRUE(std::filesystem::exists(folder / "Flight 2QC.csv"));
+    EXPECT_EQ(folder.size(), 4);
+    EXPECT_THAT(answers.texts(), IsEmpty());
+}

@@ -2,6 +2,7 @@
 
 #include "ModalAnswers.h"
 #include "Pictures.h"
+#include "RawView.h"
 #include "TarvoMainWindow.h"
 #include "TarvoSettings.h"
 #include "TarvoViewController.h"
@@ -11,6 +12,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QtTest/QtTest>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -99,7 +101,7 @@ protected:
         QImage image(2 * kTile.width(), 3 * kTile.height(), QImage::Format_RGB32);
         QPainter painter(&image);
         int tile = 0;
-        for (const char* type : {"_tdryRH", "_spdDir", "_latLon", "_satsDz", "_presAlt", "_rhs"}) {
+        for (const char* type : {"_tdryRH", "_spdDir", "_latLon", "_satsDz", "_presAlt", "_RHs"}) {
             click(type);
             painter.drawImage(QPoint(tile % 2 * kTile.width(), tile / 2 * kTile.height()), canvas(kTile));
             ++tile;
@@ -147,7 +149,7 @@ TEST_F(XYgraph, RHsShowRawOnlyAndGiveBackTheChoice) {
     open("D20210914_043120.2");
     click("_qc");
     click("_levels");
-    click("_rhs");
+    click("_RHs");
     EXPECT_THAT(curves(), ElementsAre("RH1", "RH2", "QC-Used RH"));
     EXPECT_FALSE(isEnabled("_raw") || isEnabled("_qc") || isEnabled("_levels"));
     EXPECT_TRUE(isChecked("_raw"));
@@ -173,7 +175,7 @@ TEST_F(XYgraph, AltitudeGreysLevels) {
 TEST_F(XYgraph, WithoutQCThereIsRawOnly) {
     open("summer_up_20220705.csv", 0);
     EXPECT_FALSE(isEnabled("_qc") || isEnabled("_levels"));
-    EXPECT_FALSE(view->findChild<QAbstractButton*>("_rhs")->isVisible());
+    EXPECT_FALSE(view->findChild<QAbstractButton*>("_RHs")->isVisible());
     click("_time");
     click("_qc");
     EXPECT_FALSE(isEnabled("_levels"));
@@ -293,6 +295,16 @@ TEST_F(XYgraph, SavesPicturesByTheirExtension) {
     window->activeView()->configSet()->text("XYPlotSaveDir", directory);
     EXPECT_EQ(directory, folder.path().string());
     EXPECT_THAT(answers.texts(), Not(Contains("Empty file name")));
+}
+
+TEST_F(XYgraph, IsSavedAcrossThePaperWhoeverPrintedBefore) {
+    open("summer_up_20220705.csv");
+    window->activeView()->findChild<RawView*>()->print(); // whose dialog is given up
+    saveAs(QString::fromStdString((folder / "plot.pdf").string()), "PDF (*.pdf)");
+    const QString page = QString::fromStdString(readFile(folder / "plot.pdf"));
+    const auto box = QRegularExpression(R"(/MediaBox \[0 0 ([0-9.]+) ([0-9.]+)\])").match(page);
+    ASSERT_TRUE(box.hasMatch());
+    EXPECT_GT(box.captured(1).toDouble(), box.captured(2).toDouble());
 }
 
 TEST_F(XYgraph, RefusesAnEmptyName) {
