@@ -150,8 +150,10 @@ private:
     void decodeYYGGId_YYGGa4();
     void decodeId(std::string_view id);
     /// Takes what tells one sounding from another; a later part may leave it out, but not tell something else.
-    template <typename T>
-    void takeIdentity(T& known, const T& none, const T& told) const;
+    void takeIdentity(std::string& known, const std::string& told) const;
+    /// The first that is told stays.
+    void takeDegrees(double& known, double told) const;
+    [[noreturn]] void throwTwoSoundings() const;
     void decodePosition();
     void decodeMobileElev();
 

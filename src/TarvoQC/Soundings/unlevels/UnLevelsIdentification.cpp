@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace {
 
@@ -102,12 +103,24 @@ void UnLevels::decodeMMMM() {
     _queue.drop();
 }
 
-template <typename T>
-void UnLevels::takeIdentity(T& known, const T& none, const T& told) const {
-    if (known != none && told != none && known != told) {
-        _queue.throwErrorMsg("Two different soundings have been found in this message.");
+void UnLevels::takeIdentity(std::string& known, const std::string& told) const {
+    if (!known.empty() && !told.empty() && known != told) {
+        throwTwoSoundings();
     }
-    known = told == none ? known : told;
+    known = told.empty() ? known : told;
+}
+
+void UnLevels::takeDegrees(double& known, double told) const {
+    constexpr double kSamePlace = 1.0; // degrees; a ship goes on between the parts
+    constexpr double kCircle = 360.0;
+    if (known != kMissing && std::abs(std::remainder(told - known, kCircle)) > kSamePlace) {
+        throwTwoSoundings();
+    }
+    known = known == kMissing ? told : known;
+}
+
+void UnLevels::throwTwoSoundings() const {
+    _queue.throwErrorMsg("Two different soundings have been found in this message.");
 }
 
 void UnLevels::decodeSection1() {
@@ -142,7 +155,7 @@ void UnLevels::decodeCallSign() {
     for (std::size_t i = 0; i < words; ++i) {
         callSign.append(i == 0 ? "" : " ").append(_queue.token(i));
     }
-    takeIdentity(_callSign, std::string(), callSign);
+    takeIdentity(_callSign, callSign);
     _queue.SKIP_TOKENS(words);
 }
 
@@ -156,7 +169,7 @@ void UnLevels::decodeBSN() {
     if (_queue.token().size() != kLength) {
         throw "Block and station number is incorrect: " + std::string(_queue.token());
     }
-    takeIdentity(_bsn, std::string(), std::string(_queue.token()));
+    takeIdentity(_bsn, std::string(_queue.token()));
     _queue.drop();
 }
 
@@ -229,10 +242,10 @@ void UnLevels::decodePosition() {
     const bool south = quadrant == '3' || quadrant == '5';
     const bool west = quadrant == '5' || quadrant == '7';
     if (lat) {
-        takeIdentity(_latitude, kMissing, (south ? -*lat : *lat) / kTenths);
+        takeDegrees(_latitude, (south ? -*lat : *lat) / kTenths);
     }
     if (const auto lon = numberIn(piece(group, 1))) {
-        takeIdentity(_longitude, kMissing, (west ? -*lon : *lon) / kTenths);
+        takeDegrees(_longitude, (west ? -*lon : *lon) / kTenths);
     }
     _queue.drop();
 }

@@ -131,7 +131,7 @@ TEST(UnLevelsIdentification, PartsOfOneSoundingAgree) {
     const std::pair<std::string, const char*> cases[] = {
         {"TTBB 51128 72469 00013 12250 TTDD 5112/ 02963 11885 737//", "02963 11885 737// ..."},
         {ship + "UUDD EFGH 5112/ 99254 70804 08145 11885 737//", "EFGH 5112/ 99254 70804 08145 11885 ..."},
-        {ship + "UUDD ABCD 5112/ 99264 70804 08145 11885 737//", "70804 08145 11885 737// ..."},
+        {ship + "UUDD ABCD 5112/ 99274 70804 08145 11885 737//", "70804 08145 11885 737// ..."},
         {ship + "UUDD ABCD 5112/ 99254 10804 08145 11885 737//", "10804 08145 11885 737// ..."},
     };
     for (const auto& [text, where] : cases) {
@@ -139,9 +139,10 @@ TEST(UnLevelsIdentification, PartsOfOneSoundingAgree) {
                                              "at ") +
                                      where);
     }
-    // What a part doesn't tell is no other sounding.
+    // What a part doesn't tell is no other sounding, and a ship goes on.
     for (const char* rest :
-         {"UUDD 5112/ 99/// ///// ///// 11885 737//", "UUDD ABCD 5112/ 99254 7//// 08145 11885 737//"}) {
+         {"UUDD 5112/ 99/// ///// ///// 11885 737//", "UUDD ABCD 5112/ 99254 7//// 08145 11885 737//",
+          "UUDD ABCD 5112/ 99258 70799 08145 11885 737//"}) {
         const UnLevels read(ship + rest);
         EXPECT_EQ(read.callSign(), "ABCD");
         EXPECT_DOUBLE_EQ(read.latitude(), 25.4);
