@@ -37,10 +37,11 @@ public:
     void getSounding(const std::string& fileName, std::istream* stream);
     /// Runs QC as the item DoQC says: 0 stops before it.
     void qcProcess();
-    /// Makes the levels of the QC data, or takes them from a WMO message, unless the item DoLevels is 0. The message of
-    /// the old levels goes with them.
+    /// Makes the levels of the QC data, or takes them from a WMO message, unless the item DoLevels or DoQC is 0. The
+    /// message of the old levels goes with them.
     void doLevels();
-    /// Codes the WMO message of the levels, unless the item DoWMO is 0. A sounding that is a message itself gets none.
+    /// Codes the WMO message of the levels, unless the item DoWMO or DoQC is 0. A sounding that is a message itself
+    /// gets none.
     void doWMO();
     /// Fills the topic "QC Data Recovery Statistics".
     void doSummaryStats();
@@ -122,6 +123,7 @@ private:
     double levelSurfaceAltitude() const;
     double number(const std::string& key) const;
     bool isOn(const std::string& key) const;
+    bool isWanted(const std::string& key) const;
     std::string text(const std::string& key) const;
     static std::string durationText(std::int64_t start);
 

@@ -61,10 +61,17 @@ double EditorControl::levelSurfaceAltitude() const {
     return known && _config.value("SfcAltitude", altitude) ? altitude : kMissing;
 }
 
-void EditorControl::doLevels() {
+/// QC data may be left of a run before the QC mode became 0: nothing is made of them.
+bool EditorControl::isWanted(const std::string& key) const {
     int wanted = 0;
-    _config.intValue("DoLevels", wanted);
-    if (wanted == 0 || !QCready()) {
+    int doQC = 0;
+    _config.intValue(key, wanted);
+    _config.intValue("DoQC", doQC);
+    return wanted != 0 && doQC != 0 && QCready();
+}
+
+void EditorControl::doLevels() {
+    if (!isWanted("DoLevels")) {
         return;
     }
     _wmo.reset();
@@ -88,9 +95,7 @@ void EditorControl::doLevels() {
 }
 
 void EditorControl::doWMO() {
-    int wanted = 0;
-    _config.intValue("DoWMO", wanted);
-    if (wanted == 0 || _sounding->soundingType() == SoundingType::Wmo || !QCready()) {
+    if (!isWanted("DoWMO") || isMessage()) {
         return;
     }
     setStatus("Creating WMO message...");

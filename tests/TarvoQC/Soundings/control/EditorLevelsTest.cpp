@@ -133,6 +133,21 @@ TEST(EditorLevels, RunsAfterQcAndCounts) {
     EXPECT_EQ(editor.levels(), nullptr);
 }
 
+TEST(EditorLevels, NoneOfTheQcDataOfAnEarlierMode) {
+    Analysis analysis(column(false));
+    analysis.run();
+    ASSERT_NE(analysis.editor.wmo(), nullptr);
+    analysis.config.override("DoQC", 0.0);
+    analysis.run();
+    EXPECT_EQ(analysis.editor.levels(), nullptr);
+    EXPECT_EQ(analysis.editor.wmo(), nullptr);
+    analysis.editor.doWMO();
+    EXPECT_EQ(analysis.editor.wmo(), nullptr);
+    analysis.config.override("DoQC", 1.0);
+    analysis.run();
+    EXPECT_NE(analysis.editor.wmo(), nullptr);
+}
+
 TEST(EditorLevels, SurfaceAltitudeOfTheLevels) {
     // The station base pressure tells which altitude was taken: 850 mb below 1000 m, 800 mb from there, none unknown.
     Analysis analysis(column(false));
