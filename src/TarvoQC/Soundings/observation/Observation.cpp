@@ -13,9 +13,6 @@ namespace {
 
 constexpr int kRawVersions = 100000;
 
-/// Frame times are off by less than this, s: the frame that was chosen as the end of the data is not after it.
-constexpr double kFrameTimeError = 1e-5;
-
 struct RawSource {
     const char* name;
     Series* (SoundingFile::*series)();

@@ -82,8 +82,10 @@ bool Sounding::splashTime(double& time) const {
             time = std::max(time, series->time(series->lastIndex()));
         }
     }
-    if (maxLastDataTime() - time < kTailBehindData && maxLastDataTime() > time) {
-        time = maxLastDataTime();
+    const double end = maxLastDataTime();
+    const bool isCut = end > QClastDataTime() + kFrameTimeError; // where the user has set the end, nothing comes behind
+    if (end - time < kTailBehindData && end > time && !isCut) {
+        time = end;
     }
     return time - lastPressure <= kOldestPressure;
 }

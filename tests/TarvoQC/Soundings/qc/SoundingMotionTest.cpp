@@ -251,8 +251,11 @@ CsvText drawnOut(const std::vector<std::string>& rows) {
     return text;
 }
 
-std::vector<std::string> surfaceItems(const CsvText& text) {
+std::vector<std::string> surfaceItems(const CsvText& text, double endOfDrop = 0.0) {
     EvenDrop run(text);
+    if (endOfDrop > 0.0) {
+        run.config.override("LastDataTimeOverride", endOfDrop);
+    }
     run.process();
     return run.summary.items("Surface Observation");
 }
@@ -267,6 +270,8 @@ TEST(SoundingMotion, SplashIsTheLastUsableFrame) {
     EXPECT_TRUE(surfaceItems(drawnOut({"59.6,,20,,,,"})).empty()) << "10.1 s after it";
     EXPECT_EQ(surfaceItems(drawnOut({"50.4,,,,,90,"}))[0], splash("50.40")) << "a direction alone, 0.9 s later";
     EXPECT_EQ(surfaceItems(drawnOut({"50.5,,,,,90,"}))[0], splash("49.50")) << "1.0 s later";
+    EXPECT_EQ(surfaceItems(evenDrop(), 49.0)[0], splash("49.00")) << "an end set half a second before that of the file";
+    EXPECT_EQ(surfaceItems(drawnOut({"50.4,,,,,90,"}), 50.4)[0], splash("50.40")) << "an end set at that of the file";
 }
 
 TEST(SoundingMotion, SurfaceValuesNeedRecentSamples) {
