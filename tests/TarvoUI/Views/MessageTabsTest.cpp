@@ -381,6 +381,29 @@ TEST(MessageTabs, HaveRoomForLargeType) {
     }
 }
 
+TEST(MessageTabs, StandWhenQcIsSwitchedOff) {
+    OpenedSounding sounding(kExample);
+    LevelsView levels(&sounding.doc, &sounding.printer, nullptr);
+    WMOView message(&sounding.doc, &sounding.printer, nullptr);
+    SummaryView summary(&sounding.doc, &sounding.printer, nullptr);
+    const std::initializer_list<TarvoView*> views{&levels, &message, &summary};
+    for (TarvoView* view : views) {
+        view->update();
+    }
+    ASSERT_GT(message.findChild<QTableWidget*>()->rowCount(), 0);
+    const TemporaryFolder folder;
+    sounding.config.set("QCAutoSaveDir", folder.path().string());
+    sounding.config.set("WmoAutoSaveFmtTxt", 1.0);
+    sounding.config.set("DoQC", 0.0);
+    sounding.doc.process();
+    for (TarvoView* view : views) {
+        view->update();
+        view->autoSave();
+    }
+    EXPECT_EQ(message.findChild<QTableWidget*>()->rowCount(), 0);
+    EXPECT_FALSE(fs::exists(folder / "D20210801_120003WMO.txt"));
+}
+
 TEST(SummaryTab, ListsTopicsWithTheirItems) {
     OpenedSounding sounding(kExample);
     SummaryView view(&sounding.doc, &sounding.printer, nullptr);
