@@ -285,7 +285,9 @@ std::map<std::string, std::pair<double, std::string>> TarvoViewController::runOp
 }
 
 void TarvoViewController::optionsChanged(bool runNeeded) {
-    _activeTab->update(); // or its entries would be written back over the options
+    if (_activeTab != nullptr) {
+        _activeTab->update(); // or its entries would be written back over the options
+    }
     if (runNeeded || runOptions() != _lastOptions) {
         emit processRequested(true);
     }

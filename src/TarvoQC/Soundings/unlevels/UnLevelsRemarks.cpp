@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 
 namespace {
 
@@ -111,7 +112,7 @@ void UnLevels::decodeWL() {
     decodeWL150();
 }
 
-/// A splash whose time isn't known is coded without one, and the next part or nothing may stand in its place.
+/// A splash whose time isn't known is coded without one: the next remark, the next part or nothing stands in its place.
 void UnLevels::decodeRELSPGSPL() {
     constexpr std::size_t kPosition = 11;
     constexpr std::size_t kToTheSecond = 6;
@@ -123,7 +124,8 @@ void UnLevels::decodeRELSPGSPL() {
     _queue.NEED_TOKEN_OF_LENGTH(kPosition);
     decodeRelSpgSplLatLon(_queue.token(), level);
     _queue.drop();
-    if (!_queue.empty() && !endsPart()) {
+    const bool isRemark = !_queue.empty() && std::isalpha(static_cast<unsigned char>(_queue.token().front())) != 0;
+    if (!_queue.empty() && !endsPart() && !(word == "SPL" && isRemark)) {
         _queue.NEED_TOKEN_OF_LENGTH(level.type() == SPLASHPOINTWINDINTEG ? kToTheMinute : kToTheSecond);
         if (const auto clock = numberIn(_queue.token())) {
             level[CLOCK] = *clock;

@@ -106,7 +106,7 @@ TEST(UnLevelsRemarks, EndWithTheNextPartOnly) {
 }
 
 TEST(UnLevelsRemarks, ASplashMayHaveNoTime) {
-    for (const char* end : {"", " =", " = XXCC 75191 99254 70804 08145 88999 77999"}) {
+    for (const char* end : {"", " =", " = XXCC 75191 99254 70804 08145 88999 77999", " LST WND 012"}) {
         const std::string text = withRemarks("62626 SPL 2540N08040W" + std::string(end));
         ASSERT_EQ(errorOf(text), "read") << text;
         const UnLevels read(text);
