@@ -47,32 +47,23 @@ std::string contradiction(BatchOptions& options, const std::string& shard) {
     return {};
 }
 
-} // namespace
-
-std::string versionText() {
-    constexpr std::size_t kEnoughOfHash = 12;
-    const RevisionInfo revision;
-    const std::string hash = revision.count("REPO_HASH") != 0 ? revision.text("REPO_HASH") : "";
-    return revision.text("REPO_REVISION") + (hash.empty() ? "" : " " + hash.substr(0, kEnoughOfHash));
-}
-
-bool parseBatchOptions(int argc, char** argv, BatchOptions& options, int& status) {
-    options.jobs = processors();
+/// What the command line holds besides the options themselves.
+struct Requests {
     bool listSets = false;
     bool listFormats = false;
     bool explain = false;
     std::string shard;
+};
 
-    CLI::App app("Quality control of sounding files without a window: reads raw dropsonde and radiosonde files, runs\n"
-                 "the QC sequence and writes the products.",
-                 "tarvo-batch");
-    app.footer("Exit status: 0 all files processed, 1 some failed, 2 wrong usage.\n");
-    app.set_version_flag("--version", "tarvo-batch " + versionText(), "Print the version and exit");
+void addInput(CLI::App& app, BatchOptions& options) {
     app.add_option("PATH", options.paths, "Sounding files, or directories of them");
     app.add_option("--config", options.config,
                    "The tarvo.xml to use; by default the user's own if there is one, else the one built in")
         ->type_name("FILE");
     app.add_option("--set", options.set, "The configuration set; by default the active one")->type_name("NAME");
+}
+
+void addOutput(CLI::App& app, BatchOptions& options) {
     app.add_option("--out", options.out,
                    "Where products go, made when missing; by default BatchSaveDir if that is there, else here")
         ->type_name("DIR");
@@ -90,6 +81,9 @@ bool parseBatchOptions(int argc, char** argv, BatchOptions& options, int& status
                    "Enter each sounding with its levels in this sounding database, made when missing")
         ->type_name("FILE")
         ->check([](const std::string& path) { return path.empty() ? "no file is named" : ""; });
+}
+
+void addCampaign(CLI::App& app, BatchOptions& options, Requests& requests) {
     app.add_flag("--recursive", options.recursive, "Descend into directories");
     app.add_option("--jobs", options.jobs, "Files at once")
         ->type_name("N")
@@ -101,7 +95,7 @@ bool parseBatchOptions(int argc, char** argv, BatchOptions& options, int& status
         ->capture_default_str();
     app.add_option("--report", options.report, "Write a JSON line for each file; - is standard output")
         ->type_name("FILE");
-    app.add_option("--shard", shard, "Process the files of one shard of N only, for the jobs of an array")
+    app.add_option("--shard", requests.shard, "Process the files of one shard of N only, for the jobs of an array")
         ->type_name("I/N");
     app.add_flag("--resume", options.resume,
                  "Leave out what an earlier run has done, by its --report FILE, to which this run adds");
@@ -113,12 +107,39 @@ bool parseBatchOptions(int argc, char** argv, BatchOptions& options, int& status
         ->type_name("SECONDS")
         ->check(CLI::Range(0.0, 3600.0))
         ->capture_default_str();
+}
+
+void addReports(CLI::App& app, BatchOptions& options, Requests& requests) {
     app.add_flag("--provenance", options.provenance,
                  "Tell program, set, overrides and the hash of the input in CSV and netCDF products too");
-    app.add_flag("--explain", explain, "Tell what QC removed from each file and why, and write no products");
+    app.add_flag("--explain", requests.explain, "Tell what QC removed from each file and why, and write no products");
     app.add_flag("--quiet", options.quiet, "Print failures only");
-    app.add_flag("--list-sets", listSets, "List the configuration sets and exit");
-    app.add_flag("--list-formats", listFormats, "List the products and exit");
+    app.add_flag("--list-sets", requests.listSets, "List the configuration sets and exit");
+    app.add_flag("--list-formats", requests.listFormats, "List the products and exit");
+}
+
+} // namespace
+
+std::string versionText() {
+    constexpr std::size_t kEnoughOfHash = 12;
+    const RevisionInfo revision;
+    const std::string hash = revision.count("REPO_HASH") != 0 ? revision.text("REPO_HASH") : "";
+    return revision.text("REPO_REVISION") + (hash.empty() ? "" : " " + hash.substr(0, kEnoughOfHash));
+}
+
+bool parseBatchOptions(int argc, char** argv, BatchOptions& options, int& status) {
+    options.jobs = processors();
+    Requests requests;
+
+    CLI::App app("Quality control of sounding files without a window: reads raw dropsonde and radiosonde files, runs\n"
+                 "the QC sequence and writes the products.",
+                 "tarvo-batch");
+    app.footer("Exit status: 0 all files processed, 1 some failed, 2 wrong usage.\n");
+    app.set_version_flag("--version", "tarvo-batch " + versionText(), "Print the version and exit");
+    addInput(app, options);
+    addOutput(app, options);
+    addCampaign(app, options, requests);
+    addReports(app, options, requests);
 
     try {
         app.parse(argc, argv);
@@ -131,14 +152,14 @@ bool parseBatchOptions(int argc, char** argv, BatchOptions& options, int& status
         status = kUsageError;
         return false;
     }
-    if (listSets || listFormats) {
-        options.action = listSets ? BatchOptions::Action::ListSets : BatchOptions::Action::ListFormats;
+    if (requests.listSets || requests.listFormats) {
+        options.action = requests.listSets ? BatchOptions::Action::ListSets : BatchOptions::Action::ListFormats;
         return true;
     }
-    if (explain) {
+    if (requests.explain) {
         options.action = BatchOptions::Action::Explain;
     }
-    const std::string wrong = contradiction(options, shard);
+    const std::string wrong = contradiction(options, requests.shard);
     if (!wrong.empty()) {
         std::cerr << "tarvo-batch: " << wrong << "\n";
         status = kUsageError;

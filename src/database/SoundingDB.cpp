@@ -1,5 +1,6 @@
 #include "SoundingDB.h"
 
+#include "Level.h"
 #include "SQLSchema.h"
 #include "SndMetaData.h"
 #include "Text.h"
@@ -14,9 +15,7 @@
 
 namespace {
 
-constexpr std::array<double, 21> kMandatoryPressures{1000, 925, 850, 700, 500, 400, 300, 250, 200, 150, 100,
-                                                     70,   50,  30,  20,  10,  7,   5,   3,   2,   1}; // mb
-constexpr double kPressureSlack = 0.1;                                                                 // mb
+constexpr double kPressureSlack = 0.1; // mb
 
 const char* const kTexts = "filename, launchtime, platform, project, sondeId, comments, BSN, callSign, soundingType";
 
@@ -58,7 +57,7 @@ std::unique_ptr<SoundingDB> SoundingDB::openOrCreate(const std::string& path) {
 
 void SoundingDB::initLevels() {
     int type = MANDATORY_1000;
-    for (const double pressure : kMandatoryPressures) {
+    for (const double pressure : kStandardPressures) {
         _mandatory.emplace_back(static_cast<LEVEL_TYPE>(type++), pressure);
     }
     _types = {{LevelType::SurfaceThermo, SURFACE}, {LevelType::Layer150m, LAYER_150M},

@@ -55,8 +55,7 @@ void ColumnFile::takeRecord(const Table& table, std::string_view line) {
     _sTime.appendValue(time, time);
     for (const Column& column : table.columns) {
         if (column.series != nullptr) {
-            const std::string_view word = wordOf(words, column.word);
-            const double number = word.empty() ? kMissing : numberOf(word);
+            const double number = numberOrMissing(wordOf(words, column.word));
             const bool missing = number > column.limit || number == column.mark;
             (this->*column.series).appendValue(missing ? kMissing : number, time);
         }
@@ -73,8 +72,7 @@ void ColumnFile::takeLaunchRow(const Table& table, std::string_view line) {
     const Words words = wordsOf(line);
     for (const Column& column : table.columns) {
         if (column.launch != nullptr) {
-            const std::string_view word = wordOf(words, column.word);
-            const double number = word.empty() ? kMissing : numberOf(word);
+            const double number = numberOrMissing(wordOf(words, column.word));
             this->*column.launch = number == column.mark ? kMissing : number;
         }
     }

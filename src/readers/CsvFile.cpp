@@ -45,10 +45,6 @@ std::string plainText(std::string_view token) {
     return text;
 }
 
-double numberOrMissing(std::string_view token) {
-    return token.empty() ? kMissing : numberOf(token);
-}
-
 /// Whether numberOf() finds a number at the start.
 bool beginsWithNumber(std::string_view token) {
     const auto first = token.find_first_not_of("+-.");

@@ -13,8 +13,7 @@ constexpr std::string_view kDateLabel = "Date:";
 /// The number behind so many words.
 double numberAfter(std::string_view& line, int words) {
     skipWords(line, words);
-    const std::string_view word = nextWord(line);
-    return word.empty() ? kMissing : numberOf(word);
+    return numberOrMissing(nextWord(line));
 }
 
 /// "17.90 N", negative for the \p negative hemisphere. A label in place of a hemisphere is left in the line.
@@ -103,12 +102,7 @@ void FRDFile::takeAircraft(std::string_view line) {
     line.remove_prefix(label);
     const Words words = wordsOf(line);
     const WrittenTime launch = WrittenTime::of(WrittenTime::of(wordOf(words, 2), wordOf(words, 4)).seconds());
-    _year = launch.year;
-    _month = launch.month;
-    _day = launch.day;
-    _hour = launch.hour;
-    _min = launch.min;
-    _sec = launch.sec;
+    takeLaunch(launch);
 }
 
 void FRDFile::takeComment(std::string_view line) {

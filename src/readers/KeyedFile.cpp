@@ -5,12 +5,6 @@
 #include "Text.h"
 #include "Words.h"
 
-namespace {
-
-constexpr const char* kValuesMissing = "- Values are missing at the end of line ";
-
-} // namespace
-
 double KeyedFile::FrameColumn::valueOf(std::string_view word) const {
     const double number = numberOf(word);
     return number == mark || number == secondMark ? kMissing : number;

@@ -41,12 +41,7 @@ void KeyedUpsondeFile::setLaunch(std::string_view line) {
     const std::string_view time = nextWord(line);
     WrittenTime launch = WrittenTime::of(date, time);
     launch.sec = time.size() > kSecondsAt ? integerOf(time.substr(kSecondsAt, kSecondsLength)) : 0;
-    _year = launch.year;
-    _month = launch.month;
-    _day = launch.day;
-    _hour = launch.hour;
-    _min = launch.min;
-    _sec = launch.sec;
+    takeLaunch(launch);
     _launchInRange = isDateText(date) && isTimeText(time) && inRange(launch);
     _launchTag = tagOf(date, time);
 }
@@ -96,7 +91,7 @@ void KeyedUpsondeFile::settleLaunch() {
         notValid();
     }
     if (!_launchInRange) {
-        _errorMsg += "- Launch date or time is invalid.\n";
+        _errorMsg += kLaunchInvalid;
         notValid();
     }
 }
@@ -106,7 +101,7 @@ void KeyedUpsondeFile::conclude(SoundingType type, const char* platform) {
     _platformType = platform;
     takeWmoCodes("90");
     if (_dataPoints < 1) {
-        _errorMsg += "- No sounding data found in file.\n";
+        _errorMsg += kNoData;
         notValid();
     }
 }

@@ -9,15 +9,9 @@
 
 namespace {
 
-constexpr const char* kShortRow = "- Values are missing at the end of line ";
-
 std::string behindWords(std::string_view line, int count) {
     skipWords(line, count);
     return std::string(trimmed(line));
-}
-
-double valueOf(std::string_view word) {
-    return word.empty() ? kMissing : numberOf(word);
 }
 
 bool beginsWithNumber(std::string_view row) {
@@ -46,7 +40,7 @@ MirraFile::MirraFile(std::string fileName, std::vector<std::string> fileLines)
     readData();
     takeWmoCodes("90");
     if (_dataPoints < 1) {
-        fail("- No sounding data found in file.\n");
+        fail(kNoData);
     }
 }
 
@@ -125,7 +119,7 @@ void MirraFile::takeLaunchTime(std::string_view line) {
     const auto within = [](int value, int least, int greatest) { return value >= least && value <= greatest; };
     if (!within(_year, 1, 9999) || !within(_month, 1, 12) || !within(_day, 1, 31) || !within(_hour, 0, 59) ||
         !within(_min, 0, 59) || !within(_sec, 0, 59)) {
-        fail("- Launch date or time is invalid.\n");
+        fail(kLaunchInvalid);
     }
 }
 
@@ -188,7 +182,7 @@ void MirraFile::readData() {
 void MirraFile::takeLaunchRow(std::string_view row) {
     nextWord(row);
     for (const Column& column : columns()) {
-        const double value = valueOf(nextWord(row));
+        const double value = numberOrMissing(nextWord(row));
         if (column.launch != nullptr) {
             this->*column.launch = value;
         }
@@ -208,11 +202,11 @@ void MirraFile::takeRow(std::string_view row) {
     for (const Column& column : columns()) {
         const std::string_view word = nextWord(row);
         if (word.empty()) {
-            warnOnce(kShortRow);
+            warnOnce(kValuesMissing);
         }
         for (Series SoundingFile::*series : column.series) {
             if (series != nullptr) {
-                (this->*series).appendValue(valueOf(word), time);
+                (this->*series).appendValue(numberOrMissing(word), time);
             }
         }
     }

@@ -18,14 +18,13 @@ namespace {
 constexpr std::string_view kTimeColumn = "Elapsed time";
 constexpr double kMark = 99999.0; // missing, for every quantity
 
-double numberOrMissing(std::string_view text) {
-    const std::string_view cell = trimmed(text);
-    const double number = cell.empty() ? kMissing : numberOf(cell);
+double valueOf(std::string_view cell) {
+    const double number = numberOrMissing(trimmed(cell));
     return number == kMark ? kMissing : number;
 }
 
 double positionOf(const std::string& value, char negative) {
-    const double degrees = numberOrMissing(value);
+    const double degrees = valueOf(value);
     return degrees != kMissing && value.back() == negative ? -std::abs(degrees) : degrees;
 }
 
@@ -131,7 +130,7 @@ void Mw41File::takePair(const std::string& key, const std::string& value) {
         if (const auto* text = std::get_if<Key::Text>(&known->field)) {
             this->** text = value;
         } else if (const auto* number = std::get_if<Key::Number>(&known->field)) {
-            this->** number = numberOrMissing(value);
+            this->** number = valueOf(value);
         } else if (const auto* position = std::get_if<Key::Position>(&known->field)) {
             this->*position->field = positionOf(value, position->negative);
         } else {
@@ -217,7 +216,7 @@ void Mw41File::readData() {
     }
     _dataPoints = _sTime.lastIndex() + 1;
     if (_dataPoints < 1) {
-        _errorMsg += "- No sounding data found in file.\n";
+        _errorMsg += kNoData;
         notValid();
     }
 }
@@ -239,13 +238,13 @@ Mw41File::Columns Mw41File::takeColumns(const std::vector<std::string>& names) {
 
 /// A record without a time has no place in the sounding.
 void Mw41File::takeRecord(const std::vector<std::string>& cells, const Columns& columns, std::size_t timeColumn) {
-    const double time = numberOrMissing(cells[timeColumn]);
+    const double time = valueOf(cells[timeColumn]);
     if (time == kMissing) {
         return;
     }
     for (std::size_t i = 0; i < columns.size(); ++i) {
         if (columns[i] != nullptr) {
-            columns[i]->appendValue(numberOrMissing(cells[i]), time);
+            columns[i]->appendValue(valueOf(cells[i]), time);
         }
     }
 }

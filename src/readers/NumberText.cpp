@@ -31,6 +31,10 @@ double numberOf(std::string_view text) {
     return error == std::errc() && stop == end ? finiteOrMissing(number) : looseNumber(text);
 }
 
+double numberOrMissing(std::string_view text) {
+    return text.empty() ? kMissing : numberOf(text);
+}
+
 int integerOf(std::string_view text) {
     constexpr long kLeast = std::numeric_limits<int>::min();
     constexpr long kGreatest = std::numeric_limits<int>::max();

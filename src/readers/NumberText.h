@@ -8,5 +8,8 @@
 /// that doesn't begin with a number is 0.0. What isn't finite ("nan", "inf", "1e999") is missing, -999.0.
 double numberOf(std::string_view text);
 
-/// The same for a decimal integer; one out of range becomes the nearest integer there is.
+/// The same, and missing, -999.0, for an empty text.
+double numberOrMissing(std::string_view text);
+
+/// numberOf() for a decimal integer; one out of range becomes the nearest integer there is.
 int integerOf(std::string_view text);

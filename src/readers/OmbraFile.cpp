@@ -61,7 +61,7 @@ void OmbraFile::readData() {
     _needsTDDryBiasCorr = _launchTime >= kDryBiasStart && _dryBiasSonde && !_tdDryBiasCorrPresent;
     takeLaunchDate();
     if (_dataPoints < 1) {
-        _errorMsg += "- No sounding data found in file.\n";
+        _errorMsg += kNoData;
         notValid();
     }
 }
@@ -267,16 +267,11 @@ void OmbraFile::findWindRate() {
 
 void OmbraFile::takeLaunchDate() {
     const WrittenTime launch = WrittenTime::of(_launchTime);
-    _year = launch.year;
-    _month = launch.month;
-    _day = launch.day;
-    _hour = launch.hour;
-    _min = launch.min;
-    _sec = launch.sec;
+    takeLaunch(launch);
     // As seconds since 1970 any text makes some date; whether it was one shows in the text.
     const bool asTold = _launchTimeSource == LaunchTimeSource::LaunchLine && _toldLaunch;
     if (asTold && !(_toldLaunchIsATime && _toldLaunch->inRange())) {
-        _errorMsg += "- Launch date or time is invalid.\n";
+        _errorMsg += kLaunchInvalid;
         notValid();
     }
 }

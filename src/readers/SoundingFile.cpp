@@ -4,6 +4,7 @@
 #include "SoundingLines.h"
 #include "Text.h"
 #include "UtcTime.h"
+#include "WrittenTime.h"
 
 #include <algorithm>
 
@@ -62,6 +63,15 @@ void SoundingFile::warnOnce(const std::string& warning) {
     if (!contains(_errorMsg, warning)) {
         _errorMsg += warning + std::to_string(lineNumber()) + "\n";
     }
+}
+
+void SoundingFile::takeLaunch(const WrittenTime& launch) {
+    _year = launch.year;
+    _month = launch.month;
+    _day = launch.day;
+    _hour = launch.hour;
+    _min = launch.min;
+    _sec = launch.sec;
 }
 
 void SoundingFile::takeWmoCodes(const char* sondeType) {

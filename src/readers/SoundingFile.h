@@ -13,6 +13,7 @@
 #include <vector>
 
 class UnLevels;
+struct WrittenTime;
 
 /// The base of all readers. A reader does all its work in its constructor and is a passive holder afterwards: series by
 /// quantity, launch observation, date and time (UTC), metadata, and whether the file made sense.
@@ -131,6 +132,11 @@ protected:
         int both = 0;
     };
 
+    // What several readers have to say of a file.
+    static constexpr const char* kNoData = "- No sounding data found in file.\n";
+    static constexpr const char* kLaunchInvalid = "- Launch date or time is invalid.\n";
+    static constexpr const char* kValuesMissing = "- Values are missing at the end of line ";
+
     /// Valid when there is any line at all.
     SoundingFile(std::string fileName, std::vector<std::string> lines);
 
@@ -151,6 +157,7 @@ protected:
     void warnOnce(const std::string& warning);
     /// Sets the codes that messages describe the system with; most systems differ in \p sondeType only.
     void takeWmoCodes(const char* sondeType);
+    void takeLaunch(const WrittenTime& launch);
     void registerRHchan(int channel) { _rhChannels.insert(channel); }
 
     std::string _fileName;

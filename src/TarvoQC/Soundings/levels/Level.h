@@ -5,6 +5,11 @@
 #include <optional>
 #include <string>
 
+/// The mandatory surfaces, mb.
+constexpr std::array<double, 21> kStandardPressures{1000.0, 925.0, 850.0, 700.0, 500.0, 400.0, 300.0,
+                                                    250.0,  200.0, 150.0, 100.0, 70.0,  50.0,  30.0,
+                                                    20.0,   10.0,  7.0,   5.0,   3.0,   2.0,   1.0};
+
 /// What a level is. The numbers are stored in the database and stay as they are.
 enum class LevelType {
     Standard = 0,

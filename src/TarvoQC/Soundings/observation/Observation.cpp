@@ -54,8 +54,6 @@ constexpr std::array<CrcRemoval, 12> kCrcRemovals{{
     {"QCV", Value::CrcGps, true},
 }};
 
-constexpr std::array<const char*, 4> kWinds{"QCWspd", "QCWdir", "QCU", "QCV"};
-
 bool isQcName(const Id& id) {
     return contains(id.name(), "QC");
 }
@@ -73,6 +71,16 @@ void captureRemoval(const Series& series, int i, Value::AttributeType attribute)
 }
 
 } // namespace
+
+const std::vector<const char*>& qcWinds() {
+    static const std::vector<const char*> names{"QCWspd", "QCWdir", "QCU", "QCV"};
+    return names;
+}
+
+const std::vector<const char*>& rawWinds() {
+    static const std::vector<const char*> names{"RawWspd", "RawWdir"};
+    return names;
+}
 
 Observation::Observation(SoundingFile* file) : _file(file) {
     addRawSeries();
@@ -258,7 +266,7 @@ void Observation::makeQcWinds() {
     v.id("QCv");
     makeUandV(qcWspd, qcWdir, u, v);
     if (qcWspd.lastIndex() == 0) {
-        for (const char* wind : kWinds) {
+        for (const char* wind : qcWinds()) {
             getSeries(wind)->remove(0);
         }
     }
@@ -268,10 +276,10 @@ void Observation::makeQcWinds() {
 /// it too, also when samples share a time.
 void Observation::keepWindsParallel() {
     Series& wspd = *getSeries("QCWspd");
-    for (const char* wind : kWinds) {
+    for (const char* wind : qcWinds()) {
         wspd = wspd.matchSeries(*getSeries(wind)).first;
     }
-    for (const char* wind : kWinds) {
+    for (const char* wind : qcWinds()) {
         Series& series = *getSeries(wind);
         series = series.matchSeries(wspd).first;
     }

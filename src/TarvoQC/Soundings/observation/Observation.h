@@ -15,6 +15,10 @@ class SoundingFile;
 /// Frame times are off by less than this, s: the frame that was chosen as the end of the data is not after it.
 constexpr double kFrameTimeError = 1e-5;
 
+/// The series of a wind, which have a value together or not at all: of the QC set, and of the raw set.
+const std::vector<const char*>& qcWinds();
+const std::vector<const char*>& rawWinds();
+
 /// The owner of all series of one sounding, by name: the raw set ("RawPres", ...), taken once from the reader, and the
 /// QC set ("QCPres", ...), rebuilt from the raw set at the start of every QC run and worked on by QC. Raw values never
 /// change; the raw set is only flagged. Units: mb, deg C, %, m/s, degrees, m, s from launch.

@@ -1,13 +1,12 @@
 #include "Altitude.h"
 
+#include "Assumptions.h"
 #include "Hydrostatics.h"
 #include "Text.h"
 
 #include <cmath>
 
 namespace {
-
-constexpr double kDefaultRH = 50.0; // %
 
 /// The thickness from the time \p t0 to the time \p t1, m. False across a gap.
 bool thickness(const Series& pres, const Series& tdry, const Series& rh, double span, double t0, double t1,

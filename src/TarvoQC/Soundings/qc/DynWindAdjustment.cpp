@@ -1,5 +1,6 @@
 #include "DynWindAdjustment.h"
 
+#include "Assumptions.h"
 #include "DCapture.h"
 #include "ParallelSeries.h"
 #include "SeriesSpline.h"
@@ -7,7 +8,6 @@
 namespace {
 
 constexpr double kGravity = 9.80665;    // m/s2
-constexpr double kMaxGap = 60.0;        // s
 constexpr double kEndWavelength = 4.0;  // s
 constexpr double kEndStretch = 4.0;     // s
 constexpr double kPerEndStretch = 0.25; // 1/s

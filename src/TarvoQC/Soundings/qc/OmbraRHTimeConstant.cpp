@@ -1,7 +1,8 @@
 #include "OmbraRHTimeConstant.h"
 
+#include "Assumptions.h"
+
 bool OmbraRHTimeConstant::value(double time, double& out) const {
-    constexpr double kMaxGap = 60.0; // s
     double pressure = 0.0;
     if (!_pres->interpolate(time, kMaxGap, pressure) || pressure < 0.0) {
         return false;

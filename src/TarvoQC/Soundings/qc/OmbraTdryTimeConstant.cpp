@@ -1,10 +1,7 @@
 #include "OmbraTdryTimeConstant.h"
 
+#include "Assumptions.h"
 #include "DropsondeFallRate.h"
-
-namespace {
-constexpr double kMaxGap = 60.0; // s
-}
 
 OmbraTdryTimeConstant::OmbraTdryTimeConstant(RSTdryTC::T_SENSOR_TYPE type)
     : _series("RH80TdryTimeConstant"), _sensor(type) {}

@@ -131,8 +131,12 @@ SeriesList Sounding::seriesOf(const std::vector<const char*>& names) const {
 }
 
 double Sounding::theoreticalFallRate(double pressure, double tdry) const {
-    return DropsondeFallRate::value(pressure, tdry, valueOf("ChuteArea", 676.0), valueOf("DragCoef", 0.61),
-                                    valueOf("DropSondeMass", 400.0));
+    const Parachute chute = parachute();
+    return DropsondeFallRate::value(pressure, tdry, chute.area, chute.drag, chute.mass);
+}
+
+Sounding::Parachute Sounding::parachute() const {
+    return {valueOf("ChuteArea", 676.0), valueOf("DragCoef", 0.61), valueOf("DropSondeMass", 400.0)};
 }
 
 bool Sounding::boolOf(const std::string& key) const {

@@ -89,6 +89,12 @@ public:
     int windRate() const;
 
 private:
+    struct Parachute {
+        double area; ///< cm2
+        double drag;
+        double mass; ///< g, of the sonde that hangs on it
+    };
+
     // The sequence, in the order of the table in SoundingSequence.cpp.
     struct Step;
     static const std::vector<Step>& steps();
@@ -178,6 +184,7 @@ private:
     void addQcError(const std::string& line);
     bool boolOf(const std::string& key) const;
     double valueOf(const std::string& key, double otherwise = 0.0) const;
+    Parachute parachute() const;
     int intOf(const std::string& key) const;
     std::string textOf(const std::string& key) const;
 

@@ -78,9 +78,9 @@ double Sounding::ambientTemperature() {
     AmbientPoint::Equilibration point{valueOf("TdryEquilTimeOverride"), 0.0};
     const bool isOverride = point.time > 0.0;
     if (!isOverride) {
+        const Parachute chute = parachute();
         point = _ambientPoint->temperature(getSeries("QCTdry"), getSeries("QCPres"), p, t, cabin, kTemperatureAccuracy,
-                                           valueOf("DropSondeMass", 400.0), valueOf("ChuteArea", 676.0),
-                                           valueOf("DragCoef", 0.61));
+                                           chute.mass, chute.area, chute.drag);
     }
     trimHead(seriesOf({"QCTdry"}), seriesOf({"RawTdry"}), point.time);
     _attributes["TdryEquilTime"] = stringFormat("%.2f", point.time);
@@ -137,8 +137,8 @@ void Sounding::updateTimeConstants() {
     const Series* pres = getSeries("QCPres");
     const Series* tdry = getSeries("QCTdry");
     if (boolOf("UseTheoryVentRate")) {
-        _tdryTimeConstant.update(pres, tdry, valueOf("ChuteArea", 676.0), valueOf("DragCoef", 0.61),
-                                 valueOf("DropSondeMass", 400.0));
+        const Parachute chute = parachute();
+        _tdryTimeConstant.update(pres, tdry, chute.area, chute.drag, chute.mass);
     } else {
         _tdryTimeConstant.update(pres, tdry, getSeries("QCDz"));
     }

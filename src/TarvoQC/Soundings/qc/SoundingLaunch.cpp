@@ -132,7 +132,7 @@ void Sounding::applySndMetaData() {
     }
     // A file may know one of a pair without the other.
     makeParallel(seriesOf({"QCGpsLat", "QCGpsLon"}));
-    makeParallel(seriesOf({"QCWspd", "QCWdir", "QCU", "QCV"}));
+    makeParallel(seriesOf(qcWinds()));
 }
 
 void Sounding::checkLaunchPair(const Id& a, const Id& b) {

@@ -5,10 +5,8 @@
 
 namespace {
 
-const std::vector<const char*> kWinds{"QCWspd", "QCWdir", "QCU", "QCV"};
 const std::vector<const char*> kWindsByDirection{"QCWdir", "QCWspd", "QCU", "QCV"};
 const std::vector<const char*> kPosition{"QCGpsLat", "QCGpsLon"};
-const std::vector<const char*> kRawWinds{"RawWspd", "RawWdir"};
 const std::vector<const char*> kRawPosition{"RawLat", "RawLon"};
 
 struct LimitRow {
@@ -26,9 +24,9 @@ const std::vector<LimitRow>& limitRows() {
         {{"QCVVPres"}, {}, kPressureRange, "Points which failed the limit check: ", "QC for VV Pressure"},
         {{"QCTdry"}, {"RawTdry"}, kTdryRange, "Points which failed the limit check: ", "QC for Temperature"},
         {{"QCRH"}, {"RawRH"}, kRHRange, "Points which failed the limit check: ", "QC for Relative Humidity"},
-        {kWinds, kRawWinds, {0.0, 150.0}, "Points which failed the wind speed limit check: ", "QC for Winds"},
+        {qcWinds(), rawWinds(), {0.0, 150.0}, "Points which failed the wind speed limit check: ", "QC for Winds"},
         {kWindsByDirection,
-         kRawWinds,
+         rawWinds(),
          {0.0, 360.0},
          "Points which failed the wind direction limit check: ",
          "QC for Winds"},
@@ -85,7 +83,7 @@ void Sounding::satsCheck() {
         return;
     }
     const int minSats = intOf("WindSats");
-    checkAndRemoveSats(seriesOf(kWindsByDirection), seriesOf(kRawWinds), minSats, "QC for Winds");
+    checkAndRemoveSats(seriesOf(kWindsByDirection), seriesOf(rawWinds()), minSats, "QC for Winds");
     checkAndRemoveSats(seriesOf(kPosition), seriesOf(kRawPosition), minSats, "QC for GPS Position");
     checkAndRemoveSats(seriesOf({"QCGpsAlt"}), seriesOf({"RawGpsAlt"}), minSats, "QC for GPS Altitude");
 }
@@ -132,8 +130,9 @@ void Sounding::weCheck() {
             failed.push_back(k);
         }
     }
-    _summary.addItem(topic, "Points which failed the wind error check: ",
-                     removeAndStamp(seriesOf(kWindsByDirection), failed, seriesOf(kRawWinds), Value::QcWindErrorCheck));
+    _summary.addItem(
+        topic, "Points which failed the wind error check: ",
+        removeAndStamp(seriesOf(kWindsByDirection), failed, seriesOf(rawWinds()), Value::QcWindErrorCheck));
 }
 
 /// The low limit serves the free atmosphere, the high one the ends of the sounding and heights that aren't known.

@@ -87,15 +87,8 @@ const std::vector<CheckRow>& checkRows() {
          "GPSAltQCDev",
          "- Filter check failed for GPS Altitude\n",
          kFilterItem},
-        {{"QCWspd", "QCWdir", "QCU", "QCV"},
-         {"RawWspd", "RawWdir"},
-         "QC for Winds",
-         "WindBuddySlope",
-         kBuddyItem,
-         "WindQCWL",
-         "WindQCDev",
-         "- Filter check failed for winds\n",
-         kFilterItem},
+        {qcWinds(), rawWinds(), "QC for Winds", "WindBuddySlope", kBuddyItem, "WindQCWL", "WindQCDev",
+         "- Filter check failed for winds\n", kFilterItem},
     };
     return rows;
 }
@@ -115,12 +108,7 @@ const std::vector<OutlierRow>& outlierRows() {
         {{"QCVVPres"}, {}, "PresDisableOutlierCheck", "PresOutlier", "QC for VV Pressure", false},
         {{"QCTdry"}, {"RawTdry"}, "TdryDisableOutlierCheck", "TdryOutlier", "QC for Temperature", true},
         {{"QCRH"}, {"RawRH"}, "RHDisableOutlierCheck", "RHOutlier", "QC for Relative Humidity", true},
-        {{"QCWspd", "QCWdir", "QCU", "QCV"},
-         {"RawWspd", "RawWdir"},
-         "WindDisableOutlierCheck",
-         "WindOutlier",
-         "QC for Winds",
-         true},
+        {qcWinds(), rawWinds(), "WindDisableOutlierCheck", "WindOutlier", "QC for Winds", true},
     };
     return rows;
 }

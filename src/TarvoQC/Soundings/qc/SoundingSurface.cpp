@@ -14,7 +14,7 @@ const char* const kTopic = "Surface Observation";
 constexpr std::array<double, 4> kWavelengths{2.0, 4.0, 6.0, 8.0}; // s, tried in this order
 constexpr double kSecondsToSurface = 0.54;                        // from the last usable frame on
 constexpr double kDefaultFallRate = -12.0;                        // m/s
-constexpr double kDefaultRH = 70.0;                               // %
+constexpr double kSurfaceRH = 70.0;                               // %
 constexpr double kMetresPerMb = 8.7;
 constexpr double kTailBehindData = 1.0;  // s
 constexpr double kOldestPressure = 10.0; // s before the splash
@@ -40,7 +40,7 @@ void Sounding::createSfcObs() {
 
     Series* tdry = getSeries("QCTdry");
     Series* rh = getSeries("QCRH");
-    double humidity = kDefaultRH;
+    double humidity = kSurfaceRH;
     if (extrapolateAtEnd(rh, splash, humidity)) {
         humidity = std::clamp(humidity, 0.0, 100.0);
     }

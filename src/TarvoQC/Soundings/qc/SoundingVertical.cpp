@@ -1,5 +1,6 @@
 #include "Sounding.h"
 
+#include "Assumptions.h"
 #include "DCapture.h"
 #include "VerticalVelocity.h"
 #include "W.h"
@@ -8,7 +9,6 @@
 
 namespace {
 
-constexpr double kMaxGap = 60.0;            // s
 constexpr double kDefaultWavelength = 10.0; // s
 constexpr double kDefaultVVDelta = 2.5;     // m/s
 constexpr int kFewestJudged = 3;            // samples
@@ -69,8 +69,7 @@ void Sounding::vvCheck() {
             failed.push_back(i);
         }
     }
-    const int removed = removeAndStamp(seriesOf({"QCWspd", "QCWdir", "QCU", "QCV"}), failed,
-                                       seriesOf({"RawWspd", "RawWdir"}), Value::QcVerticalVelCheck);
+    const int removed = removeAndStamp(seriesOf(qcWinds()), failed, seriesOf(rawWinds()), Value::QcVerticalVelCheck);
     _summary.addItem("QC for Winds", "Points which failed the vertical velocity check:", removed);
 }
 
@@ -105,8 +104,9 @@ void Sounding::verticalWind() {
         _summary.addItem("QC for Winds", "Vertical winds not calculated");
         return;
     }
-    W().w(getSeries("QCDz"), getSeries("QCPres"), getSeries("QCTdry"), valueOf("ChuteArea", 676.0),
-          valueOf("DragCoef", 0.61), valueOf("DropSondeMass", 400.0), getSeries("QCW"));
+    const Parachute chute = parachute();
+    W().w(getSeries("QCDz"), getSeries("QCPres"), getSeries("QCTdry"), chute.area, chute.drag, chute.mass,
+          getSeries("QCW"));
 }
 
 /// Compares the hydrostatic fall rate with the theoretical one over the whole sounding.

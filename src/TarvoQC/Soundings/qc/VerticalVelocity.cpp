@@ -1,5 +1,6 @@
 #include "VerticalVelocity.h"
 
+#include "Assumptions.h"
 #include "DCapture.h"
 #include "Humidity.h"
 #include "ParallelSeries.h"
@@ -9,8 +10,6 @@ namespace {
 
 constexpr double kGasConstant = 287.04; // J/(kg K), dry air
 constexpr double kGravity = 9.80665;    // m/s2
-constexpr double kMaxGap = 60.0;        // s
-constexpr double kDefaultRH = 50.0;     // %
 
 } // namespace
 

@@ -1,12 +1,12 @@
 #include "W.h"
 
+#include "Assumptions.h"
 #include "DCapture.h"
 #include "DropsondeFallRate.h"
 #include "ParallelSeries.h"
 
 bool W::w(const Series* dz, const Series* pres, const Series* tdry, double chuteArea, double dragCoef, double mass,
           Series* out) const {
-    constexpr double kMaxGap = 60.0; // s
     DCapture::dcout << "vertical wind computation for " << dz->id().name() << ", area: " << chuteArea
                     << ", Cd: " << dragCoef << ", mass: " << mass << "\n";
     out->removeAll();
