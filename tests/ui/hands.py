@@ -105,11 +105,14 @@ class Keyboard:
     def press(*keys):
         xdotool("key", "--clearmodifiers", *keys)
 
-    def press_with_alt(self, letter):
-        """A letter that the menus may not have: where Alt by itself has opened the menu bar, that is left first."""
+    def leave_menu_bar(self):
+        """A window that was busy may have seen Alt alone of Alt with a letter, which opens the menu bar."""
         focus = self.program.focus
         if focus and focus.get_role_name() == "menu item":
             self.press("Escape")
+
+    def press_with_alt(self, letter):
+        self.leave_menu_bar()
         self.press("alt+" + letter)
 
     def wait_for_focus(self, role, name):
@@ -134,6 +137,7 @@ class Keyboard:
         for _ in range(60):
             if self.has_focus(role, name):
                 return
+            self.leave_menu_bar()
             before = self.program.focus
             self.press(key)
             try:
