@@ -274,7 +274,7 @@ class RegistryXMLFileTest : public InTemporaryDirectory {};
 TEST_F(RegistryXMLFileTest, WhatIsNoFileHasStatusTwo) {
     ASSERT_EQ(::mkfifo(pathOf("pipe").c_str(), 0600), 0);
     const std::pair<std::string, std::string> cases[] = {{pathOf("nowhere.xml"), "no file"},
-                                                         {directory.string(), "not a file"},
+                                                         {folder.path().string(), "not a file"},
                                                          {pathOf("pipe"), "not a file"},
                                                          {write("empty.xml", ""), "line 1"},
                                                          {"", "no file"}};
