@@ -88,10 +88,7 @@ TEST(CsvFile, ParametersGoToTheirFields) {
         "PlatformId,d\nProject,e\nFlight,f\nPtuWindTimeDiff,\"0.25\"\nRadiationCorr,g\nTrackingType,h\nSondeId,i\n"
         "SondeType,23\nOperator,k\nLaunchObsSource,l\nLaunchObsTime,m\nSondeModel,n\nLaunchSite,o\nThermoSensor,p\n"
         "Agency,q\nComments\n");
-    const double launch[] = {file->launchLat(),  file->launchLon(), file->launchPres(),
-                             file->launchTdry(), file->launchRH(),  file->launchWspd(),
-                             file->launchWdir(), file->launchAlt(), file->launchGpsAlt()};
-    EXPECT_THAT(launch, ElementsAre(1.5, 2.5, 3.5, 4.5, 5.5, 6.5, 7.5, 8.5, 9.5));
+    EXPECT_THAT(launchOf(*file), ElementsAre(3.5, 4.5, 5.5, 7.5, 6.5, 2.5, 1.5, 8.5, 9.5));
     EXPECT_EQ(file->comments(), "A quiet Day");
     EXPECT_EQ(file->dataType() + file->WMOequipType() + file->platformType() + file->platformId() + file->project() +
                   file->flight() + file->WMOradCorrection() + file->WMOtrackingType() + file->sondeId() +
@@ -99,8 +96,7 @@ TEST(CsvFile, ParametersGoToTheirFields) {
                   file->sondeModel() + file->siteId() + file->thermoSensor(),
               "abcdefghi23klmnop");
     EXPECT_EQ(file->ptuWindTimeDiff(), 0.25);
-    EXPECT_EQ(file->year() * 10000 + file->month() * 100 + file->day(), 20210801);
-    EXPECT_EQ(file->hour() * 10000 + file->min() * 100 + file->sec(), 120003);
+    EXPECT_EQ(startOf(*file), "2021-08-01 12:00:03");
 }
 
 TEST(CsvFile, TheSondeTypeIsACodeFigure) {

@@ -62,14 +62,7 @@ TEST(Mw41File, TakesNumbersWithTheirUnitsAndHemispheres) {
                    "The Release point height from sea level (m)\t1.5 m", "Surface pressure\t99999.0 hPa",
                    "Surface temperature\t-3.5", "Surface relative humidity\t88 %", "Surface wind speed\t8 m/s",
                    "Surface wind direction\t200", "Sonde type\tRS41", "Comments\tclear sky", "other  key\t v\t"});
-    EXPECT_EQ(file->launchLat(), -12.5);
-    EXPECT_EQ(file->launchLon(), -105.5);
-    EXPECT_EQ(file->launchAlt(), 1.5);
-    EXPECT_EQ(file->launchPres(), -999.0);
-    EXPECT_EQ(file->launchTdry(), -3.5);
-    EXPECT_EQ(file->launchRH(), 88.0);
-    EXPECT_EQ(file->launchWspd(), 8.0);
-    EXPECT_EQ(file->launchWdir(), 200.0);
+    EXPECT_THAT(launchOf(*file), ElementsAre(-999.0, -3.5, 88.0, 200.0, 8.0, -105.5, -12.5, 1.5, -999.0));
     EXPECT_EQ(file->sondeModel() + "|" + file->comments(), "RS41|clear sky");
     EXPECT_THAT(file->mw41metadata(),
                 ElementsAre(Pair("SondeType", "RS41"), Pair("Comments", "clear sky"), Pair("OtherKey", "v")));
