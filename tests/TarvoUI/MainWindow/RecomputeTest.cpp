@@ -101,13 +101,16 @@ TEST_F(RecomputeTest, TheButtonOfTheMainTabKeepsWhatTheOptionsSet) {
     EXPECT_EQ(unknown, 1.0);
 }
 
-TEST_F(RecomputeTest, TheNextFlashBeginsAnew) {
+TEST_F(RecomputeTest, TheNextFlashBeginsAnewAndEndsWithTheLastWindow) {
     QTest::keyClicks(&inView<QLineEdit>("_overridePres"), "9");
     EXPECT_TRUE(changesTo(2));
     trigger("_actionRecompute");
     QTest::keyClicks(&inView<QLineEdit>("_overridePres"), "9");
     EXPECT_EQ(picture(), 1);
     EXPECT_TRUE(changesTo(2));
+    trigger("_actionClose");
+    EXPECT_EQ(picture(), 1);
+    EXPECT_EQ(tip(), "Recompute");
 }
 
 TEST_F(RecomputeTest, TheButtonRunsAtOnce) {
@@ -141,14 +144,6 @@ TEST_F(RecomputeTest, OnlyTheActiveSoundingRuns) {
     trigger("_actionRecompute");
     EXPECT_EQ(runs, 1);
     EXPECT_EQ(done.toStdString(), path("two.csv"));
-}
-
-TEST_F(RecomputeTest, TheFlashEndsWithTheLastWindow) {
-    QTest::keyClicks(&inView<QLineEdit>("_overridePres"), "9");
-    EXPECT_TRUE(changesTo(2));
-    trigger("_actionClose");
-    EXPECT_EQ(picture(), 1);
-    EXPECT_EQ(tip(), "Recompute");
 }
 
 TEST_F(RecomputeTest, TheSummaryTellsTheTabs) {
