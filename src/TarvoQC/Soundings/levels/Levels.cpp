@@ -90,7 +90,22 @@ Levels::Levels(StatusAgent& agent, Summary& summary, const LevelSeries& series, 
         agent.AppendStatus(step.status);
         (this->*step.operation)();
     }
-    std::stable_sort(_levels.begin(), _levels.end());
+    sort();
+}
+
+// Levels without a pressure compare by time. Sorted along with the others they would leave those unsorted around them,
+// so each goes in afterwards, behind the last level that is less.
+void Levels::sort() {
+    std::vector<Level> pressureless;
+    std::copy_if(_levels.begin(), _levels.end(), std::back_inserter(pressureless),
+                 [](const Level& level) { return !level.has(LFpres); });
+    std::stable_sort(pressureless.begin(), pressureless.end());
+    _levels = sortByPres();
+    for (auto level = pressureless.rbegin(); level != pressureless.rend(); ++level) {
+        const auto less =
+            std::find_if(_levels.rbegin(), _levels.rend(), [&](const Level& other) { return other < *level; });
+        _levels.insert(less.base(), *level);
+    }
 }
 
 std::string Levels::levelString(int index) const {

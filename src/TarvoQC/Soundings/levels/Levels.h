@@ -92,6 +92,7 @@ public:
 private:
     struct Step;
     static const std::vector<Step>& steps();
+    void sort();
     struct Point; // of a series: time, pressure and value
 
     // Fixed by rule: the surface and the ends of the data.

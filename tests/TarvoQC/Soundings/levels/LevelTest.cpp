@@ -121,6 +121,24 @@ TEST(Levels, AnnouncesItsStepsAndSortsByPressure) {
     EXPECT_EQ(drop.levels->windHeightOffset(101.0), -24.0); // no fall rate there
 }
 
+TEST(Levels, SurfaceLevelsWithoutAPressureLeaveTheOthersSorted) {
+    MadeLevels up;
+    up.setting.ascending = true;
+    up.pres = everySecond({{0, 925}, {700, 225}});
+    up.tdry = everySecond({{0, 20}, {700, -50}});
+    up.rh = everySecond({{0, 50}, {700, 50}});
+    up.west(everySecond({{0, 5}, {700, 19}}));
+    std::string order;
+    for (const Level& level : up.run().levels()) {
+        double pressure = 0.0;
+        level.getFieldData(LFpres, pressure);
+        order +=
+            std::to_string(static_cast<int>(level.levelType())) + ":" + std::to_string(std::lround(pressure)) + " ";
+    }
+    // Surface, top, standard surfaces, lowest of the data, and the place of 1000 mb.
+    EXPECT_EQ(order, "1:0 2:0 6:225 7:225 0:250 0:300 0:400 0:500 0:700 0:850 0:925 4:925 5:925 0:1000 ");
+}
+
 TEST(Levels, SubsetsAndPairs) {
     MadeLevels made;
     Levels& levels = made.run();
