@@ -93,19 +93,18 @@ Levels::Levels(StatusAgent& agent, Summary& summary, const LevelSeries& series, 
     sort();
 }
 
-// Levels without a pressure compare by time. Sorted along with the others they would leave those unsorted around them,
-// so each goes in afterwards, behind the last level that is less.
+/// By pressure alone among those that have one: in an upsonde the order of time, by which a level without a pressure
+/// finds its place, is the other way round, and a sort by both at once has no answer.
 void Levels::sort() {
-    std::vector<Level> pressureless;
-    std::copy_if(_levels.begin(), _levels.end(), std::back_inserter(pressureless),
-                 [](const Level& level) { return !level.has(LFpres); });
-    std::stable_sort(pressureless.begin(), pressureless.end());
-    _levels = sortByPres();
-    for (auto level = pressureless.rbegin(); level != pressureless.rend(); ++level) {
-        const auto less =
-            std::find_if(_levels.rbegin(), _levels.rend(), [&](const Level& other) { return other < *level; });
-        _levels.insert(less.base(), *level);
-    }
+    std::vector<Level> sorted = sortByPres();
+    std::for_each(_levels.rbegin(), _levels.rend(), [&sorted](const Level& level) {
+        if (!level.has(LFpres)) {
+            const auto place =
+                std::find_if_not(sorted.begin(), sorted.end(), [&level](const Level& other) { return other < level; });
+            sorted.insert(place, level);
+        }
+    });
+    _levels = std::move(sorted);
 }
 
 std::string Levels::levelString(int index) const {

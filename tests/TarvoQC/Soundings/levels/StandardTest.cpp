@@ -197,6 +197,9 @@ TEST(Standard, ExtrapolatesAltitudesToSurfacesJustBeyondTheData) {
                 found.push_back(level.getField(LFalt)->value());
             }
             EXPECT_THAT(found, testing::Pointwise(testing::DoubleNear(1e-6), expected)) << top << " " << bottom;
+            drop.tdry = everySecond({{0, -300}, {100, -290}}); // below 0 K
+            drop.run();
+            EXPECT_EQ(drop.count(LevelType::ExtrapAlt), 0);
         }
     }
 }
