@@ -199,4 +199,11 @@ TEST(Standard, ExtrapolatesAltitudesToSurfacesJustBeyondTheData) {
             EXPECT_THAT(found, testing::Pointwise(testing::DoubleNear(1e-6), expected)) << top << " " << bottom;
         }
     }
+    MadeDrop dry;
+    dry.pres = everySecond({{0, 120}, {100, 145}});
+    dry.landed();
+    dry.tdry = everySecond({{0, 20}, {100, 30}}); // 8 deg C in 20 mb
+    dry.rh.removeAll();                           // 70 % are assumed
+    dry.run();
+    EXPECT_NEAR(dry.the(LevelType::ExtrapAlt, LFalt), 1000.0 + deltaZ(120.0, 100.0, 20.0, 20.4, 70.0, 70.0), 1e-6);
 }

@@ -298,10 +298,16 @@ TEST_P(PostSplash, IsTold) {
 
 TEST(Sounding, TwoSamplesDontTellASplash) {
     CsvText text(false);
-    text.fields("Time,Pressure,Sats").data("0,900,1").data("0.5,890,0");
+    text.fields("Time,Pressure,Sats").data("0,900,1").data("1,890,0");
     QcRun run(text);
     run.process();
     EXPECT_THAT(run.summary.items("Post-splash Test"), ElementsAre());
+    QcRun pressures(text.data("1.5,880,"));
+    pressures.process();
+    EXPECT_THAT(pressures.summary.items("Post-splash Test"), ElementsAre(kNotMax));
+    QcRun satellites(CsvText(false).fields("Time,Pressure,Sats").data("0,,1").data("1,,0").data("2,900,0"));
+    satellites.process();
+    EXPECT_THAT(satellites.summary.items("Post-splash Test"), ElementsAre(kGpsEnds));
 }
 
 INSTANTIATE_TEST_SUITE_P(Sounding, PostSplash, testing::ValuesIn(kSplashes),
