@@ -154,6 +154,20 @@ TEST(Sounding, ALaunchWindOrPositionExistsAsAPairOrNotAtAll) {
     EXPECT_EQ(onlyLatitude.series("QCLat"), "");
 }
 
+TEST(Sounding, PositionsStartOnTheGlobe) {
+    for (const auto& [lat, lon, good] :
+         {std::tuple("90", "-180", true), {"90.1", "-80", false}, {"25", "999", false}}) {
+        QcRun run(drop().line(std::string("Latitude,") + lat).line(std::string("Longitude,") + lon));
+        run.process();
+        for (const char* name : {"QCLat", "QCLon"}) {
+            EXPECT_EQ(timesOf(*run.sounding->getSeries(name)), good ? "-1 0 0.5 1" : "") << name << lat << lon;
+        }
+        for (const char* name : {"QCGpsLat", "QCGpsLon"}) {
+            EXPECT_EQ(timesOf(*run.sounding->getSeries(name)), good ? "-1 0 0.5 1" : "0 0.5 1") << name << lat << lon;
+        }
+    }
+}
+
 TEST(Sounding, AWindOfALaunchAloneGoesWithItsDirection) {
     CsvText text(false);
     text.line("Speed,10").line("Direction,270").fields("Time,Pressure,Speed,Direction");
