@@ -35,6 +35,8 @@ public:
     std::string getErrorMsg() const { return _errorMsg; }
     /// Adds to the error text that the reading of the file ended with a line that was too long.
     void tellLongLine(std::size_t lineNumber);
+    /// Adds to the error text that the analysis takes the records in another order, or not all of them.
+    void tellTimes();
     std::vector<std::string> getSummaryInfo() const { return _summaryInfo; }
     /// The file name without directories, a blank, and what the file says of itself.
     std::string description() const;

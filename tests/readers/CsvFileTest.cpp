@@ -49,14 +49,21 @@ TEST(CsvFile, AnEmptyFieldIsMissing) {
 }
 
 TEST(CsvFile, ARecordWithoutATimeIsToldOnce) {
-    for (const char* time : {"", "-999", "nan", "x12", "-", "\"2.0\""}) {
+    // What isn't a number counts as 0, and that is before 1.
+    const std::string backward = "- The times of the records go backward. The records are put in order of time.\n";
+    for (const auto& [time, more] : {std::pair("", ""),
+                                     {"-999", ""},
+                                     {"nan", ""},
+                                     {"x12", backward.c_str()},
+                                     {"-", backward.c_str()},
+                                     {"\"2.0\"", backward.c_str()}}) {
         const std::string record = "Data," + std::string(time) + ",998\n";
         const auto file = readText(kHead + kData + "Data,1.0,999\n" + record + record);
         EXPECT_TRUE(file->isValid());
         EXPECT_EQ(file->dataPoints(), 4);
-        EXPECT_EQ(file->getErrorMsg(), "- There is no time in line 11\n") << time;
+        EXPECT_EQ(file->getErrorMsg(), "- There is no time in line 11\n" + std::string(more)) << time;
     }
-    EXPECT_EQ(readText(kHead + kData + "Data,-.5,999\nData, +1,999\nData,2s,998\n")->getErrorMsg(), "");
+    EXPECT_EQ(readText(kHead + "Fields,Time\nData,-.5\nData, +1\nData,2s\n")->getErrorMsg(), "");
 }
 
 // Which of "Data,1,2", "Data,1,2,3", "Data,1,2,3,4" count.

@@ -176,9 +176,10 @@ Series& Observation::addCopy(const Id& id, const Id& source) {
 Series* Observation::addRawData(const Id& id, const Series& series) {
     Series& added = *(_series[id] = std::make_unique<Series>(series, id));
     added.removeIf([](int, const Value& value) {
-        return value.data() == kMissing || value.time() == kMissing || !std::isfinite(value.data()) ||
+        return value.data() == kMissing || value.time() < kLaunchObsTime || !std::isfinite(value.data()) ||
                !std::isfinite(value.time());
     });
+    added.sortByTime();
     return &added;
 }
 

@@ -67,6 +67,22 @@ TEST(Observation, DropsWhatIsMissingOrNoNumber) {
     EXPECT_EQ(observation.getSeries("NoSuchSeries"), nullptr);
 }
 
+// The launch observation stands first, and everything behind it in order of time.
+TEST(Observation, RawSeriesAscendFromTheLaunchObservation) {
+    MadeSounding file(true);
+    for (const auto& [time, pressure] :
+         {std::pair(-70.0, 990.0), {-1.001, 991}, {-1.0, 992}, {3, 997}, {-0.5, 993}, {2, 996}, {1, 994}, {1, 995}}) {
+        file.sTime()->appendValue(time, time);
+        file.sPres()->appendValue(pressure, time);
+    }
+    file._launchPres = 998.0;
+    const Observation observation(&file);
+    EXPECT_EQ(times(observation, "RawTime"), "-1 -1 -0.5 1 1 2 3");
+    EXPECT_EQ(textOf(*observation.getSeries("RawPres")), "-1:998 -1:992 -0.5:993 1:994 1:995 2:996 3:997");
+    EXPECT_EQ(observation.getSeries("RawPres")->attributes(0), Value::ObsSurface);
+    EXPECT_EQ(observation.GetMaxLastDataTime(), 3.0);
+}
+
 TEST(Observation, TailFramesWithoutDataDontExtendTheSounding) {
     Drop file;
     // A tail of heights, positions, rates and satellites, and CRC errors inside and behind the data.

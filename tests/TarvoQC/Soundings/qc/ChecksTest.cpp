@@ -133,6 +133,15 @@ TEST(BuddyCheck, SlopesAreAboutTheTrend) {
     EXPECT_EQ(BuddyCheck().check(&steep, 1.0, nullptr), 0) << "10 a second, all of it trend";
 }
 
+// The trend of both is level, at 2 and 4: slopes of exactly 10 a second.
+TEST(BuddyCheck, ASlopeMustExceedTheLimit) {
+    for (const std::vector<double>& data : {std::vector<double>{0, 0, 10, 0, 0}, {10, 0, 0, 0, 10}}) {
+        Series judged = seriesOf("QCTdry", data);
+        EXPECT_EQ(BuddyCheck().check(&judged, 10.0, nullptr), 0);
+        EXPECT_EQ(BuddyCheck().check(&judged, 9.99, nullptr), 1);
+    }
+}
+
 TEST(BuddyCheck, KeptValuesStay) {
     Series judged = seriesOf("QCTdry", {5, 5, 5, 5, 15, 5, 5, 5, 5});
     judged.setAttribute(4, Value::QcKeep);
