@@ -54,6 +54,19 @@ std::int64_t SoundingFile::nearLaunch(std::int64_t time) const {
     return late > kDay / 2 ? time - kDay : late < -kDay / 2 ? time + kDay : time;
 }
 
+void SoundingFile::putInOrder() {
+    std::vector<double> times = _sTime.timeArray();
+    times.erase(std::remove(times.begin(), times.end(), kMissing), times.end()); // such records are told elsewhere
+    if (!_valid || std::is_sorted(times.begin(), times.end())) {
+        return;
+    }
+    for (Series* series : {&_sTime, &_sPres, &_sTdry, &_sRh0, &_sRh1, &_sRh2, &_sWdir, &_sWspd, &_sDz, &_sLon, &_sLat,
+                           &_sAlt, &_sGpsalt, &_sSats, &_sDp, &_sMr, &_sVt, &_sPtemp, &_sWe}) {
+        series->sortByTime();
+    }
+    _errorMsg += "- Time values out of sequence. The records were put in the order of time.\n";
+}
+
 void SoundingFile::tellLongLine(std::size_t lineNumber) {
     _errorMsg += "- Line " + std::to_string(lineNumber) + " is longer than " + std::to_string(kLongestLine) +
                  " characters; the rest of the file was not read.\n";

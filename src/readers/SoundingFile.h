@@ -33,6 +33,8 @@ public:
 
     bool isValid() const { return _valid; }
     std::string getErrorMsg() const { return _errorMsg; }
+    /// Puts the records of a valid file in the order of time, and adds to the error text that they weren't.
+    void putInOrder();
     /// Adds to the error text that the reading of the file ended with a line that was too long.
     void tellLongLine(std::size_t lineNumber);
     std::vector<std::string> getSummaryInfo() const { return _summaryInfo; }

@@ -121,6 +121,7 @@ std::unique_ptr<SoundingFile> SoundingFileFactory::newSoundingFile(ConfigSet& co
         lines = preprocess(std::move(lines));
     }
     auto file = format->maker(config, std::move(fileName), std::move(lines));
+    file->putInOrder();
     if (endedByLongLine(*stream)) {
         file->tellLongLine(lastLine);
     }

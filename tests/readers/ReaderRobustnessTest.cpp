@@ -105,6 +105,26 @@ TEST(ReaderRobustness, LineEndsMakeNoDifference) {
     }
 }
 
+// The last two records change places.
+TEST(ReaderRobustness, RecordsOutOfOrderTakeTheirPlaces) {
+    for (const std::string& text :
+         {csv(), upsonde("PELO"), upsonde("VESTA"), mirra(), zorText(), frdText(), mw41Text()}) {
+        const auto last = text.rfind('\n', text.size() - 2) + 1;
+        const auto ahead = text.rfind('\n', last - 2) + 1;
+        const auto plain = readText(text);
+        const auto file = readText(text.substr(0, ahead) + text.substr(last) + text.substr(ahead, last - ahead));
+        ASSERT_TRUE(file->isValid()) << text;
+        EXPECT_EQ(file->getErrorMsg(), plain->getErrorMsg() + "- Time values out of sequence. The records were put in "
+                                                              "the order of time.\n");
+        for (Series* (SoundingFile::*series)() :
+             {&SoundingFile::sTime, &SoundingFile::sPres, &SoundingFile::sTdry, &SoundingFile::sRh0,
+              &SoundingFile::sRh1, &SoundingFile::sWspd, &SoundingFile::sLat, &SoundingFile::sGpsalt}) {
+            EXPECT_EQ(((*file).*series)()->timeArray(), ((*plain).*series)()->timeArray()) << text;
+            EXPECT_EQ(((*file).*series)()->dataArray(), ((*plain).*series)()->dataArray()) << text;
+        }
+    }
+}
+
 TEST(ReaderRobustness, AnOverlongLineEndsTheReadingThere) {
     const std::string longFrame = frameText({10.5}).substr(0, 150) + std::string(650, ' ') + "\n";
     const auto file = readText(ombra() + longFrame + drop(11.0, 20.0));

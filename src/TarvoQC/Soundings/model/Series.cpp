@@ -85,6 +85,12 @@ int Series::insertValue(const Value& value) {
     return static_cast<int>(placed - _values.begin());
 }
 
+void Series::sortByTime() {
+    std::stable_sort(_values.begin(), _values.end(),
+                     [](const Value& a, const Value& b) { return a.time() < b.time(); });
+    timesChanged();
+}
+
 std::vector<double> Series::timeArray() const {
     std::vector<double> times;
     times.reserve(_values.size());

@@ -55,6 +55,8 @@ public:
     void prependValue(double data, double time);
     /// Inserts before the first value at or after its time, attributes included. Returns the index.
     int insertValue(const Value& value);
+    /// Puts the values in the order of time; those of one time keep theirs.
+    void sortByTime();
 
     std::vector<double> timeArray() const;
     std::vector<double> dataArray() const;

@@ -22,6 +22,15 @@ TEST(Series, insertGoesBeforeTheFirstValueAtOrAfterItsTime) {
     }
 }
 
+TEST(Series, sortByTimeKeepsTheOrderOfEqualTimesAndTheFlags) {
+    Series series = makeSeries({{2, 1}, {3, 2}, {1, 3}, {2, 4}});
+    series.setAttribute(2, Value::QcKeep);
+    series.sortByTime();
+    EXPECT_THAT(samplesOf(series), ElementsAre(Sample(1, 3), Sample(2, 1), Sample(2, 4), Sample(3, 2)));
+    EXPECT_TRUE(series.testAttribute(0, Value::QcKeep));
+    EXPECT_EQ(series.indexFromTime(3), 3);
+}
+
 TEST(Series, timeTrims) {
     using Samples = std::vector<double>;
     const Samples all{1, 2, 2, 3, 5};
