@@ -30,6 +30,11 @@ double numberOf(std::string_view text) {
     return error == std::errc() && stop == end ? knownOrMissing(number) : looseNumber(text);
 }
 
+bool beginsWithNumber(std::string_view text) {
+    const auto first = text.find_first_not_of(" +-.");
+    return first != std::string_view::npos && text[first] >= '0' && text[first] <= '9';
+}
+
 double numberOrMissing(std::string_view text) {
     return text.empty() ? kMissing : numberOf(text);
 }

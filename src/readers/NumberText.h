@@ -9,7 +9,10 @@
 /// products hold ("nan", "inf", "1e999") is missing, -999.0.
 double numberOf(std::string_view text);
 
-/// The same, and missing, -999.0, for an empty text.
+/// Whether \p text begins with a number, blanks aside, so that numberOf() isn't 0.0 for want of one.
+bool beginsWithNumber(std::string_view text);
+
+/// numberOf(), and missing, -999.0, for an empty text.
 double numberOrMissing(std::string_view text);
 
 /// numberOf() for a decimal integer; one out of range becomes the nearest integer there is.
