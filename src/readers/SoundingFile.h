@@ -137,6 +137,7 @@ protected:
     // What several readers have to say of a file.
     static constexpr const char* kNoData = "- No sounding data found in file.\n";
     static constexpr const char* kLaunchInvalid = "- Launch date or time is invalid.\n";
+    static constexpr const char* kNoTime = "- There is no time in line ";
     static constexpr const char* kValuesMissing = "- Values are missing at the end of line ";
 
     /// Valid when there is any line at all.

@@ -96,6 +96,7 @@ TEST(Mw41File, SaysWhatItCannotUse) {
         {{"Elapsed time,P"}, noData},
         {{"Elapsed time,P", "s,hPa"}, noData},
         {{"Elapsed time,P", "s,hPa", "1", "", "99999.0,1000"}, noData},
+        {{"Elapsed time,P", "s,hPa", "later,1000", "1,1000"}, "- There is no time in line 5\n"},
         {{"elapsed time,P", "s,hPa", "1,1000"}, noTime},
         {{" Elapsed time , Foo,P, Foo,", "s,x,hPa,x", "1,2,3,4"},
          "- Tarvo does not recognize column: Foo. The data from this column will not be ingested.\n"},

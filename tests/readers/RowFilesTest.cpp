@@ -269,6 +269,23 @@ TEST(FRDFile, DatesBelow90AreOfThisCenturyAndValuesHaveNoLimits) {
     EXPECT_THAT(rowOf(*file, 1), testing::Contains(-999.0).Times(11));
 }
 
+// Nor is the header of another file that was joined to this one.
+TEST(RowFiles, ALineOfTextIsNoRecord) {
+    for (const std::string& text : {troveText(), zorText(), frdText()}) {
+        const auto plain = readText(text);
+        const auto file = readText(text + "\nend of data\n" + text.substr(0, text.find('\n')) + "\n");
+        EXPECT_TRUE(file->isValid());
+        EXPECT_EQ(dataOf(*file, &SoundingFile::sTime), dataOf(*plain, &SoundingFile::sTime));
+        std::istringstream lines(text);
+        int behind = 1;
+        for (std::string line; std::getline(lines, line);) {
+            behind += line.empty() ? 0 : 1;
+        }
+        EXPECT_EQ(file->getErrorMsg(),
+                  plain->getErrorMsg() + "- There is no time in line " + std::to_string(behind) + "\n");
+    }
+}
+
 TEST(PassThrough, IsForcedOnceForTheGivenSetOnly) {
     const std::pair<std::string, std::string> formats[] = {
         {zorText(), "KIVU ZOR files have already had QC applied and should not be reprocessed. Setting QC mode to pass "

@@ -59,11 +59,15 @@ TEST(Observation, DropsWhatIsMissingOrNoNumber) {
     MadeSounding::fill(file.sPres(), {{0, -999}, {1, 500}, {2, nan}, {3, std::numeric_limits<double>::infinity()}});
     file.sPres()->appendValue(501, nan);
     file.sPres()->appendValue(502, -999.0);
+    file.sPres()->appendValue(-1e39, 4.0); // no number of the single precision of netCDF
+    file.sPres()->appendValue(503, 1e39);
+    file._launchAlt = 1e39;
     file._launchPres = nan;
     const Observation observation(&file);
     ASSERT_NE(observation.getSeries("RawTdry"), nullptr);
     EXPECT_TRUE(observation.getSeries("RawTdry")->empty());
     EXPECT_EQ(textOf(*observation.getSeries("RawPres")), "1:500");
+    EXPECT_FALSE(observation.getSndMetaData().launchAlt.avail(true));
     EXPECT_EQ(observation.getSeries("NoSuchSeries"), nullptr);
 }
 
