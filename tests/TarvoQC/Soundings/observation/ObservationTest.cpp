@@ -65,6 +65,7 @@ TEST(Observation, DropsWhatIsMissingOrNoNumber) {
     EXPECT_TRUE(observation.getSeries("RawTdry")->empty());
     EXPECT_EQ(textOf(*observation.getSeries("RawPres")), "1:500");
     EXPECT_EQ(observation.getSeries("NoSuchSeries"), nullptr);
+    EXPECT_EQ(observation.getSeries("RawRH0"), nullptr) << "of one channel of RH";
 }
 
 // The launch observation stands first, and everything behind it in order of time.
