@@ -1,3 +1,4 @@
+#include "Hydrostatics.h"
 #include "QcRun.h"
 #include "VerticalVelocity.h"
 
@@ -192,6 +193,19 @@ TEST(SoundingMotion, PercentOfAFastFallIsCut) {
     EXPECT_GE(fast * 100 % 99, 50) << "rounded it would be more";
 }
 
+TEST(SoundingMotion, ParachuteHasItsDefaults) {
+    EvenDrop run;
+    run.config.set.set("WindDisableW", 0.0);
+    run.process();
+    const std::string w = run.series("QCW");
+    EXPECT_NE(w, "");
+    for (const char* key : {"ChuteArea", "DragCoef", "DropSondeMass"}) {
+        run.config.set.remove(key);
+    }
+    run.process();
+    EXPECT_EQ(run.series("QCW"), w) << "676 cm2, 0.61 and 400 g";
+}
+
 TEST(SoundingMotion, AFastFallNeedsRates) {
     CsvText text(false);
     text.fields("Time,Temperature").data("0,20").data("1,20");
@@ -289,7 +303,7 @@ TEST(SoundingMotion, HeightsMayUseAnIgnoredLaunch) {
 
 TEST(SoundingMotion, AnAscentNeedsTheAltitudeOfItsLaunch) {
     CsvText text(true);
-    text.fields("Time,Pressure,Temperature").data("0,1000,20").data("1,999,20").data("2,998,20");
+    text.fields("Time,Pressure,Temperature").data("0,1000,20").data("1,999,20");
     QcRun run(text);
     run.config.override("SfcAltitude", 30.0);
     run.process();
@@ -299,7 +313,7 @@ TEST(SoundingMotion, AnAscentNeedsTheAltitudeOfItsLaunch) {
     known.config.override("SfcAltitude", 30.0);
     known.process();
     EXPECT_THAT(known.summary.items("QC Height Integration"), ElementsAre("Downward integration starts @ 30.0m"));
-    EXPECT_EQ(known.sounding->getSeries("QCAltUp")->lastIndex(), 2);
+    EXPECT_EQ(timesOf(*known.sounding->getSeries("QCAltUp")), "0 1");
     known.config.override("IgnoreLaunchAlt", 1.0); // though ignored values may be used
     known.process();
     EXPECT_EQ(known.series("QCAltUp"), "");
@@ -435,6 +449,23 @@ TEST(SoundingMotion, SurfaceValuesNeedRecentSamples) {
         for (const char* name : {"QCPres", "QCTdry", "QCRH"}) {
             EXPECT_TRUE(name == std::string(dry) || std::abs(lastTime(run, name) - 52.04) < 1e-9) << name;
         }
+    }
+}
+
+TEST(SoundingMotion, SurfacePressureIsThatOfTheAirBelow) {
+    for (const auto& [humidity, assumed] : {std::pair("50", 50.0), {"", 70.0}}) {
+        CsvText text(false);
+        text.fields("Time,Pressure,Temperature,RH");
+        for (int i = 0; i < 100; ++i) {
+            text.data(std::to_string(0.5 * i) + "," + std::to_string(900.0 + 0.5 * i) + ",20," + humidity);
+        }
+        EvenDrop run(text);
+        run.process();
+        const Series& dz = *run.sounding->getSeries("QCDz");
+        const double way = 0.54 * dz.data(dz.lastIndex());
+        double pressure = 0.0;
+        ASSERT_TRUE(run.sounding->getRawTermPres(pressure));
+        EXPECT_NEAR(pressure, hydroP(949.5, 20.0, 20.0, assumed, assumed, 0.0, way), 1e-9) << assumed;
     }
 }
 
