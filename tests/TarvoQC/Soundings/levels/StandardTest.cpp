@@ -171,6 +171,8 @@ TEST(Standard, ExtrapolatesAltitudesToSurfacesJustBeyondTheData) {
                                                             {125.0, 160, false, 100, 0},
                                                             {125.1, 149, false, 0, 0},
                                                             {125.1, 148.9, false, 0, 150},
+                                                            {125.1, 180, false, 0, 200},
+                                                            {125.0, 180, false, 100, 200},
                                                             {160.0, 225, false, 150, 250},
                                                             {160.0, 224.9, false, 150, 0},
                                                             {160.0, 240, true, 150, 0}}) {

@@ -69,6 +69,7 @@ TEST(Observation, DropsWhatIsMissingOrNoNumber) {
     EXPECT_EQ(textOf(*observation.getSeries("RawPres")), "1:500");
     EXPECT_FALSE(observation.getSndMetaData().launchAlt.avail(true));
     EXPECT_EQ(observation.getSeries("NoSuchSeries"), nullptr);
+    EXPECT_EQ(observation.getSeries("RawRH0"), nullptr) << "of one channel of RH";
 }
 
 // The launch observation stands first, and everything behind it in order of time.

@@ -401,7 +401,7 @@ TEST(MonotonicPressure, AgainstTheLastGoodValue) {
     } const cases[] = {
         {false, {500, 501, 499, 502}, -9, "0 1 3", "2"},        {false, {500, 501, 501, 502}, -9, "0 1 2 3", ""},
         {false, {500, 510, 505, 508, 511}, -9, "0 1 4", "2 3"}, {false, {500, 510, 505, 508, 511}, 2, "0 1 2 3 4", ""},
-        {true, {500, 499, 501, 498}, -9, "0 1 3", "2"},
+        {true, {500, 499, 501, 498}, -9, "0 1 3", "2"},         {false, {1, 1, 2}, -9, "0 1 2", ""},
     };
     for (const auto& c : cases) {
         CheckRun run(pressures(c.ascending, c.data));
