@@ -168,6 +168,16 @@ TEST_F(ConfigurationTest, WithoutQCThereAreOnlyTheTabsOfTheFile) {
     EXPECT_EQ(inView("RawView").findChild<QTableView*>()->model()->rowCount(), 121);
     trigger("_actionRecompute");
     EXPECT_THAT(answers.boxes(), IsEmpty());
+
+    std::filesystem::create_directory(path("saved"));
+    configure("QCAutoSaveDir", path("saved"));
+    for (const char* item : {"QCAutoSaveEnable", "QCAutoSaveFmtCsv", "WmoAutoSaveFmtTxt", "WmoAutoSaveFmtCsv",
+                             "SumAutoSaveFmtTxt", "SkewtAutoSaveFmtSvg"}) {
+        configure(item, 1.0);
+    }
+    open(makeSounding("three.csv"));
+    EXPECT_TRUE(std::filesystem::remove(path("saved/threeskewt.svg")));
+    EXPECT_TRUE(std::filesystem::is_empty(path("saved")));
 }
 
 TEST_F(ConfigurationTest, AutosavesAfterEveryRun) {

@@ -383,6 +383,23 @@ TEST_F(Synoptic, DeletesTheCheckedOnes) {
     EXPECT_EQ(answers.boxes()[1].text, "Cannot delete sounding\n\"/data/two.csv\"\nSounding not found in database!");
 }
 
+TEST_F(Synoptic, DeletesTheCopiesOfASounding) {
+    enter("/copy/one.csv", 20.0, -80.0);
+    window->readAnew();
+    for (int row = 0; row < table().model()->rowCount(); ++row) {
+        if (table().model()->index(row, 1).data() == "one.csv") {
+            table().model()->setData(table().model()->index(row, 0), Qt::Checked, Qt::CheckStateRole);
+        }
+    }
+    answers.press("Delete Sounding", QMessageBox::Yes);
+    press("_delete");
+    EXPECT_THAT(answers.texts(),
+                ElementsAre("Are you sure you want to delete the 2 selected sounding(s) from database?"));
+    EXPECT_EQ(text("_soundingCount"), "(0/2)");
+    EXPECT_EQ(rowOf("one.csv"), -1);
+    EXPECT_EQ(soundings->id("/data/one.csv") + soundings->id("/copy/one.csv"), -2);
+}
+
 TEST_F(Synoptic, GoesOverToAnotherDatabase) {
     press("_selectAll");
     QSignalSpy asked(window, qOverload<QString>(&SynopticWidget::changeSoundingDB));
