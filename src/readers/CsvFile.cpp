@@ -45,12 +45,6 @@ std::string plainText(std::string_view token) {
     return text;
 }
 
-/// Whether numberOf() finds a number at the start.
-bool beginsWithNumber(std::string_view token) {
-    const auto first = token.find_first_not_of("+-.");
-    return first != std::string_view::npos && token[first] >= '0' && token[first] <= '9';
-}
-
 } // namespace
 
 struct CsvFile::Keyword {
@@ -169,7 +163,7 @@ void CsvFile::takeData(const Tokens& tokens) {
     }
     const double time = numberOrMissing(tokens[1]);
     if (time == kMissing || !beginsWithNumber(tokens[1])) {
-        warnOnce("- There is no time in line ");
+        warnOnce(kNoTime);
     }
     for (std::size_t i = 0; i < _columns.size(); ++i) {
         if (_columns[i] != nullptr) {

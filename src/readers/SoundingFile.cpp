@@ -59,6 +59,27 @@ void SoundingFile::tellLongLine(std::size_t lineNumber) {
                  " characters; the rest of the file was not read.\n";
 }
 
+void SoundingFile::tellTimes() {
+    constexpr int kKeptAhead = 1; // the frame from ahead of the launch may be an old one
+    int ahead = 0;
+    bool backward = false;
+    double last = kLaunchObsTime;
+    for (const Value& record : _sTime) {
+        if (record.time() >= kLaunchObsTime) {
+            backward = backward || record.time() < last;
+            last = record.time();
+        } else if (record.time() != kMissing) {
+            ++ahead;
+        }
+    }
+    if (ahead > kKeptAhead) {
+        _errorMsg += "- " + std::to_string(ahead) + " records from more than 1 s ahead of the launch are left out.\n";
+    }
+    if (backward) {
+        _errorMsg += "- The times of the records go backward. The records are put in order of time.\n";
+    }
+}
+
 void SoundingFile::warnOnce(const std::string& warning) {
     if (!contains(_errorMsg, warning)) {
         _errorMsg += warning + std::to_string(lineNumber()) + "\n";

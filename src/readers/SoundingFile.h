@@ -35,6 +35,8 @@ public:
     std::string getErrorMsg() const { return _errorMsg; }
     /// Adds to the error text that the reading of the file ended with a line that was too long.
     void tellLongLine(std::size_t lineNumber);
+    /// Adds to the error text that the analysis takes the records in another order, or not all of them.
+    void tellTimes();
     std::vector<std::string> getSummaryInfo() const { return _summaryInfo; }
     /// The file name without directories, a blank, and what the file says of itself.
     std::string description() const;
@@ -135,6 +137,7 @@ protected:
     // What several readers have to say of a file.
     static constexpr const char* kNoData = "- No sounding data found in file.\n";
     static constexpr const char* kLaunchInvalid = "- Launch date or time is invalid.\n";
+    static constexpr const char* kNoTime = "- There is no time in line ";
     static constexpr const char* kValuesMissing = "- Values are missing at the end of line ";
 
     /// Valid when there is any line at all.

@@ -124,5 +124,8 @@ std::unique_ptr<SoundingFile> SoundingFileFactory::newSoundingFile(ConfigSet& co
     if (endedByLongLine(*stream)) {
         file->tellLongLine(lastLine);
     }
+    if (file->isValid()) {
+        file->tellTimes();
+    }
     return file;
 }

@@ -17,6 +17,11 @@ namespace fs = std::filesystem;
 
 inline const fs::path kExamples = fs::path(TARVO_SOURCE_DIR) / "examples/data";
 
+/// The path of an example for a command line.
+inline std::string example(const std::string& name) {
+    return "'" + (kExamples / name).string() + "'";
+}
+
 struct Outcome {
     int status;
     std::string out;

@@ -95,14 +95,12 @@ TEST(Campaign, ADescentBelongsToTheShardOfItsFile) {
     for (int i = 0; i < 4; ++i) {
         fs::copy_file(kExamples / "pelo_updown_20220914.dat", folder / ("raw/p" + std::to_string(i) + ".dat"));
     }
+    const std::string run = "--quiet --out out --formats levels --report - --override descendingPELO=true raw --shard ";
     std::multiset<std::string> seen;
     for (const char* shard : {"1/3", "2/3", "3/3"}) {
-        for (const auto& line : reportLines(tool(folder, std::string("--quiet --out out --formats levels --report - "
-                                                                     "--override descendingPELO=true --shard ") +
-                                                             shard + " raw")
-                                                .out)) {
-            seen.insert(line["file"]);
+        for (const auto& line : reportLines(tool(folder, run + shard).out)) {
             const std::string file = line["file"];
+            seen.insert(file);
             EXPECT_EQ(line.contains("derivedFrom"), file.back() == 'd') << file;
         }
     }
@@ -299,8 +297,8 @@ TEST(Campaign, EntersEachSoundingOnceInTheDatabase) {
     const std::string all = (folder / "raw/all.sqlite").string();
     SQLiteDB(all, false, SQLITE_OPEN_READWRITE)
         .exec("create trigger full before insert on levels begin select raise(abort, 'the disk is full'); end");
-    const Outcome failed = tool(folder, "--report - --out new --formats levels --db raw/all.sqlite '" +
-                                            (kExamples / "D20210801_120003.1").string() + "'");
+    const Outcome failed =
+        tool(folder, "--report - --out new --formats levels --db raw/all.sqlite " + example("D20210801_120003.1"));
     EXPECT_EQ(failed.status, 1);
     const auto report = nlohmann::json::parse(failed.out); // and nothing else is printed there
     EXPECT_THAT(report["error"], HasSubstr("The sounding can't be entered in the database: "));
@@ -321,7 +319,7 @@ TEST(Campaign, EntersEachSoundingOnceInTheDatabase) {
 
 TEST(Campaign, ExplainsWhatWasRemoved) {
     const TemporaryFolder folder;
-    const Outcome outcome = tool(folder, "--explain '" + (kExamples / "D20210914_043120.2").string() + "'");
+    const Outcome outcome = tool(folder, "--explain " + example("D20210914_043120.2"));
     EXPECT_EQ(outcome.status, 0) << outcome.err;
     // Of the planted faults: see the truth of this example.
     for (const char* text : {"      5  the checksum of the record's pressure, temperature and humidity is wrong\n",
@@ -334,7 +332,7 @@ TEST(Campaign, ExplainsWhatWasRemoved) {
     EXPECT_THAT(outcome.out, Not(HasSubstr("<font")));
     EXPECT_TRUE(fs::is_empty(folder.path()) || std::distance(fs::directory_iterator(folder.path()), {}) == 0)
         << "no product";
-    const Outcome message = tool(folder, "--explain none.1 '" + (kExamples / "temp_20220708.wmo").string() + "'");
+    const Outcome message = tool(folder, "--explain none.1 " + example("temp_20220708.wmo"));
     EXPECT_EQ(message.status, 1);
     EXPECT_THAT(message.err, HasSubstr("none.1: The file can't be opened: No such file or directory\n"));
     EXPECT_THAT(message.out, HasSubstr("there is nothing to remove"));

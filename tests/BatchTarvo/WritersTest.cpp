@@ -14,7 +14,7 @@ namespace {
 
 const std::string kEvery = "raw-csv,qc-csv,raw-trv,qc-trv,raw-zor,qc-zor,qc-frd,raw-nc,qc-nc,qc-bfr,wmo,levels,summary,"
                            "skewt-svg,skewt-png";
-const std::string kDrop = "'" + (kExamples / "D20210914_043120.2").string() + "'";
+const std::string kDrop = example("D20210914_043120.2");
 const std::string kTime = "TARVO_OVERRIDE_PROCESSING_TIME=1627819203";
 
 class Writers : public testing::Test {

@@ -12,12 +12,6 @@ using testing::HasSubstr;
 
 namespace {
 
-std::string said;
-
-void hear(const char* text) {
-    said += text;
-}
-
 /// One subset of a template, from its top-level descriptors to the octets of its message.
 class Coded {
 public:

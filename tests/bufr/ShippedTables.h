@@ -13,3 +13,10 @@ struct ShippedTables {
     }
     BufrTables tables;
 };
+
+/// What the library has said to hear().
+inline std::string said;
+
+inline void hear(const char* text) {
+    said += text;
+}

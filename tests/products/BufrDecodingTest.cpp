@@ -1,17 +1,14 @@
 // What another program reads in the BUFR messages is what went into them, to the resolution of the code.
 
-#include "EditorControl.h"
 #include "FileSaver.h"
 #include "Humidity.h"
 #include "Levels.h"
 #include "Missing.h"
 #include "ProductColumns.h"
-#include "RegistryXML.h"
-#include "ShippedConfiguration.h"
-#include "TarvoConfigSet.h"
 #include "TarvoToBUFR_BC25.h"
 #include "TarvoToBUFR_BC26.h"
 
+#include "ExampleRun.h"
 #include "TemporaryFolder.h"
 
 #include <array>
@@ -26,7 +23,6 @@ namespace {
 namespace fs = std::filesystem;
 using C = ProductColumns;
 
-const fs::path kExamples = fs::path(TARVO_SOURCE_DIR) / "examples/data";
 const char* const kTables = TARVO_SOURCE_DIR "/resources/bufr";
 
 std::string outputOf(const std::string& command) {
@@ -44,16 +40,16 @@ bool hasDecoder() {
 }
 
 /// The elements of the sequence 303054, in its order, as the decoder names them.
-const std::vector<std::string> kElements{"timePeriod",
-                                         "extendedVerticalSoundingSignificance",
-                                         "pressure",
-                                         "nonCoordinateGeopotentialHeight",
-                                         "latitudeDisplacement",
-                                         "longitudeDisplacement",
-                                         "airTemperature",
-                                         "dewpointTemperature",
-                                         "windDirection",
-                                         "windSpeed"};
+const char* const kElements[] = {"timePeriod",
+                                 "extendedVerticalSoundingSignificance",
+                                 "pressure",
+                                 "nonCoordinateGeopotentialHeight",
+                                 "latitudeDisplacement",
+                                 "longitudeDisplacement",
+                                 "airTemperature",
+                                 "dewpointTemperature",
+                                 "windDirection",
+                                 "windSpeed"};
 /// Half of what the last digit of the code is worth; direction and flags are exact.
 const double kResolution[] = {0.5, 0.0, 5.0, 0.5, 0.5e-5, 0.5e-5, 0.005, 0.005, 0.0, 0.05};
 
@@ -67,7 +63,7 @@ struct Decoded {
 Decoded decode(const fs::path& path) {
     Decoded decoded;
     std::istringstream lines(outputOf("bufr_dump -p '" + path.string() + "'"));
-    std::size_t next = kElements.size();
+    std::size_t next = std::size(kElements);
     for (std::string line; std::getline(lines, line);) {
         const auto equals = line.find('=');
         if (equals == std::string::npos) {
@@ -78,11 +74,11 @@ Decoded decode(const fs::path& path) {
         const std::string name = key.substr(0, key.find('='));
         const std::string value = line.substr(equals + 1);
         if (name == kElements[0]) {
-            EXPECT_EQ(next, kElements.size());
+            EXPECT_EQ(next, std::size(kElements));
             decoded.rows.emplace_back();
             next = 0;
         }
-        if (next < kElements.size()) {
+        if (next < std::size(kElements)) {
             EXPECT_EQ(name, kElements[next]);
             decoded.rows.back().at(next++) = value == "MISSING" ? kMissing : std::stod(value);
         } else {
@@ -194,7 +190,7 @@ void expectRows(const std::vector<Row>& rows, const Samples& samples, bool ascen
     }
     ASSERT_EQ(rows.size(), expected.size());
     for (std::size_t row = 0; row < rows.size(); ++row) {
-        for (std::size_t i = 0; i < kElements.size(); ++i) {
+        for (std::size_t i = 0; i < std::size(kElements); ++i) {
             ASSERT_NEAR(rows[row][i], expected[row][i], kResolution[i] + 1e-6) << "row " << row << " " << kElements[i];
         }
     }
@@ -223,11 +219,9 @@ TEST(BufrDecoding, ExamplesComeBack) {
         }
         SCOPED_TRACE(entry.path());
         ++examples;
-        const auto registry = RegistryXML::fromText(shippedConfiguration(), setOf(entry.path().filename().string()));
-        TarvoConfigSet config(registry.get());
-        EditorControl editor(config, "V3.4.8");
-        std::ifstream stream(entry.path());
-        editor.getSounding(entry.path().string(), &stream);
+        const std::string name = entry.path().filename().string();
+        ExampleRun run(name, setOf(name));
+        auto& [registry, config, editor] = run;
         editor.qcProcess();
         editor.doLevels();
         const SndMetaData meta = editor.getSndMetaData(true);

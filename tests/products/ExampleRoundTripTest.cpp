@@ -28,75 +28,31 @@ struct Cells {
     Cells(C::Column from, const char* shape, C::Column to) : column(from), digits(shape), back(to) {}
 };
 
+const std::vector<Cells> kCsv{{C::Time, "%.1f"}, {C::Pres, "%.2f"}, {C::Tdry, "%.2f"},  {C::RH, "%.2f"},
+                              {C::Wspd, "%.2f"}, {C::Wdir, "%.2f"}, {C::Lat, "%.5f"},   {C::Lon, "%.5f"},
+                              {C::Alt, "%.1f"},  {C::Dz, "%.2f"},   {C::GpsAlt, "%.1f"}};
+const std::vector<Cells> kTrove{{C::Time, "%.1f"}, {C::Pres, "%.1f"}, {C::Tdry, "%.1f"}, {C::RH, "%.1f"},
+                                {C::Wspd, "%.1f"}, {C::Wdir, "%.1f"}, {C::Dz, "%.1f"},   {C::Lon, "%.3f"},
+                                {C::Lat, "%.3f"},  {C::Alt, "%.1f"}};
+const std::vector<Cells> kZor{{C::Time, "%.2f"}, {C::Pres, "%.2f"}, {C::Tdry, "%.2f"},  {C::RH, "%.2f"},
+                              {C::Wspd, "%.2f"}, {C::Wdir, "%.2f"}, {C::Dz, "%.2f"},    {C::Alt, "%.2f"},
+                              {C::Lon, "%.6f"},  {C::Lat, "%.6f"},  {C::GpsAlt, "%.2f"}};
+const std::vector<Cells> kFrd{{C::Time, "%.2f"}, {C::Pres, "%.1f"}, {C::Tdry, "%.2f"},    {C::RH, "%.1f"},
+                              {C::Alt, "%.0f"},  {C::Wdir, "%.0f"}, {C::Wspd, "%.2f"},    {C::Sats, "%.0f"},
+                              {C::Lat, "%.3f"},  {C::Lon, "%.3f"},  {C::W, "%.1f", C::Dz}};
+
 struct Format {
     const char* suffix;
     bool raw;            ///< also made of raw data
     double earliest;     ///< s; what is ahead of it doesn't come back
     bool keepsDirection; ///< the others are dropsondes, whatever was written
-    std::vector<Cells> cells;
+    const std::vector<Cells>& cells;
 };
 
-const Format kFormats[] = {
-    {".csv",
-     true,
-     -0.99,
-     true,
-     {{C::Time, "%.1f"},
-      {C::Pres, "%.2f"},
-      {C::Tdry, "%.2f"},
-      {C::RH, "%.2f"},
-      {C::Wspd, "%.2f"},
-      {C::Wdir, "%.2f"},
-      {C::Lat, "%.5f"},
-      {C::Lon, "%.5f"},
-      {C::Alt, "%.1f"},
-      {C::GpsAlt, "%.1f"},
-      {C::Dz, "%.2f"}}},
-    {".trv",
-     true,
-     0.0,
-     true,
-     {{C::Time, "%.1f"},
-      {C::Pres, "%.1f"},
-      {C::Tdry, "%.1f"},
-      {C::RH, "%.1f"},
-      {C::Wspd, "%.1f"},
-      {C::Wdir, "%.1f"},
-      {C::Dz, "%.1f"},
-      {C::Lon, "%.3f"},
-      {C::Lat, "%.3f"},
-      {C::Alt, "%.1f"}}},
-    {".zor",
-     true,
-     0.0,
-     true,
-     {{C::Time, "%.2f"},
-      {C::Pres, "%.2f"},
-      {C::Tdry, "%.2f"},
-      {C::RH, "%.2f"},
-      {C::Wspd, "%.2f"},
-      {C::Wdir, "%.2f"},
-      {C::Dz, "%.2f"},
-      {C::Alt, "%.2f"},
-      {C::Lon, "%.6f"},
-      {C::Lat, "%.6f"},
-      {C::GpsAlt, "%.2f"}}},
-    {".frd",
-     false,
-     -0.99,
-     false,
-     {{C::Time, "%.2f"},
-      {C::Pres, "%.1f"},
-      {C::Tdry, "%.2f"},
-      {C::RH, "%.1f"},
-      {C::Alt, "%.0f"},
-      {C::Wdir, "%.0f"},
-      {C::Wspd, "%.2f"},
-      {C::Sats, "%.0f"},
-      {C::W, "%.1f", C::Dz},
-      {C::Lat, "%.3f"},
-      {C::Lon, "%.3f"}}},
-};
+const Format kFormats[] = {{".csv", true, -0.99, true, kCsv},
+                           {".trv", true, 0.0, true, kTrove},
+                           {".zor", true, 0.0, true, kZor},
+                           {".frd", false, -0.99, false, kFrd}};
 
 void open(EditorControl& editor, const fs::path& path) {
     std::ifstream stream(path);

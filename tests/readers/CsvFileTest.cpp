@@ -49,14 +49,21 @@ TEST(CsvFile, AnEmptyFieldIsMissing) {
 }
 
 TEST(CsvFile, ARecordWithoutATimeIsToldOnce) {
-    for (const char* time : {"", "-999", "nan", "x12", "-", "\"2.0\""}) {
+    // What isn't a number counts as 0, and that is before 1.
+    const std::string backward = "- The times of the records go backward. The records are put in order of time.\n";
+    for (const auto& [time, more] : {std::pair("", ""),
+                                     {"-999", ""},
+                                     {"nan", ""},
+                                     {"x12", backward.c_str()},
+                                     {"-", backward.c_str()},
+                                     {"\"2.0\"", backward.c_str()}}) {
         const std::string record = "Data," + std::string(time) + ",998\n";
         const auto file = readText(kHead + kData + "Data,1.0,999\n" + record + record);
         EXPECT_TRUE(file->isValid());
         EXPECT_EQ(file->dataPoints(), 4);
-        EXPECT_EQ(file->getErrorMsg(), "- There is no time in line 11\n") << time;
+        EXPECT_EQ(file->getErrorMsg(), "- There is no time in line 11\n" + std::string(more)) << time;
     }
-    EXPECT_EQ(readText(kHead + kData + "Data,-.5,999\nData, +1,999\nData,2s,998\n")->getErrorMsg(), "");
+    EXPECT_EQ(readText(kHead + "Fields,Time\nData,-.5\nData, +1\nData,2s\n")->getErrorMsg(), "");
 }
 
 // Which of "Data,1,2", "Data,1,2,3", "Data,1,2,3,4" count.
@@ -88,10 +95,7 @@ TEST(CsvFile, ParametersGoToTheirFields) {
         "PlatformId,d\nProject,e\nFlight,f\nPtuWindTimeDiff,\"0.25\"\nRadiationCorr,g\nTrackingType,h\nSondeId,i\n"
         "SondeType,23\nOperator,k\nLaunchObsSource,l\nLaunchObsTime,m\nSondeModel,n\nLaunchSite,o\nThermoSensor,p\n"
         "Agency,q\nComments\n");
-    const double launch[] = {file->launchLat(),  file->launchLon(), file->launchPres(),
-                             file->launchTdry(), file->launchRH(),  file->launchWspd(),
-                             file->launchWdir(), file->launchAlt(), file->launchGpsAlt()};
-    EXPECT_THAT(launch, ElementsAre(1.5, 2.5, 3.5, 4.5, 5.5, 6.5, 7.5, 8.5, 9.5));
+    EXPECT_THAT(launchOf(*file), ElementsAre(3.5, 4.5, 5.5, 7.5, 6.5, 2.5, 1.5, 8.5, 9.5));
     EXPECT_EQ(file->comments(), "A quiet Day");
     EXPECT_EQ(file->dataType() + file->WMOequipType() + file->platformType() + file->platformId() + file->project() +
                   file->flight() + file->WMOradCorrection() + file->WMOtrackingType() + file->sondeId() +
@@ -99,8 +103,7 @@ TEST(CsvFile, ParametersGoToTheirFields) {
                   file->sondeModel() + file->siteId() + file->thermoSensor(),
               "abcdefghi23klmnop");
     EXPECT_EQ(file->ptuWindTimeDiff(), 0.25);
-    EXPECT_EQ(file->year() * 10000 + file->month() * 100 + file->day(), 20210801);
-    EXPECT_EQ(file->hour() * 10000 + file->min() * 100 + file->sec(), 120003);
+    EXPECT_EQ(startOf(*file), "2021-08-01 12:00:03");
 }
 
 TEST(CsvFile, TheSondeTypeIsACodeFigure) {

@@ -42,31 +42,20 @@ TEST(MirraFile, ReadsHeaderLaunchAndRows) {
     EXPECT_EQ(file->getErrorMsg(), "");
     EXPECT_EQ(file->soundingType(), SoundingType::Mirra);
     EXPECT_TRUE(file->ascending());
-    EXPECT_EQ(file->WMOtrackingType() + file->WMOradCorrection() + file->WMOequipType() + file->WMOsondeType(),
-              "080890");
+    EXPECT_EQ(codesOf(*file), "08|0|8|90");
     EXPECT_EQ(file->description(), "up.mir TESTEX, IOP2  ");
     EXPECT_THAT((std::vector<std::string>{file->dataType(), file->project(), file->siteId(), file->platformType(),
                                           file->sondeId(), file->sondeModel(), file->launchObsSource(),
                                           file->sysOperator(), file->comments()}),
                 ElementsAre("MIRRA upsonde", "TESTEX", "Site A", "KIVU MIRRA", "R4520117", "Mirra MR-2 R4520117 ",
                             "OBSSYS", "Doe", "clear sky"));
-    EXPECT_THAT((std::vector<int>{file->year(), file->month(), file->day(), file->hour(), file->min(), file->sec()}),
-                ElementsAre(2022, 2, 3, 11, 30, 5));
-    EXPECT_THAT((std::vector<double>{file->launchPres(), file->launchTdry(), file->launchRH(), file->launchWdir(),
-                                     file->launchWspd(), file->launchLon(), file->launchLat(), file->launchAlt()}),
-                ElementsAre(1021.0, -31.0, 72.0, 350.0, 3.0, -105.2, 40.0, 12.5));
+    EXPECT_EQ(startOf(*file), "2022-02-03 11:30:05");
+    EXPECT_THAT(launchOf(*file), ElementsAre(1021.0, -31.0, 72.0, 350.0, 3.0, -105.2, 40.0, 12.5, -999.0));
     EXPECT_EQ(file->dataPoints(), 2) << "a row at -0.5 s is none";
-    std::vector<double> first;
-    std::vector<double> second;
-    for (const Series* series :
-         {file->sTime(), file->sPres(), file->sTdry(), file->sRh0(), file->sRh1(), file->sRh2(), file->sWdir(),
-          file->sWspd(), file->sDz(), file->sLon(), file->sLat(), file->sAlt(), file->sSats(), file->sGpsalt()}) {
-        ASSERT_EQ(series->lastIndex(), 1);
-        first.push_back(series->data(0));
-        second.push_back(series->data(1));
-    }
-    EXPECT_THAT(first, ElementsAre(0, 1020, -30.5, 72.25, 72.25, 72.25, 349, 3.06, 5.1, -105.1, 40.1, 20.5, 10, -999));
-    EXPECT_THAT(second, ElementsAre(1, 9999, 99, 999, 999, 999, 999, 999, 99, 999, 99, 99999, 99, -999))
+    EXPECT_THAT(file->sTime()->dataArray(), ElementsAre(0.0, 1.0));
+    EXPECT_THAT(recordOf(*file, 0),
+                ElementsAre(1020, -30.5, 72.25, 349, 3.06, 5.1, -105.1, 40.1, 20.5, 10, 72.25, 72.25, -999, -999));
+    EXPECT_THAT(recordOf(*file, 1), ElementsAre(9999, 99, 999, 999, 999, 99, 999, 99, 99999, 99, 999, 999, -999, -999))
         << "there are no marks";
 }
 

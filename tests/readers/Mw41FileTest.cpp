@@ -62,14 +62,7 @@ TEST(Mw41File, TakesNumbersWithTheirUnitsAndHemispheres) {
                    "The Release point height from sea level (m)\t1.5 m", "Surface pressure\t99999.0 hPa",
                    "Surface temperature\t-3.5", "Surface relative humidity\t88 %", "Surface wind speed\t8 m/s",
                    "Surface wind direction\t200", "Sonde type\tRS41", "Comments\tclear sky", "other  key\t v\t"});
-    EXPECT_EQ(file->launchLat(), -12.5);
-    EXPECT_EQ(file->launchLon(), -105.5);
-    EXPECT_EQ(file->launchAlt(), 1.5);
-    EXPECT_EQ(file->launchPres(), -999.0);
-    EXPECT_EQ(file->launchTdry(), -3.5);
-    EXPECT_EQ(file->launchRH(), 88.0);
-    EXPECT_EQ(file->launchWspd(), 8.0);
-    EXPECT_EQ(file->launchWdir(), 200.0);
+    EXPECT_THAT(launchOf(*file), ElementsAre(-999.0, -3.5, 88.0, 200.0, 8.0, -105.5, -12.5, 1.5, -999.0));
     EXPECT_EQ(file->sondeModel() + "|" + file->comments(), "RS41|clear sky");
     EXPECT_THAT(file->mw41metadata(),
                 ElementsAre(Pair("SondeType", "RS41"), Pair("Comments", "clear sky"), Pair("OtherKey", "v")));
@@ -103,6 +96,7 @@ TEST(Mw41File, SaysWhatItCannotUse) {
         {{"Elapsed time,P"}, noData},
         {{"Elapsed time,P", "s,hPa"}, noData},
         {{"Elapsed time,P", "s,hPa", "1", "", "99999.0,1000"}, noData},
+        {{"Elapsed time,P", "s,hPa", "later,1000", "1,1000"}, "- There is no time in line 5\n"},
         {{"elapsed time,P", "s,hPa", "1,1000"}, noTime},
         {{" Elapsed time , Foo,P, Foo,", "s,x,hPa,x", "1,2,3,4"},
          "- Tarvo does not recognize column: Foo. The data from this column will not be ingested.\n"},

@@ -8,16 +8,6 @@ using testing::HasSubstr;
 
 namespace {
 
-std::vector<double> firstData(SoundingFile& file) {
-    std::vector<double> data;
-    for (Series* series :
-         {file.sPres(), file.sTdry(), file.sRh0(), file.sWdir(), file.sWspd(), file.sDz(), file.sLon(), file.sLat(),
-          file.sAlt(), file.sSats(), file.sRh1(), file.sRh2(), file.sWe(), file.sGpsalt()}) {
-        data.push_back(series->data(0));
-    }
-    return data;
-}
-
 /// The file of one frame at 1 s behind its launch.
 std::string oneFrame(const std::string& frame) {
     return version16() + launchLine(0.0) + frame;
@@ -39,7 +29,7 @@ TEST(OmbraFile, EveryColumnGoesToItsSeries) {
                               "12.5 999 13.5 14.5\n";
     const auto file = readText(oneFrame(frame));
     ASSERT_TRUE(file->isValid());
-    EXPECT_THAT(firstData(*file), ElementsAre(1.5, 2.5, 3.5, 4.5, 5.5, 6.5, 7.5, 8.5, 9.5, 10, 11.5, 12.5, 13.5, 14.5));
+    EXPECT_THAT(recordOf(*file), ElementsAre(1.5, 2.5, 3.5, 4.5, 5.5, 6.5, 7.5, 8.5, 9.5, 10, 11.5, 12.5, 13.5, 14.5));
     EXPECT_EQ(file->sPres()->time(0), 1.5);
     EXPECT_EQ(file->sTime()->data(0), 1.5);
     EXPECT_EQ(file->dataPoints(), 1);
@@ -47,9 +37,7 @@ TEST(OmbraFile, EveryColumnGoesToItsSeries) {
     EXPECT_EQ(file->ombraWindRate(), 2);
     EXPECT_TRUE(file->descending());
     EXPECT_EQ(file->soundingType(), SoundingType::Ombra);
-    EXPECT_EQ(file->WMOtrackingType() + " " + file->WMOradCorrection() + " " + file->WMOequipType() + " " +
-                  file->WMOsondeType(),
-              "08 0 8 96");
+    EXPECT_EQ(codesOf(*file), "08|0|8|96");
 }
 
 TEST(OmbraFile, MarksAreMissingAndNothingElseIs) {
@@ -60,18 +48,18 @@ TEST(OmbraFile, MarksAreMissingAndNothingElseIs) {
     for (std::size_t i = 0; i < std::size(fields); ++i) {
         *fields[i] = kMissingFrame[i];
     }
-    EXPECT_THAT(firstData(*readText(oneFrame(frameText(frame)))), testing::Each(-999.0));
+    EXPECT_THAT(recordOf(*readText(oneFrame(frameText(frame)))), testing::Each(-999.0));
     for (double* field : fields) {
         *field += 1.0;
     }
-    EXPECT_THAT(firstData(*readText(oneFrame(frameText(frame)))),
+    EXPECT_THAT(recordOf(*readText(oneFrame(frameText(frame)))),
                 ElementsAre(10000, 100, 1000, 1000, 1000, 100, 1000, 100, 100000, 100, 1000, 1000, 100, 100000));
     frame.dz = 999.0;
     EXPECT_EQ(readText(oneFrame(frameText(frame)))->sDz()->data(0), -999.0);
 }
 
 TEST(OmbraFile, AbsentWordsAreZeroAndOddOnesRead) {
-    EXPECT_THAT(firstData(*readText(oneFrame("OMBRA-D01 S00 204715063 210801 120001.50 +900.5 x nan 1e999 10mb\n"))),
+    EXPECT_THAT(recordOf(*readText(oneFrame("OMBRA-D01 S00 204715063 210801 120001.50 +900.5 x nan 1e999 10mb\n"))),
                 ElementsAre(900.5, 0, -999, -999, 10, 0, 0, 0, 0, 0, 0, 0, 0, 0));
 }
 
@@ -107,15 +95,9 @@ TEST(OmbraFile, TheAircraftLineIsTheLaunchObservation) {
     Frame aircraft;
     aircraft.key = "A00";
     aircraft.wspd = 999.0;
-    const auto launchOf = [](const std::string& text) {
-        const auto file = readText(text);
-        return std::vector<double>{file->launchPres(), file->launchTdry(), file->launchRH(),
-                                   file->launchWdir(), file->launchWspd(), file->launchLon(),
-                                   file->launchLat(),  file->launchAlt(),  file->launchGpsAlt()};
-    };
-    EXPECT_THAT(launchOf(version16() + frameText(aircraft)),
+    EXPECT_THAT(launchOf(*readText(version16() + frameText(aircraft))),
                 ElementsAre(500, -5, 50, 180, -999, -80.5, 25.5, 5500, 5510));
-    EXPECT_THAT(launchOf(asAcs(launchLine(0.0) + frameText(aircraft, false))),
+    EXPECT_THAT(launchOf(*readText(asAcs(launchLine(0.0) + frameText(aircraft, false)))),
                 ElementsAre(500, -5, 50, 180, -999, -80.5, 25.5, 5500, -999));
 }
 

@@ -1,5 +1,6 @@
 #include "ReadText.h"
 #include "RowText.h"
+#include "TextEdits.h"
 
 #include <gmock/gmock.h>
 
@@ -28,8 +29,8 @@ std::vector<double> dataOf(SoundingFile& file, Series_ series) {
     return data;
 }
 
-/// One record: the first of time 0 or later, or of what is there.
-std::vector<double> recordOf(SoundingFile& file, int index) {
+/// The values of one row with its time.
+std::vector<double> rowOf(SoundingFile& file, int index) {
     std::vector<double> values;
     for (const Series_ series :
          {&SoundingFile::sTime, &SoundingFile::sPres, &SoundingFile::sTdry, &SoundingFile::sRh0, &SoundingFile::sWspd,
@@ -39,21 +40,6 @@ std::vector<double> recordOf(SoundingFile& file, int index) {
         values.push_back((file.*series)()->data(index));
     }
     return values;
-}
-
-std::vector<double> launchOf(const SoundingFile& file) {
-    return {file.launchPres(), file.launchTdry(), file.launchRH(),  file.launchWspd(),  file.launchWdir(),
-            file.launchLon(),  file.launchLat(),  file.launchAlt(), file.launchGpsAlt()};
-}
-
-std::vector<int> timeOf(const SoundingFile& file) {
-    return {file.year(), file.month(), file.day(), file.hour(), file.min(), file.sec()};
-}
-
-std::string replaced(std::string text, const std::string& what, const std::string& by) {
-    const auto at = text.find(what);
-    EXPECT_NE(at, std::string::npos) << what;
-    return at == std::string::npos ? text : text.replace(at, what.size(), by);
 }
 
 /// Header lines that have to be there by what they contain: each of \p texts lost in turn makes the file invalid, as
@@ -84,20 +70,20 @@ TEST(TroveFile, TakesHeaderLaunchAndRecords) {
     EXPECT_TRUE(file->ascending());
     EXPECT_EQ(file->project(), "SITE, A1 TESTEX, IOP2");
     EXPECT_EQ(file->description(), "D20210801_120003.1 TESTEX, IOP2  ");
-    EXPECT_THAT(timeOf(*file), ElementsAre(2022, 2, 3, 11, 30, 7));
+    EXPECT_EQ(startOf(*file), "2022-02-03 11:30:07");
     EXPECT_EQ(file->platformType(), "KIVU TROVE RSS421");
     EXPECT_EQ(file->sondeId(), "R4520117");
     EXPECT_EQ(file->launchObsSource(), "Tower");
     EXPECT_EQ(file->sysOperator() + "|" + file->comments(), "Doe|clear, sky");
     EXPECT_EQ(file->getErrorMsg(), "");
-    EXPECT_THAT(launchOf(*file), ElementsAre(1012.0, 28.5, 80.0, 7.0, 95.0, -105.234, 40.012, 1.5, -999.0));
+    EXPECT_THAT(launchOf(*file), ElementsAre(1012.0, 28.5, 80.0, 95.0, 7.0, -105.234, 40.012, 1.5, -999.0));
     ASSERT_EQ(file->dataPoints(), 2);
-    EXPECT_THAT(recordOf(*file, 0),
+    EXPECT_THAT(rowOf(*file, 0),
                 ElementsAre(0.0, 1011.0, 28.4, 79.7, 7.1, 94.5, 5.0, -105.235, 40.013, 6.5, -999.0, -999.0));
-    EXPECT_EQ(recordOf(*file, 1)[0], 10.0);
+    EXPECT_EQ(rowOf(*file, 1)[0], 10.0);
     EXPECT_EQ(file->numRhChan(), 1);
     EXPECT_TRUE(file->sRh1()->empty() && file->sDp()->empty() && file->sWe()->empty());
-    EXPECT_EQ(file->WMOsondeType() + file->WMOtrackingType() + file->WMOequipType(), "90190");
+    EXPECT_EQ(codesOf(*file), "19|0|0|90");
 }
 
 TEST(TroveFile, NeedsItsHeader) {
@@ -116,10 +102,10 @@ TEST(TroveFile, ValuesAboveTheLimitsAreMissing) {
                                     "3 1000", "   ", "99999.0 1000 1 1 1 1 1 1 1 1 1 1 1 1 1"})));
     const double m = -999.0;
     ASSERT_EQ(file->dataPoints(), 4);
-    EXPECT_THAT(recordOf(*file, 0), ElementsAre(0, 9998, 998, 998, 998, 998, 98, 998, 998, 99998.9, m, m));
-    EXPECT_THAT(recordOf(*file, 1), ElementsAre(1, m, m, m, m, m, m, m, m, m, m, m));
-    EXPECT_THAT(recordOf(*file, 2), ElementsAre(2, m, m, 0, m, 3.5, -99, -180, -90, 100000.0, m, m));
-    EXPECT_THAT(recordOf(*file, 3), ElementsAre(3, 1000, m, m, m, m, m, m, m, m, m, m));
+    EXPECT_THAT(rowOf(*file, 0), ElementsAre(0, 9998, 998, 998, 998, 998, 98, 998, 998, 99998.9, m, m));
+    EXPECT_THAT(rowOf(*file, 1), ElementsAre(1, m, m, m, m, m, m, m, m, m, m, m));
+    EXPECT_THAT(rowOf(*file, 2), ElementsAre(2, m, m, 0, m, 3.5, -99, -180, -90, 100000.0, m, m));
+    EXPECT_THAT(rowOf(*file, 3), ElementsAre(3, 1000, m, m, m, m, m, m, m, m, m, m));
 }
 
 TEST(TroveFile, HasToGiveALaunchPressure) {
@@ -194,14 +180,14 @@ TEST(ZORFile, TakesHeaderLaunchAndRecords) {
     EXPECT_EQ(file->platformType() + "|" + file->platformId(), "AC1|N00XX");
     EXPECT_EQ(file->description(), "D20210801_120003.1 TESTEX, RF07/AC1, N00XX ");
     EXPECT_EQ(file->siteId(), "Site A");
-    EXPECT_THAT(timeOf(*file), ElementsAre(2021, 8, 1, 12, 0, 3));
+    EXPECT_EQ(startOf(*file), "2021-08-01 12:00:03");
     EXPECT_EQ(file->sondeId() + "|" + file->sondeModel() + "|" + file->thermoSensor(), "204715063|RSS421|RSS421");
     EXPECT_EQ(file->launchObsSource() + "|" + file->launchObsTime(), "OBSSYS|11:59:58");
     EXPECT_EQ(file->sysOperator() + "|" + file->comments(), "Doe|clear / sky");
-    EXPECT_THAT(launchOf(*file), ElementsAre(450.0, -4.98, 94.45, 45.85, 138.07, -80.4321, 25.1234, 6330.49, 6330.79));
+    EXPECT_THAT(launchOf(*file), ElementsAre(450.0, -4.98, 94.45, 138.07, 45.85, -80.4321, 25.1234, 6330.49, 6330.79));
     ASSERT_EQ(file->dataPoints(), 2);
-    EXPECT_THAT(recordOf(*file, 0), ElementsAre(0.0, 449.99, 17.06, 34.47, 45.8, 138.0, -13.9, -80.4322, 25.1235,
-                                                6329.49, 6329.79, -999.0));
+    EXPECT_THAT(rowOf(*file, 0), ElementsAre(0.0, 449.99, 17.06, 34.47, 45.8, 138.0, -13.9, -80.4322, 25.1235, 6329.49,
+                                             6329.79, -999.0));
 }
 
 TEST(ZORFile, NeedsItsHeader) {
@@ -230,9 +216,9 @@ TEST(ZORFile, ValuesAboveTheLimitsAreMissing) {
     EXPECT_TRUE(file->isValid());
     EXPECT_EQ(file->launchPres(), m);
     ASSERT_EQ(file->dataPoints(), 3);
-    EXPECT_THAT(recordOf(*file, 0), ElementsAre(0, 9998, 998, 998, 998, 998, 98, 998, 998, 99999, 99999, m));
-    EXPECT_THAT(recordOf(*file, 1), ElementsAre(1, m, m, m, m, m, m, m, m, 9, 9, m));
-    EXPECT_THAT(recordOf(*file, 2), ElementsAre(2, m, m, m, m, m, m, m, m, m, m, m));
+    EXPECT_THAT(rowOf(*file, 0), ElementsAre(0, 9998, 998, 998, 998, 998, 98, 998, 998, 99999, 99999, m));
+    EXPECT_THAT(rowOf(*file, 1), ElementsAre(1, m, m, m, m, m, m, m, m, 9, 9, m));
+    EXPECT_THAT(rowOf(*file, 2), ElementsAre(2, m, m, m, m, m, m, m, m, m, m, m));
 }
 
 TEST(FRDFile, TakesHeaderAndRecords) {
@@ -244,11 +230,11 @@ TEST(FRDFile, TakesHeaderAndRecords) {
     EXPECT_EQ(file->sondeId(), "204715063 B");
     EXPECT_EQ(file->platformType() + "|" + file->platformId(), "AC1|N00XX");
     EXPECT_EQ(file->description(), "D20210801_120003.1 AC1, N00XX ");
-    EXPECT_THAT(timeOf(*file), ElementsAre(2089, 12, 31, 23, 59, 59));
+    EXPECT_EQ(startOf(*file), "2089-12-31 23:59:59");
     EXPECT_EQ(file->comments(), "clear sky; no wind");
-    EXPECT_THAT(launchOf(*file), ElementsAre(400.0, -10.8, 92.9, 39.9, 141.0, -61.2, -17.9, -999.0, 7248.0));
+    EXPECT_THAT(launchOf(*file), ElementsAre(400.0, -10.8, 92.9, 141.0, 39.9, -61.2, -17.9, -999.0, 7248.0));
     ASSERT_EQ(file->dataPoints(), 2);
-    EXPECT_THAT(recordOf(*file, 0),
+    EXPECT_THAT(rowOf(*file, 0),
                 ElementsAre(-0.5, 400.0, 15.84, 34.6, 39.9, 140.0, -0.3, -61.201, -17.901, 7248.0, -999.0, 7.0));
 }
 
@@ -262,7 +248,7 @@ TEST(FRDFile, ReadsWhatTheProductLeavesOut) {
     std::string text = replaced(frdText(), " 17.90 S ", "-999.0  ");
     text = replaced(replaced(text, " 61.20 W ", "-999.0  "), "204715063                RH", "RH");
     const auto file = readText(replaced(text, "AC1, N00XX", ""));
-    EXPECT_THAT(launchOf(*file), ElementsAre(400.0, -10.8, 92.9, 39.9, 141.0, -999.0, -999.0, -999.0, 7248.0));
+    EXPECT_THAT(launchOf(*file), ElementsAre(400.0, -10.8, 92.9, 141.0, 39.9, -999.0, -999.0, -999.0, 7248.0));
     EXPECT_EQ(file->platformType() + file->platformId(), "");
     EXPECT_EQ(readText(replaced(frdText(), "204715063                RH", "2047150630123456789012345RH"))->launchRH(),
               92.9);
@@ -274,13 +260,30 @@ TEST(FRDFile, ReadsWhatTheProductLeavesOut) {
 
 TEST(FRDFile, DatesBelow90AreOfThisCenturyAndValuesHaveNoLimits) {
     EXPECT_EQ(readText(replaced(frdText(), "Date: 891231", "Date: 900101"))->year(), 1990);
-    EXPECT_THAT(timeOf(*readText(replaced(frdText(), "Date: 891231   Time: 235959", "Date: 210231   Time: 245960"))),
-                ElementsAre(2021, 3, 4, 1, 0, 0));
+    EXPECT_EQ(startOf(*readText(replaced(frdText(), "Date: 891231   Time: 235959", "Date: 210231   Time: 245960"))),
+              "2021-03-04 01:00:00");
     const auto file = readText(
         joined(with(frdHeader(), {"1 0 9999 999 999 99999 999 999 0 0 99 99 0 0 0 0 0 999 999", "2 0.5 -999.0", "3"})));
     ASSERT_EQ(file->dataPoints(), 2);
-    EXPECT_THAT(recordOf(*file, 0), ElementsAre(0, 9999, 999, 999, 999, 999, 99, 999, 999, 99999, -999, 99));
-    EXPECT_THAT(recordOf(*file, 1), testing::Contains(-999.0).Times(11));
+    EXPECT_THAT(rowOf(*file, 0), ElementsAre(0, 9999, 999, 999, 999, 999, 99, 999, 999, 99999, -999, 99));
+    EXPECT_THAT(rowOf(*file, 1), testing::Contains(-999.0).Times(11));
+}
+
+// Nor is the header of another file that was joined to this one.
+TEST(RowFiles, ALineOfTextIsNoRecord) {
+    for (const std::string& text : {troveText(), zorText(), frdText()}) {
+        const auto plain = readText(text);
+        const auto file = readText(text + "\nend of data\n" + text.substr(0, text.find('\n')) + "\n");
+        EXPECT_TRUE(file->isValid());
+        EXPECT_EQ(dataOf(*file, &SoundingFile::sTime), dataOf(*plain, &SoundingFile::sTime));
+        std::istringstream lines(text);
+        int behind = 1;
+        for (std::string line; std::getline(lines, line);) {
+            behind += line.empty() ? 0 : 1;
+        }
+        EXPECT_EQ(file->getErrorMsg(),
+                  plain->getErrorMsg() + "- There is no time in line " + std::to_string(behind) + "\n");
+    }
 }
 
 TEST(PassThrough, IsForcedOnceForTheGivenSetOnly) {

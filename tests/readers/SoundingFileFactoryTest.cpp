@@ -1,7 +1,10 @@
 #include "ReadText.h"
 #include "Text.h"
 
+#include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 #include <tuple>
 
 namespace {
@@ -93,6 +96,25 @@ TEST(SoundingFileFactory, TellsWhichLineEndedTheReading) {
     EXPECT_EQ(readText(std::string(600, 'x')), nullptr);
 }
 
+TEST(SoundingFileFactory, TellsWhatTheAnalysisMakesOfTheTimes) {
+    const std::string notice = "- The times of the records go backward. The records are put in order of time.\n";
+    const std::pair<const char*, std::string> cases[] = {
+        {"-1 -0.5 0 0 1", ""},
+        {"0 1 0.5 2", notice},
+        {"1 0", notice},
+        {"-5 0 1", ""},
+        {"-6 -1.1 0 1", "- 2 records from more than 1 s ahead of the launch are left out.\n"},
+        {"1 0 -6 -7", "- 2 records from more than 1 s ahead of the launch are left out.\n" + notice},
+    };
+    for (const auto& [times, told] : cases) {
+        std::string text = "FileFormat,CSV\nYear,2021\nMonth,08\nDay,1\nHour,12\nMinute,00\nSecond,03\nFields,Time\n";
+        for (const std::string& time : tokenize(times, " ")) {
+            text += "Data," + time + "\n";
+        }
+        EXPECT_EQ(readText(text)->getErrorMsg(), told) << times;
+    }
+}
+
 TEST(SoundingFile, DescribesItselfByTheFileName) {
     const std::string text = "FileFormat,CSV\nSoundingDescription,\"Rain\"";
     const std::pair<const char*, const char*> cases[] = {
@@ -142,4 +164,37 @@ TEST(SoundingFile, TheLaunchObservationIsWithinHalfADayOfTheLaunch) {
                                    clock[1] + "\nSecond," + clock[2] + "\nLaunchObsTime," + observation);
         EXPECT_EQ(file->unixLaunchObsTime(), seconds) << launch << " " << observation;
     }
+}
+
+// What the maker of the examples knows of each file.
+TEST(SoundingFileFactory, ReadsTheExamplesAsTheirTruthTells) {
+    const std::filesystem::path examples = TARVO_SOURCE_DIR "/examples";
+    int read = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(examples / "truth")) {
+        const auto truth = nlohmann::json::parse(std::ifstream(entry.path()));
+        const auto& facts = truth["reader"];
+        SCOPED_TRACE(truth["file"]);
+        std::ifstream stream(examples / "data" / truth["file"].get<std::string>());
+        const auto file = readText({std::istreambuf_iterator<char>(stream), {}});
+        ASSERT_NE(file, nullptr);
+        EXPECT_TRUE(file->isValid()) << file->getErrorMsg();
+        EXPECT_EQ(file->descending(), truth["direction"] == "down");
+        EXPECT_EQ(static_cast<int>(file->soundingType()), facts["sounding_type"]);
+        EXPECT_EQ(file->dataPoints(), facts["records"]);
+        const std::string start =
+            facts["launch_date"].get<std::string>() + " " + facts["launch_time"].get<std::string>();
+        EXPECT_EQ(startOf(*file), start.substr(0, 19));
+        EXPECT_EQ(file->getErrorMsg().empty(), facts["warning"].is_null()) << file->getErrorMsg();
+        if (facts.contains("wind_rate")) { // a D file
+            EXPECT_EQ(file->getPtuErrNum(), facts["ptu_crc_errors"]);
+            EXPECT_EQ(file->getGpsErrNum(), facts["gps_crc_errors"]);
+            EXPECT_EQ(file->getPGErrNum(), facts["both_crc_errors"]);
+            EXPECT_EQ(file->ombraWindRate(), facts["wind_rate"]);
+            EXPECT_EQ(file->needsTDDryBiasCorr(), facts["needs_dry_bias_correction"]);
+            EXPECT_EQ(file->rhHeatingOn(), facts["rh_heating_on"]);
+        }
+        EXPECT_EQ(file->numRhChan(), facts.value("rh_channels", file->numRhChan()));
+        ++read;
+    }
+    EXPECT_GE(read, 26);
 }

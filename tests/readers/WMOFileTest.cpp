@@ -17,14 +17,8 @@ TEST(WMOFile, HoldsLevelsAndNoSamples) {
     EXPECT_TRUE(file->descending());
     EXPECT_DOUBLE_EQ(file->launchLat(), 25.4);
     EXPECT_DOUBLE_EQ(file->launchLon(), -80.4);
-    EXPECT_EQ(file->WMOtrackingType() + file->WMOradCorrection() + file->WMOequipType() + file->WMOsondeType(),
-              "080890");
-    EXPECT_EQ(file->year(), 1970);
-    EXPECT_EQ(file->month(), 1);
-    EXPECT_EQ(file->day(), 25);
-    EXPECT_EQ(file->hour(), 19);
-    EXPECT_EQ(file->min(), 45);
-    EXPECT_EQ(file->sec(), 0);
+    EXPECT_EQ(codesOf(*file), "08|0|8|90");
+    EXPECT_EQ(startOf(*file), "1970-01-25 19:45:00");
     EXPECT_TRUE(file->sPres()->empty());
     EXPECT_EQ(file->dataPoints(), 0);
     ASSERT_NE(file->unLevels(), nullptr);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Levels.h"
+#include "Lines.h"
 #include "Series.h"
 #include "Wind.h"
 
@@ -8,39 +9,16 @@
 #include <utility>
 #include <vector>
 
-/// A piecewise straight profile over height, m; constant beyond its ends.
-class HeightProfile {
-public:
-    HeightProfile(std::initializer_list<std::pair<double, double>> nodes) : _nodes(nodes) {}
-
-    double at(double z) const {
-        if (z <= _nodes.front().first) {
-            return _nodes.front().second;
-        }
-        for (std::size_t i = 1; i < _nodes.size(); ++i) {
-            const auto& [z0, v0] = _nodes[i - 1];
-            const auto& [z1, v1] = _nodes[i];
-            if (z <= z1) {
-                return v0 + (v1 - v0) * (z - z0) / (z1 - z0);
-            }
-        }
-        return _nodes.back().second;
-    }
-
-private:
-    std::vector<std::pair<double, double>> _nodes;
-};
-
-/// Air in hydrostatic balance, made to measure.
+/// Air in hydrostatic balance, made to measure: by height, m.
 struct MadeAtmosphere {
-    double groundAltitude = 0.0;                                         ///< m
-    double groundPressure = 1013.2;                                      ///< mb
-    HeightProfile tdry{{0.0, 15.0}, {11000.0, -56.5}, {40000.0, -56.5}}; ///< deg C
-    HeightProfile rh{{0.0, 80.0}, {10000.0, 20.0}, {15000.0, 5.0}};      ///< %
-    HeightProfile wspd{{0.0, 5.0}, {10000.0, 25.0}, {20000.0, 10.0}};    ///< m/s
-    HeightProfile wdir{{0.0, 90.0}, {10000.0, 270.0}};                   ///< degrees
-    double lat = 25.5;                                                   ///< degrees
-    double lon = -80.2;                                                  ///< degrees
+    double groundAltitude = 0.0;                                 ///< m
+    double groundPressure = 1013.2;                              ///< mb
+    Knots tdry{{0.0, 15.0}, {11000.0, -56.5}, {40000.0, -56.5}}; ///< deg C
+    Knots rh{{0.0, 80.0}, {10000.0, 20.0}, {15000.0, 5.0}};      ///< %
+    Knots wspd{{0.0, 5.0}, {10000.0, 25.0}, {20000.0, 10.0}};    ///< m/s
+    Knots wdir{{0.0, 90.0}, {10000.0, 270.0}};                   ///< degrees
+    double lat = 25.5;                                           ///< degrees
+    double lon = -80.2;                                          ///< degrees
 };
 
 /// The QC series of a sounding through it, and its levels.
@@ -67,7 +45,8 @@ private:
                 column.emplace_back(z, p);
             }
             for (double n = 0.5; n < kSubSteps; ++n) {
-                p *= std::exp(-kGravityOverGas * zStep / kSubSteps / (air.tdry.at(z + zStep * n / kSubSteps) + 273.15));
+                p *= std::exp(-kGravityOverGas * zStep / kSubSteps /
+                              (onLines(air.tdry, z + zStep * n / kSubSteps) + 273.15));
             }
         }
         const std::size_t last = column.size() - 1;
@@ -87,12 +66,12 @@ private:
         const auto& [z, p] = point;
         double eastward = 0.0;
         double northward = 0.0;
-        UandV(air.wspd.at(z), air.wdir.at(z), eastward, northward);
+        UandV(onLines(air.wspd, z), onLines(air.wdir, z), eastward, northward);
         const std::pair<Series*, double> values[] = {{&pres, p},
-                                                     {&tdry, air.tdry.at(z)},
-                                                     {&rh, air.rh.at(z)},
-                                                     {&wspd, air.wspd.at(z)},
-                                                     {&wdir, air.wdir.at(z)},
+                                                     {&tdry, onLines(air.tdry, z)},
+                                                     {&rh, onLines(air.rh, z)},
+                                                     {&wspd, onLines(air.wspd, z)},
+                                                     {&wdir, onLines(air.wdir, z)},
                                                      {&u, eastward},
                                                      {&v, northward},
                                                      {&alt, z},

@@ -36,6 +36,14 @@ public:
         }
         return all;
     }
+    /// The same with their titles: "title: text".
+    std::vector<std::string> told() const {
+        std::vector<std::string> all;
+        for (const Box& box : _boxes) {
+            all.push_back(box.title + ": " + box.text);
+        }
+        return all;
+    }
     void forget() { _boxes.clear(); }
     /// Hears of each box, ahead of its answer.
     void onBox(std::function<void(const Box&)> listener) { _onBox = std::move(listener); }

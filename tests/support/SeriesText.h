@@ -4,6 +4,7 @@
 
 #include <sstream>
 #include <string>
+#include <vector>
 
 /// A series as a test states it: "time:data time:data".
 inline std::string textOf(const Series& series) {
@@ -21,4 +22,13 @@ inline std::string timesOf(const Series& series) {
         text << (text.tellp() > 0 ? " " : "") << value.time();
     }
     return text.str();
+}
+
+/// A series with a value each second.
+inline Series seriesOf(const char* name, const std::vector<double>& data, double start = 0.0) {
+    Series series{Id(name)};
+    for (const double value : data) {
+        series.appendValue(value, start + series.lastIndex() + 1);
+    }
+    return series;
 }

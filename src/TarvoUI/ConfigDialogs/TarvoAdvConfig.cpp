@@ -260,7 +260,12 @@ void TarvoAdvConfig::setValue(ConfigItem* item, const QLineEdit* edit, setType t
     }
     const QString text = edit->text().trimmed();
     if (type == TEXT) {
-        item->set(text.toStdString());
+        QLineEdit untouched; // a mask may not show all of a text, and needn't take it away for that
+        untouched.setInputMask(edit->inputMask());
+        setText(&untouched, item, TEXT);
+        if (untouched.text() != edit->text()) {
+            item->set(text.toStdString());
+        }
         return;
     }
     bool isNumber = false;

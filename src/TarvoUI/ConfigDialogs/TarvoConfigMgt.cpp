@@ -229,10 +229,16 @@ void TarvoConfigMgt::displayAdvConfig() {
     }
     _changed = true;
     if (!second) {
-        _registry->save(false);
-        initConfigSet();
-        updateConfigCombo();
+        saveNow();
     }
+}
+
+/// The file has it from now on, however this dialog is left.
+void TarvoConfigMgt::saveNow() {
+    _registry->save(false);
+    emit configChanged();
+    initConfigSet();
+    updateConfigCombo();
 }
 
 void TarvoConfigMgt::restoreDefaults() {
@@ -246,10 +252,8 @@ void TarvoConfigMgt::restoreDefaults() {
     _registry->setActive1SetName(name.toStdString());
     TarvoConfigSet(_registry.get()).restoreDefault();
     _registry->setActive1SetName(first);
-    _registry->save(false); // or reading the file again would undo it
     _changed = true;
-    initConfigSet();
-    updateConfigCombo();
+    saveNow(); // or reading the file again would undo it
 }
 
 void TarvoConfigMgt::deleteConfig() {

@@ -46,6 +46,7 @@ private:
                          void (TarvoConfigMgt::*slot)());
     void initConfigSet();
     void updateConfigCombo();
+    void saveNow();
     /// Whether the button belongs to the second active set.
     bool isSecond(const QObject* sender) const;
     QString activeName(bool second) const;

@@ -269,6 +269,28 @@ TEST(OptionsDialog, RefusedTextsStayAndReachNoItem) {
     EXPECT_EQ(options.item("TempEmailAddress").text(), before);
 }
 
+TEST(OptionsDialog, AMaskChangesNoTextByItself) {
+    Options options;
+    const std::pair<const char*, const char*> texts[] = {
+        {"BSN", "A1234"}, {"CallSign", "abc"}, {"UpsondeAbrHdr", "uuna19"}, {"UpsondeICAO", "K-BC"}};
+    for (const auto& [key, text] : texts) {
+        options.set.set(key, text);
+    }
+    QDialog dialog;
+    const TarvoAdvConfigController controller(&dialog, &options.set, nullptr, 0);
+    dialog.show();
+    for (const auto& [key, text] : texts) {
+        QTest::keyClick(dialog.findChild<QLineEdit*>(key), Qt::Key_Return); // passed by
+        EXPECT_EQ(options.item(key).text(), text);
+    }
+    dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Apply)->click();
+    for (const auto& [key, text] : texts) {
+        EXPECT_EQ(options.item(key).text(), text);
+    }
+    options.type(*dialog.findChild<QLineEdit*>("CallSign"), "xyz");
+    EXPECT_EQ(options.item("CallSign").text(), "XYZ");
+}
+
 TEST(OptionsDialog, NumbersBeyondTheirLimitsReachNoItem) {
     const std::pair<const char*, const char*> wrong[] = {
         {"DragCoef", "1.5"}, {"DragCoef", "nan"}, {"WindSats", "3.5"}, {"WindSats", "25"}, {"GPSPosQCWL", "inf"}};

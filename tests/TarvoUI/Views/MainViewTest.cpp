@@ -265,6 +265,14 @@ TEST(MainView, OffersTheRhChannelsThereAre) {
     }
 }
 
+TEST(MainView, WithTheHeatingOnThereIsOneChannelToChoose) {
+    const MainTab tab("D20100119_180708.4"); // its channels are the same throughout
+    EXPECT_EQ(tab.find<QGroupBox>("_mainGroupBox_rhchannels")->title().toStdString(),
+              "RH Channel for QC Use (Heating On)");
+    EXPECT_TRUE(tab.isChecked("_rhOmbraSelected") && tab.isEnabled("_rhOmbraSelected"));
+    EXPECT_FALSE(tab.isEnabled("_rhChannel1") || tab.isEnabled("_rhChannel2"));
+}
+
 TEST(MainView, TheTabKeyGoesDownTheOverrides) {
     MainTab tab;
     QWidget* at = tab.find<QLineEdit>("_overrideEndTime");

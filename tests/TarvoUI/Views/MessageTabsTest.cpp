@@ -56,6 +56,16 @@ const QString kWhite = QColor("white").name();
 const QString kLightBlue = QColor("lightblue").name();
 const QString kPink = QColor("pink").name();
 
+/// Stands in for the program that writes mail.
+class MailProgram : public QObject {
+    Q_OBJECT
+public slots:
+    void compose(const QUrl& mail) { mails.push_back(mail); }
+
+public:
+    std::vector<QUrl> mails;
+};
+
 class LevelsTab : public testing::Test {
 protected:
     LevelsTab() : view(&sounding.doc, &sounding.printer, nullptr), grid(*view.findChild<QTableWidget*>("_levelsGrid")) {
@@ -342,6 +352,29 @@ TEST_F(WMOTab, MailAndFileCarryTheMessage) {
     EXPECT_EQ(answers.boxes()[0].title, "Invalid Autosave Directory");
 }
 
+TEST_F(WMOTab, TheMailEndsWithNNNNWhereThatIsAskedFor) {
+    MailProgram program;
+    QDesktopServices::setUrlHandler("mailto", &program, "compose");
+    sounding.config.set("TempEmailAddress", std::string("ops@example.org"));
+    std::string text;
+    for (const std::string& line : sounding.editor().wmo()->textLines()) {
+        text += line;
+    }
+    for (const auto& [append, end] : {std::pair(0.0, ""), std::pair(1.0, "NNNN")}) {
+        sounding.config.set("TempAppendNNNN", append);
+        click("_email");
+        ASSERT_FALSE(program.mails.empty());
+        EXPECT_EQ(program.mails.back().path(), "ops@example.org");
+        EXPECT_EQ(QUrlQuery(program.mails.back()).queryItemValue("body", QUrl::FullyDecoded).toStdString(), text + end);
+    }
+    sounding.config.set("DoWMO", 0.0);
+    sounding.doc.process();
+    click("_email");
+    QDesktopServices::unsetUrlHandler("mailto");
+    EXPECT_EQ(program.mails.size(), 2U) << "none without a message";
+    EXPECT_TRUE(answers.boxes().empty());
+}
+
 TEST_F(WMOTab, AMailProgramThatDoesNotOpenIsTold) {
     QDesktopServices::setUrlHandler("mailto", &view, "noSuchSlot");
     click("_email");
@@ -430,3 +463,5 @@ TEST(SummaryTab, ListsTopicsWithTheirItems) {
     ASSERT_EQ(answers.boxes().size(), 1u);
     EXPECT_EQ(answers.boxes()[0].text, "Tarvo can't save the file.");
 }
+
+#include "MessageTabsTest.moc"

@@ -151,6 +151,14 @@ TEST_F(Transmission, FailuresAreTold) {
     EXPECT_EQ(box(), kAdvice);
     EXPECT_THAT(temporaryFiles(), IsEmpty());
 
+    writeFile(folder / "failing", "#!/bin/sh\nkill -9 $$\n"); // dies in the middle
+    press("_sendMsg");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return status() == "ARWO message transfer failed"; }, kPatience));
+    EXPECT_EQ(clearText(), "Clear");
+    EXPECT_EQ(box(), "");
+    EXPECT_THAT(temporaryFiles(), IsEmpty());
+    EXPECT_TRUE(view->findChild<QPushButton*>("_sendMsg")->isEnabled());
+
     fs::remove(folder / "failing"); // it has gone since the tab was opened
     press("_sendMsg");
     ASSERT_TRUE(QTest::qWaitFor([&] { return status() == "ARWO message transfer failed"; }, kPatience));

@@ -1,6 +1,7 @@
 #include "SkewTAdapterSVG.h"
 #include "MadeDiagram.h"
 #include "SvgText.h"
+#include "TextEdits.h"
 
 #include <gmock/gmock.h>
 
@@ -20,14 +21,6 @@ std::string svgOf(const MadeDiagram& diagram, int width = 1000, int height = 700
     adapter.setSkewT(skewT.get());
     skewT->brandNewPlot();
     return out.str();
-}
-
-int countOf(const std::string& text, const std::string& part) {
-    int count = 0;
-    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + part.size())) {
-        ++count;
-    }
-    return count;
 }
 
 /// One plot whose elements a test sends itself.

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 
 using namespace skewt;
@@ -12,17 +13,8 @@ namespace {
 
 constexpr double kKnots = 1.94; // in a metre per second
 
-struct Strokes {
-    int pennants = 0;
-    int full = 0;
-    int half = 0;
-};
-bool operator==(const Strokes& a, const Strokes& b) {
-    return a.pennants == b.pennants && a.full == b.full && a.half == b.half;
-}
-std::ostream& operator<<(std::ostream& out, const Strokes& s) {
-    return out << s.pennants << " pennants, " << s.full << " full, " << s.half << " half";
-}
+/// Pennants, full and half strokes.
+using Strokes = std::array<int, 3>;
 
 struct Barb {
     Barb(double metresPerSecond, double dir, double aspect = 1.0) {
@@ -37,13 +29,13 @@ struct Barb {
     }
     /// Counts the strokes by their lengths: each is drawn out and back.
     Strokes strokes() const {
-        Strokes counted;
+        Strokes counted{};
         EXPECT_NEAR(length(0), 0.4, 1e-9);
         for (std::size_t i = 1; i < adapter.lines.size(); i += 2) {
             EXPECT_NEAR(length(i), length(i + 1), 1e-9);
-            counted.pennants += std::abs(length(i) - 0.11547) < 1e-4;
-            counted.full += std::abs(length(i) - 0.1) < 1e-4;
-            counted.half += std::abs(length(i) - 0.05) < 1e-4;
+            counted[0] += std::abs(length(i) - 0.11547) < 1e-4;
+            counted[1] += std::abs(length(i) - 0.1) < 1e-4;
+            counted[2] += std::abs(length(i) - 0.05) < 1e-4;
         }
         return counted;
     }
@@ -52,34 +44,23 @@ struct Barb {
     RecordingAdapter adapter;
 };
 
-Strokes strokesOf(double knots) {
-    return Barb(knots / kKnots, 270.0).strokes();
-}
-
 } // namespace
 
 TEST(WindBarb, strokesOfASpeed) {
-    EXPECT_EQ(strokesOf(0.0), (Strokes{0, 0, 0}));
-    EXPECT_EQ(strokesOf(3.0), (Strokes{0, 0, 0}));
-    EXPECT_EQ(strokesOf(7.0), (Strokes{0, 0, 1}));
-    EXPECT_EQ(strokesOf(12.0), (Strokes{0, 1, 0}));
-    EXPECT_EQ(strokesOf(52.0), (Strokes{1, 0, 0}));
-    EXPECT_EQ(strokesOf(65.1), (Strokes{1, 1, 1}));
-    EXPECT_EQ(strokesOf(64.9), (Strokes{1, 1, 0}));
-    EXPECT_EQ(strokesOf(103.0), (Strokes{2, 0, 0}));
-    EXPECT_EQ(strokesOf(88.0), (Strokes{1, 3, 1}));
+    const std::pair<double, Strokes> cases[] = {{0.0, {0, 0, 0}},  {3.0, {0, 0, 0}},   {7.0, {0, 0, 1}},
+                                                {12.0, {0, 1, 0}}, {52.0, {1, 0, 0}},  {65.1, {1, 1, 1}},
+                                                {64.9, {1, 1, 0}}, {103.0, {2, 0, 0}}, {88.0, {1, 3, 1}}};
+    for (const auto& [knots, strokes] : cases) {
+        EXPECT_EQ(Barb(knots / kKnots, 270.0).strokes(), strokes) << knots;
+    }
 }
 
 TEST(WindBarb, limitsAreStrict) {
-    const double fifty = 50.0 / kKnots;
-    ASSERT_EQ(fifty * kKnots, 50.0);
-    EXPECT_EQ(Barb(fifty, 270.0).strokes(), (Strokes{0, 4, 1}));
-    const double hundred = 100.0 / kKnots;
-    ASSERT_EQ(hundred * kKnots, 100.0);
-    EXPECT_EQ(Barb(hundred, 270.0).strokes(), (Strokes{1, 4, 1}));
-    const double ten = 10.0 / kKnots;
-    ASSERT_EQ(ten * kKnots, 10.0);
-    EXPECT_EQ(Barb(ten, 270.0).strokes(), (Strokes{0, 0, 1}));
+    const std::pair<double, Strokes> cases[] = {{50.0, {0, 4, 1}}, {100.0, {1, 4, 1}}, {10.0, {0, 0, 1}}};
+    for (const auto& [knots, strokes] : cases) {
+        ASSERT_EQ(knots / kKnots * kKnots, knots) << "the limit itself";
+        EXPECT_EQ(Barb(knots / kKnots, 270.0).strokes(), strokes) << knots;
+    }
 }
 
 TEST(WindBarb, ofASpeedThatIsNone) {
@@ -88,15 +69,13 @@ TEST(WindBarb, ofASpeedThatIsNone) {
 }
 
 TEST(WindBarb, staffPointsToWhereTheWindComesFrom) {
-    const Point west = Barb(5.0, 270.0).end(0);
-    EXPECT_NEAR(west.x, 0.1, 1e-5);
-    EXPECT_NEAR(west.y, 0.5, 1e-5);
-    const Point north = Barb(5.0, 0.0).end(0);
-    EXPECT_NEAR(north.x, 0.5, 1e-5);
-    EXPECT_NEAR(north.y, 0.9, 1e-5);
-    const Point southEast = Barb(5.0, 135.0).end(0);
-    EXPECT_NEAR(southEast.x, 0.5 + 0.4 * std::sqrt(0.5), 1e-5);
-    EXPECT_NEAR(southEast.y, 0.5 - 0.4 * std::sqrt(0.5), 1e-5);
+    const double diagonal = 0.4 * std::sqrt(0.5);
+    const std::pair<double, Point> cases[] = {
+        {270.0, {0.1, 0.5}}, {0.0, {0.5, 0.9}}, {135.0, {0.5 + diagonal, 0.5 - diagonal}}};
+    for (const auto& [dir, end] : cases) {
+        EXPECT_NEAR(Barb(5.0, dir).end(0).x, end.x, 1e-5) << dir;
+        EXPECT_NEAR(Barb(5.0, dir).end(0).y, end.y, 1e-5) << dir;
+    }
 }
 
 TEST(WindBarb, barbsOnTheLeftOfTheWindFromTheEndInwards) {
@@ -168,10 +147,9 @@ TEST(WindBarbs, asManyAsAskedFor) {
     for (double p = 999.0; p > 100.0; p -= 0.5) {
         pres.push_back(p);
     }
-    EXPECT_EQ(Barbs(pres, 20).heights().size(), 20U);
-    EXPECT_EQ(Barbs(pres, 1).heights().size(), 1U);
-    EXPECT_EQ(Barbs(pres, 0).heights().size(), 0U);
-    EXPECT_EQ(Barbs(pres, -3).heights().size(), 0U);
+    for (const auto& [asked, drawn] : {std::pair(20, 20U), {1, 1U}, {0, 0U}, {-3, 0U}}) {
+        EXPECT_EQ(Barbs(pres, asked).heights().size(), drawn) << asked;
+    }
     EXPECT_EQ(Barbs({900.0, 899.0, 898.0}, 5000).heights().size(), 3U);
     EXPECT_EQ(Barbs({900.0, 899.5}, 20, 899.2, 900.1).heights().size(), 0U) << "too little pressure";
 }

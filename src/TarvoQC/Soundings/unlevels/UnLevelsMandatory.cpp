@@ -152,6 +152,9 @@ void UnLevels::decodeMandatory(MandatoryTable table, std::size_t index, bool wit
     if (withWind) {
         decodeDDFFF(level);
     }
+    if (level.type() == SURFACE) {
+        _surface = level;
+    }
     if (level.size() > 1) {
         add(level);
     }

@@ -183,13 +183,6 @@ TEST(EditorControl, EstimatedHeights) {
     EXPECT_EQ(out, 20) << "the last above the surface";
 }
 
-TEST(EditorControl, RhChoiceIsForTheNextRun) {
-    Analysis analysis(drop());
-    EXPECT_EQ(analysis.editor.RHselection(), 0);
-    analysis.editor.selectRH(2);
-    EXPECT_EQ(analysis.editor.RHselection(), 2);
-}
-
 // Chosen for the sounding alone, it is another than the configuration's.
 TEST(EditorControl, AttributesTellTheRhChannelOfTheData) {
     CsvText text(true);

@@ -202,4 +202,11 @@ TEST(Standard, ExtrapolatesAltitudesToSurfacesJustBeyondTheData) {
             EXPECT_EQ(drop.count(LevelType::ExtrapAlt), 0);
         }
     }
+    MadeDrop dry;
+    dry.pres = everySecond({{0, 120}, {100, 145}});
+    dry.landed();
+    dry.tdry = everySecond({{0, 20}, {100, 30}}); // 8 deg C in 20 mb
+    dry.rh.removeAll();                           // 70 % are assumed
+    dry.run();
+    EXPECT_NEAR(dry.the(LevelType::ExtrapAlt, LFalt), 1000.0 + deltaZ(120.0, 100.0, 20.0, 20.4, 70.0, 70.0), 1e-6);
 }

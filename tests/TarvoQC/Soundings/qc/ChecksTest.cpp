@@ -3,11 +3,8 @@
 #include "OutlierCheck.h"
 #include "ScalarAdjustment.h"
 #include "Smooth.h"
-#include "Sounding.h"
 
-#include "CsvText.h"
-#include "MadeConfig.h"
-#include "SeriesText.h"
+#include "QcRun.h"
 
 #include <algorithm>
 #include <cmath>
@@ -23,14 +20,6 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
-Series seriesOf(const char* name, const std::vector<double>& data) {
-    Series series{Id(name)};
-    for (std::size_t i = 0; i < data.size(); ++i) {
-        series.appendValue(data[i], static_cast<double>(i));
-    }
-    return series;
-}
-
 /// The times that bear a flag.
 std::string stamped(const Series& series, Value::AttributeType attribute) {
     std::ostringstream text;
@@ -42,44 +31,23 @@ std::string stamped(const Series& series, Value::AttributeType attribute) {
     return text.str();
 }
 
-class Silence : public StatusAgent {
-public:
-    void AppendStatus(const std::string&) override {}
-};
-
 /// A sounding that didn't reach the surface, so that nothing is added at its end.
-struct CheckRun {
-    explicit CheckRun(const CsvText& csv) {
+struct CheckRun : QcRun {
+    explicit CheckRun(const CsvText& csv) : QcRun(csv) {
         config.set.set("DropsondeHitSfc", 0.0);
         config.set.add("PresMonoCheck", 0.0, false, false, true);
         config.set.add("BlendLength", 0.0, false, false, true);
         config.set.add("WindVVPresWL", 0.0, false, false, true);
-        std::istringstream stream(csv.text());
-        sounding = std::make_unique<Sounding>("made.csv", &stream, config.set, summary);
-    }
-    void process() {
-        Silence agent;
-        summary.clear();
-        sounding->qcProcess(agent);
+        load();
     }
     Series& at(const char* name) { return *sounding->getSeries(name); }
-    std::string series(const char* name) { return textOf(at(name)); }
     std::string times(const char* name) { return timesOf(at(name)); }
     std::vector<std::string> items(const std::string& topic) { return summary.items(topic); }
-    std::string errors() {
-        std::string text;
-        sounding->qcError(text);
-        return text;
-    }
     void expectWindTimes(const std::string& expected) {
         for (const char* name : {"QCWspd", "QCWdir", "QCU", "QCV"}) {
             EXPECT_EQ(times(name), expected) << name;
         }
     }
-
-    MadeConfig config;
-    Summary summary;
-    std::unique_ptr<Sounding> sounding;
 };
 
 const char* const kFields = "Time,Pressure,Temperature,RH,Speed,Direction,Latitude,Longitude,GpsAlt,Sats";
@@ -163,6 +131,15 @@ TEST(BuddyCheck, SpikesStepsAndEnds) {
 TEST(BuddyCheck, SlopesAreAboutTheTrend) {
     Series steep = seriesOf("QCPres", {0, 10, 20, 30, 40});
     EXPECT_EQ(BuddyCheck().check(&steep, 1.0, nullptr), 0) << "10 a second, all of it trend";
+}
+
+// The trend of both is level, at 2 and 4: slopes of exactly 10 a second.
+TEST(BuddyCheck, ASlopeMustExceedTheLimit) {
+    for (const std::vector<double>& data : {std::vector<double>{0, 0, 10, 0, 0}, {10, 0, 0, 0, 10}}) {
+        Series judged = seriesOf("QCTdry", data);
+        EXPECT_EQ(BuddyCheck().check(&judged, 10.0, nullptr), 0);
+        EXPECT_EQ(BuddyCheck().check(&judged, 9.99, nullptr), 1);
+    }
 }
 
 TEST(BuddyCheck, KeptValuesStay) {

@@ -1,20 +1,13 @@
 // Every shipped configuration set runs on every example, again and again with the same result.
 
-#include "EditorControl.h"
-#include "RegistryXML.h"
+#include "ExampleRun.h"
 #include "SeriesText.h"
-#include "ShippedConfiguration.h"
-#include "TarvoConfigSet.h"
 
-#include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
 
 namespace {
-
-namespace fs = std::filesystem;
 
 std::string qcSet(const EditorControl& editor) {
     std::string text;
@@ -30,13 +23,10 @@ std::string qcSet(const EditorControl& editor) {
 TEST(EverySet, RunsOnEveryExample) {
     int runs = 0;
     for (const ShippedSet& set : shippedSets()) {
-        for (const auto& entry : fs::directory_iterator(fs::path(TARVO_SOURCE_DIR) / "examples/data")) {
+        for (const auto& entry : std::filesystem::directory_iterator(kExamples)) {
             const std::string what = std::string(set.name) + " on " + entry.path().filename().string();
-            const auto registry = RegistryXML::fromText(shippedConfiguration(), std::string(set.name));
-            TarvoConfigSet config(registry.get());
-            EditorControl editor(config, "V3.4.8");
-            std::ifstream stream(entry.path());
-            editor.getSounding(entry.path().string(), &stream);
+            ExampleRun run(entry.path().filename().string(), std::string(set.name));
+            EditorControl& editor = run.editor;
             if (!editor.isValid()) { // a full-size sonde with the set of minisondes
                 EXPECT_EQ(set.name, "mini-dropsonde") << what;
                 EXPECT_EQ(editor.getSndfileErrorMsg().substr(0, 26), "This is not a minisonde, b") << what;
@@ -62,47 +52,10 @@ TEST(EverySet, RunsOnEveryExample) {
     EXPECT_GT(runs, 60);
 }
 
-TEST(EverySet, KeepAndIgnoreOrdersHoldInTheNextRun) {
-    const auto registry = RegistryXML::fromText(shippedConfiguration(), "editsonde");
-    TarvoConfigSet config(registry.get());
-    EditorControl editor(config, "V3.4.8");
-    const fs::path path = fs::path(TARVO_SOURCE_DIR) / "examples/data/D20210914_043120.2";
-    std::ifstream stream(path);
-    editor.getSounding(path.string(), &stream);
-    editor.qcProcess();
-    const Series& raw = *editor.getSeries("RawPres");
-    int condemned = -1;
-    for (int i = 100; i < raw.lastIndex() && condemned < 0; ++i) {
-        condemned = raw.testAttribute(i, Value::QcBuddyCheck) ? i : -1;
-    }
-    ASSERT_GE(condemned, 0);
-    const double spikeTime = raw.time(condemned);
-    const double goodTime = raw.time(50);
-    EXPECT_EQ(editor.getSeries("QCPres")->indexFromTime(spikeTime), -1);
-    ASSERT_GE(editor.getSeries("QCPres")->indexFromTime(goodTime), 0);
-
-    ASSERT_TRUE(editor.setDataAtt("RawPres", spikeTime, Value::QcKeep, true));
-    ASSERT_TRUE(editor.setDataAtt("RawPres", goodTime, Value::QcIgnore, true));
-    editor.qcProcess();
-    EXPECT_GE(editor.getSeries("QCPres")->indexFromTime(spikeTime), 0);
-    EXPECT_EQ(editor.getSeries("QCPres")->indexFromTime(goodTime), -1);
-    EXPECT_FALSE(raw.testAttribute(condemned, Value::QcBuddyCheck)) << "it wasn't removed this time";
-
-    ASSERT_TRUE(editor.setDataAtt("RawPres", spikeTime, Value::QcKeep, false));
-    ASSERT_TRUE(editor.setDataAtt("RawPres", goodTime, Value::QcIgnore, false));
-    editor.qcProcess();
-    EXPECT_EQ(editor.getSeries("QCPres")->indexFromTime(spikeTime), -1);
-    EXPECT_GE(editor.getSeries("QCPres")->indexFromTime(goodTime), 0);
-}
-
 TEST(EverySet, TheDryBiasIsTakenOutOfAFileThatNeedsIt) {
-    const auto registry = RegistryXML::fromText(shippedConfiguration(), "editsonde");
-    TarvoConfigSet config(registry.get());
-    EditorControl editor(config, "V3.4.8");
-    const fs::path path = fs::path(TARVO_SOURCE_DIR) / "examples/data/D20100119_180708.4";
-    std::ifstream stream(path);
-    editor.getSounding(path.string(), &stream);
-    config.set("DoQC", 3.0); // nothing but the correction
+    ExampleRun run("D20100119_180708.4");
+    EditorControl& editor = run.editor;
+    run.config.set("DoQC", 3.0); // nothing but the correction
     editor.qcProcess();
     EXPECT_EQ(editor.attributesSnd().at("TDDryBiasCorrApplied"), "true");
     const auto items = editor.summaryItems("TD Dry Bias Correction");

@@ -10,15 +10,6 @@
 
 namespace {
 
-/// Values one second apart, the first at \p start.
-Series made(const char* name, std::initializer_list<double> data, double start = 0.0) {
-    Series series(name);
-    for (const double value : data) {
-        series.appendValue(value, start + series.lastIndex() + 1);
-    }
-    return series;
-}
-
 class Fixed : public TimeConstant {
 public:
     bool value(double time, double& out) const override {
@@ -31,11 +22,11 @@ public:
 
 // Dry isothermal air of 0 deg C: dz = 273.15 / 0.034164 ln(p1 / p2), so 842.3845 m from 1000 to 900 mb.
 TEST(Altitude, IntegratesBothWays) {
-    Series pres = made("QCPres", {900.0, 1000.0});
+    Series pres = seriesOf("QCPres", {900.0, 1000.0});
     pres.setAttribute(0, Value::ObsFlight);
     pres.setAttribute(1, Value::ObsSurface);
-    const Series tdry = made("QCTdry", {0.0, 0.0});
-    const Series rh = made("QCRH", {0.0, 0.0});
+    const Series tdry = seriesOf("QCTdry", {0.0, 0.0});
+    const Series rh = seriesOf("QCRH", {0.0, 0.0});
     std::string log;
 
     Series up(pres, "QCAltUp");
@@ -74,7 +65,7 @@ TEST(Altitude, BridgesAGapInTemperatureAndStopsAtOneInPressure) {
     EXPECT_EQ(log, "Upward integration starts @ 0.0m and stops @ 617.1m\n");
 
     alt = Series(pres, "QCAltUp");
-    Altitude().calculate(alt, pres, made("QCTdry", {-10.0}), Series("QCRH"), 60.0, 0.0, Altitude::BACKWARD, log);
+    Altitude().calculate(alt, pres, seriesOf("QCTdry", {-10.0}), Series("QCRH"), 60.0, 0.0, Altitude::BACKWARD, log);
     EXPECT_EQ(log, "") << "one temperature is none";
     EXPECT_EQ(alt.data(0), 500.0);
 }
@@ -82,16 +73,16 @@ TEST(Altitude, BridgesAGapInTemperatureAndStopsAtOneInPressure) {
 // A degree of latitude at the equator is 110.567 km, one of longitude 111.320 km: 10 m/s move 9.0443e-5 and 8.9831e-5
 // degrees in a second.
 TEST(Position, FollowsTheWindFromTheLaunch) {
-    const Series wind = made("QCu", {10.0, 10.0, 10.0}, -1.0);
-    Series lat = made("QCLat", {0.0, -999.0, -999.0}, -1.0);
-    Series lon = made("QCLon", {-80.0, -999.0, -999.0}, -1.0);
+    const Series wind = seriesOf("QCu", {10.0, 10.0, 10.0}, -1.0);
+    Series lat = seriesOf("QCLat", {0.0, -999.0, -999.0}, -1.0);
+    Series lon = seriesOf("QCLon", {-80.0, -999.0, -999.0}, -1.0);
     Position().calculate(wind, wind, lat, lon, 60.0);
     EXPECT_NEAR(lat.data(2), 2 * 9.0443e-5, 1e-8);
     EXPECT_NEAR(lon.data(2) + 80.0, 2 * 8.9831e-5, 1e-8);
 
-    Series late = made("QCu", {10.0, 10.0}, -1.0);
+    Series late = seriesOf("QCu", {10.0, 10.0}, -1.0);
     late.appendValue(10.0, 100.0);
-    lat = made("QCLat", {0.0, -999.0}, -1.0);
+    lat = seriesOf("QCLat", {0.0, -999.0}, -1.0);
     lat.appendValue(-999.0, 50.0);
     lon = Series(lat, "QCLon");
     Position().calculate(late, late, lat, lon, 60.0);
@@ -112,7 +103,7 @@ TEST(DynamicAdjustment, AddsLagTimesSlope) {
     EXPECT_NEAR(tdry.data(40), -20.0 + 4.0, 1e-12) << "without a time constant";
     EXPECT_EQ(tdry.data(60), -14.0) << "the surface value";
 
-    Series two = made("QCTdry", {1.0, 2.0});
+    Series two = seriesOf("QCTdry", {1.0, 2.0});
     EXPECT_FALSE(DynamicAdjustment().adjust(&two, Fixed(), 20.0));
 }
 
@@ -139,9 +130,9 @@ TEST(VerticalVelocity, IsHydrostatic) {
         pres.appendValue(470.0 + i, i);
     }
     pres.setAttribute(0, Value::ObsFlight);
-    Series tdry = made("QCTdry", {0.0});
+    Series tdry = seriesOf("QCTdry", {0.0});
     tdry.appendValue(0.0, 60.0);
-    Series rh = made("QCRH", {0.0});
+    Series rh = seriesOf("QCRH", {0.0});
     rh.appendValue(0.0, 60.0);
     Series dz("QCDz");
     ASSERT_TRUE(VerticalVelocity().verticalVelocity(&pres, &tdry, &rh, &dz, 10.0));
@@ -152,7 +143,7 @@ TEST(VerticalVelocity, IsHydrostatic) {
     Series w("QCW");
     ASSERT_TRUE(W().w(&dz, &pres, &tdry, 900.0, 0.61, 320.0, &w));
     EXPECT_NEAR(w.data(29), 13.3836 - 15.9902, 0.002);
-    Series few = made("QCDz", {-10.0, -10.0});
+    Series few = seriesOf("QCDz", {-10.0, -10.0});
     EXPECT_FALSE(W().w(&few, &pres, &tdry, 900.0, 0.61, 320.0, &w));
     EXPECT_TRUE(w.empty());
 }

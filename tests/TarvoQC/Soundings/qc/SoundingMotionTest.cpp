@@ -104,6 +104,27 @@ TEST(SoundingMotion, AWindWhoseFallRateAgreesWithNeitherOtherGoes) {
     EXPECT_EQ(good.sounding->getSeries("QCWspd")->lastIndex(), 99);
 }
 
+// The launch wind isn't judged, nor is the last one.
+TEST(SoundingMotion, WindsAreJudgedFromFourOn) {
+    for (const bool launched : {false, true}) {
+        for (const int winds : {3, 4}) {
+            CsvText text(false);
+            if (launched) {
+                text.line("Speed,10").line("Direction,90");
+            }
+            text.fields("Time,Pressure,Speed,Direction,Ascent");
+            for (int i = 0; i < 10; ++i) {
+                text.data(std::to_string(i) + ",900," + (i < winds ? "10,90,0" : ",,0"));
+            }
+            QcRun run(text);
+            run.process();
+            const auto item = testing::HasSubstr("failed the vertical velocity check: 3");
+            EXPECT_EQ(testing::Value(run.summary.items("QC for Winds"), testing::Contains(item)), winds == 4);
+            EXPECT_EQ(run.sounding->getSeries("QCWspd")->lastIndex() + 1, (winds == 4 ? 1 : 3) + (launched ? 1 : 0));
+        }
+    }
+}
+
 TEST(SoundingMotion, TellsAFastFall) {
     EvenDrop run;
     run.process();
@@ -240,6 +261,33 @@ TEST(SoundingMotion, EquilibrationTakesTheHeadAndSaysWhy) {
     EXPECT_EQ(attributes.at("RHEquilTime"), "2.00");
 }
 
+// 5.86 time constants of 2.72 s from 25 to -10 deg C but for 0.1, in 500 mb. Of the RH sensor 10.22 s at 500 mb: the
+// 30922 of 17.67 * 35 K * 50 % are 138 % at -10 deg C, and those to 5 % take 3.32 of them.
+TEST(SoundingMotion, EquilibrationIsWorkedOutFromTheLaunch) {
+    CsvText text(false);
+    text.line("Pressure,500").line("Temperature,-10").line("RH,50").fields("Time,Pressure,Temperature,RH");
+    for (int i = 0; i < 60; ++i) {
+        text.data(std::to_string(i) + ",500,-10,50");
+    }
+    EvenDrop run(text);
+    run.config.set.remove("LaunchTdryOverride");
+    run.config.set.set("CabinTemp", 25.0);
+    run.process();
+    const auto attributes = run.sounding->attributes();
+    EXPECT_EQ(attributes.at("TdryEquilTime"), "15.92");
+    EXPECT_EQ(attributes.at("PresEquilTime"), "15.92");
+    EXPECT_EQ(attributes.at("RHEquilTime"), "33.92");
+    const auto items = run.summary.items("Ambient Equilibration");
+    ASSERT_EQ(items.size(), 11u);
+    EXPECT_EQ(items[7], "Temperature equilibration at time: 15.9s, RS80 T sensor time constants: 5.9");
+    EXPECT_EQ(items[8], "RH equilibration at time: 33.9s, RS80 RH sensor time constants: 3.3");
+    EXPECT_EQ(items[9], "Pressure: same equilibration time used as for temperature");
+    for (const auto& [name, time] : {std::pair("QCTdry", 16.0), {"QCPres", 16.0}, {"QCVVPres", 16.0}, {"QCRH", 34.0}}) {
+        EXPECT_EQ(run.sounding->getSeries(name)->time(0), -1.0) << name;
+        EXPECT_EQ(run.sounding->getSeries(name)->time(1), time) << name;
+    }
+}
+
 namespace {
 
 /// The even drop with further lines at its end.
@@ -275,17 +323,26 @@ TEST(SoundingMotion, SplashIsTheLastUsableFrame) {
 }
 
 TEST(SoundingMotion, SurfaceValuesNeedRecentSamples) {
-    CsvText text = evenDrop();
-    for (const char* row :
-         {"50,950,,50,10,90,", "50.5,950.5,,50,10,90,", "51,951,,50,10,90,", "51.5,951.5,,50,10,90,"}) {
-        text.data(row);
+    const auto lastTime = [](const EvenDrop& run, const char* name) {
+        const Series& series = *run.sounding->getSeries(name);
+        return series.time(series.lastIndex());
+    };
+    for (const char* dry : {"QCTdry", "QCRH"}) {
+        const std::string cells = dry == std::string("QCTdry") ? ",,50,10,90," : ",20,,10,90,";
+        CsvText text = evenDrop();
+        for (const char* row : {"50,950", "50.5,950.5", "51,951"}) {
+            text.data(row + cells);
+        }
+        EvenDrop recent(text);
+        recent.process();
+        EXPECT_NEAR(lastTime(recent, dry), 51.54, 1e-9) << "1.5 s before the splash";
+        EvenDrop run(text.data("51.5,951.5" + cells));
+        run.process();
+        EXPECT_EQ(lastTime(run, dry), 49.5) << "2 s before the splash";
+        for (const char* name : {"QCPres", "QCTdry", "QCRH"}) {
+            EXPECT_TRUE(name == std::string(dry) || std::abs(lastTime(run, name) - 52.04) < 1e-9) << name;
+        }
     }
-    EvenDrop run(text);
-    run.process();
-    EXPECT_EQ(run.sounding->getSeries("QCTdry")->time(run.sounding->getSeries("QCTdry")->lastIndex()), 49.5)
-        << "2 s before the splash";
-    EXPECT_NEAR(run.sounding->getSeries("QCPres")->time(run.sounding->getSeries("QCPres")->lastIndex()), 52.04, 1e-9);
-    EXPECT_NEAR(run.sounding->getSeries("QCRH")->time(run.sounding->getSeries("QCRH")->lastIndex()), 52.04, 1e-9);
 }
 
 TEST(SoundingMotion, WithoutTemperatureTheSondeFalls12MetresASecond) {

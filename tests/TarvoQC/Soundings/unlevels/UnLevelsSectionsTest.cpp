@@ -123,7 +123,11 @@ TEST(UnLevels, HeightsFollowTheTable) {
         for (const std::string& indicator : test.indicators) {
             text.append(" ").append(indicator).append(test.digits).append(" /////");
         }
-        expectColumn(UnLevels(text + " 88999 77999"), UnLevels::MANDATORY, UnLevels::HEIGHT, test.heights);
+        const UnLevels read(text + " 88999 77999");
+        expectColumn(read, UnLevels::MANDATORY, UnLevels::HEIGHT, test.heights);
+        expectColumn(read, UnLevels::MANDATORY, UnLevels::PRES,
+                     test.head == headA ? std::vector<double>{1000, 925, 850, 700, 500, 400, 300, 250, 200, 150, 100}
+                                        : std::vector<double>{70, 50, 30, 20, 10, 7, 5, 3, 2, 1});
     }
 }
 

@@ -217,51 +217,6 @@ TEST_P(BSplineEnds, SlopeIsTheDerivativeOfTheFit) {
 
 INSTANTIATE_TEST_SUITE_P(All, BSplineEnds, testing::Values(kZeroValue, kZeroSlope, kZeroCurvature));
 
-TEST(BSpline, EndConditionsHold) {
-    const Numbers x = irregularly();
-    const Numbers y = valuesOf(x, wavy);
-    double mean = 0.0;
-    for (const double each : y) {
-        mean += each / static_cast<double>(y.size());
-    }
-    const BSpline<double> value = fitOf(x, y, 4.0, kZeroValue);
-    const BSpline<double> slope = fitOf(x, y, 4.0, kZeroSlope);
-    const BSpline<double> curvature = fitOf(x, y, 4.0, kZeroCurvature);
-    constexpr double kStep = 1e-5;
-    for (const double inward : {1.0, -1.0}) {
-        const double end = inward > 0.0 ? x.front() : x.back();
-        EXPECT_NEAR(value.evaluate(end), mean, 1e-9) << "what is zero is the departure from the mean";
-        EXPECT_GT(std::abs(slope.evaluate(end) - mean), 0.1);
-        EXPECT_NEAR(slope.slope(end), 0.0, 1e-9);
-        EXPECT_GT(std::abs(curvature.slope(end)), 0.1);
-        EXPECT_NEAR((curvature.slope(end + inward * kStep) - curvature.slope(end)) / kStep, 0.0, 1e-3);
-        EXPECT_GT(std::abs(slope.slope(end + inward * kStep) - slope.slope(end)) / kStep, 0.1);
-    }
-}
-
-TEST(BSpline, AConstantIsKept) {
-    const Numbers x = irregularly();
-    const BSpline<double> fit = fitOf(x, Numbers(x.size(), 1013.25), 4.0);
-    ASSERT_TRUE(fit.ok());
-    for (int i = 0; i < fit.nNodes(); ++i) {
-        EXPECT_NEAR(fit.coefficient(i), 0.0, 1e-9) << i;
-    }
-    for (double t = x.front(); t <= x.back(); t += 0.3) {
-        EXPECT_NEAR(fit.evaluate(t), 1013.25, 1e-9);
-        EXPECT_NEAR(fit.slope(t), 0.0, 1e-9);
-    }
-}
-
-TEST(BSpline, AStraightLineIsKept) {
-    const Numbers x = irregularly();
-    const BSpline<double> fit = fitOf(x, valuesOf(x, [](double t) { return 500.0 + 3.0 * t; }), 8.0);
-    ASSERT_TRUE(fit.ok());
-    for (double t = x.front(); t <= x.back(); t += 0.1) {
-        EXPECT_NEAR(fit.evaluate(t), 500.0 + 3.0 * t, 1e-3);
-        EXPECT_NEAR(fit.slope(t), 3.0, 1e-3);
-    }
-}
-
 /// With d samples for an interval of length D, the fit of a sine of wavenumber k weighs d for the data against
 /// alpha (kD)^4 for the penalty, and alpha is (cutoff / 2 pi D)^4: d / (d + (cutoff / wavelength)^4) is left.
 TEST(BSpline, ResponseToAWavelength) {
