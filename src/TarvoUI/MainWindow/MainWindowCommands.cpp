@@ -219,9 +219,7 @@ void TarvoMainWindow::updateMenus() {
     }
     action("_actionRecompute")->setEnabled(tab != nullptr && tab->canRecompute());
     showConfigName();
-    if (soundingCount() == 0) {
-        stopFlash(); // who asked for it is gone
-    }
+    view != nullptr && view->needsRun() ? startFlash() : stopFlash();
     for (const char* name : {"_actionClose", "_actionCloseAll", "_actionOptions", "_actionRestoreDefaults",
                              "_actionCascade", "_actionTile", "_actionArrangeIcons"}) {
         action(name)->setEnabled(view != nullptr);

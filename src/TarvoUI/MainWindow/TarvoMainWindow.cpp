@@ -172,8 +172,12 @@ void TarvoMainWindow::showConfigName() {
 void TarvoMainWindow::processRequested(bool onlySignal) {
     if (!onlySignal) {
         recompute();
-        return;
+    } else {
+        startFlash();
     }
+}
+
+void TarvoMainWindow::startFlash() {
     if (_recomputeTimer == 0) {
         _recomputeTimer = startTimer(kFlashPeriod, Qt::CoarseTimer);
         action("_actionRecompute")->setToolTip(kRecomputeNeeded);

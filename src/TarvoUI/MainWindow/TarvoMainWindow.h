@@ -135,6 +135,7 @@ private:
     void updateRecentFileActions();
     void fillMenuFile();
     void showConfigName();
+    void startFlash();
     void stopFlash();
     void showContextMenu();
     void openDocument(const QString& path, const QString& failure);
