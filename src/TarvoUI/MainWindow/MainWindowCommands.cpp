@@ -247,6 +247,22 @@ void TarvoMainWindow::showStatusbar() {
     statusBar()->setVisible(action("_actionStatusbar")->isChecked());
 }
 
+/// Lays out all windows, those that were icons too.
+void TarvoMainWindow::arrange(void (QMdiArea::*order)()) {
+    QMdiSubWindow* active = _mdiArea->currentSubWindow();
+    _mdiArea->setUpdatesEnabled(false);
+    _mdiArea->setOption(QMdiArea::DontMaximizeSubWindowOnActivation, true);
+    for (QMdiSubWindow* window : _mdiArea->subWindowList()) {
+        if (window->isMinimized()) {
+            window->showNormal();
+        }
+    }
+    (_mdiArea->*order)();
+    _mdiArea->setActiveSubWindow(active);
+    _mdiArea->setOption(QMdiArea::DontMaximizeSubWindowOnActivation, false);
+    _mdiArea->setUpdatesEnabled(true);
+}
+
 /// Every icon gets its place anew whenever one window becomes an icon, so those that are icons already stay as they
 /// are: to show a hundred windows once more takes seconds.
 void TarvoMainWindow::arrangeIcons() {
