@@ -164,6 +164,7 @@ TarvoViewController* TarvoMainWindow::createViewsAndProcessFile(const QString& p
     QString message;
     if (!view->openFile(path, message)) {
         qCWarning(mainWindowLog) << "Not opened:" << path << message;
+        _statusAgent->SetStatus("Ready"); // nothing is being loaded any more
         QMessageBox::critical(this, "File Open Error", message);
         delete view;
         return nullptr;
