@@ -223,6 +223,10 @@ void TarvoMainWindow::closeSoundings() {
         if (_quitting) {
             return;
         }
+        const TarvoViewController* view = viewOf(window);
+        if (view != nullptr && view->configSet()->changed()) {
+            raiseWindow(window); // the question doesn't say which sounding it is about
+        }
         window->close();
     }
 }
