@@ -52,7 +52,7 @@ TarvoMainWindow::TarvoMainWindow(QWidget* parent)
       _letterQ(QPixmap(":/Images/LetterQ.png")
                    .scaled(kLetterSize, kLetterSize, Qt::KeepAspectRatio, Qt::SmoothTransformation)) {
     setObjectName("TarvoMainWindow");
-    setWindowIcon(QIcon(":/tarvo_icons/tarvo.png"));
+    QApplication::setWindowIcon(QIcon(":/tarvo_icons/tarvo.png")); // of boxes without a parent too
     setWindowTitle("Tarvo " + toQString(RevisionInfo().text("REPO_REVISION")));
     setCentralWidget(_mdiArea);
     _mdiArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
