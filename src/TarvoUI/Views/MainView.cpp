@@ -114,7 +114,9 @@ void MainView::update() {
     _topLabel->setText(_description);
     setFormFromConfig();
     double value = 0.0;
-    const auto show = [&](QLineEdit* edit, bool have) { setEditValue(edit, value, kDecimals, !have); };
+    const auto show = [&](QLineEdit* edit, bool have) {
+        setEditValue(edit, value, kDecimals, !have || value == kMissing);
+    };
     show(_estLaunchAlt, _editor->estLaunchAlt(value));
     show(_estTermAlt, _editor->estTermAlt(value));
     show(row("SfcPresOverride").reported, _editor->getRawTermPres(value));

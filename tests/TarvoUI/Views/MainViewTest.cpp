@@ -99,6 +99,8 @@ TEST(MainView, ShowsNothingWhereNothingWasComputed) {
     const MainTab up("polar_up_20230117.csv"); // integrated upward from the ground only
     EXPECT_EQ(up.shown("_estLaunchAlt"), "");
     EXPECT_EQ(up.shown("_estTermAlt"), "");
+    const MainTab message("temp_20220708.wmo"); // its station isn't known to Tarvo
+    EXPECT_EQ(message.shown("_dropSfcAlt"), "");
 }
 
 TEST(MainView, TipsNameTheQuantity) {
