@@ -2,6 +2,7 @@
 
 #include "CommView.h"
 
+#include "ScrolledForm.h"
 #include "SerialPorts.h"
 #include "UiText.h"
 
@@ -12,7 +13,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QVBoxLayout>
 
 namespace {
@@ -59,15 +59,9 @@ void CommView::makeForm() {
     columns->addLayout(left);
     columns->addLayout(right);
     columns->addStretch();
-    auto* scroll = new QScrollArea(this); // large type on a small screen
-    scroll->setWidget(form);
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->viewport()->setAutoFillBackground(false);
-    form->setAutoFillBackground(false);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(_topLabel);
-    layout->addWidget(scroll);
+    layout->addWidget(scrolled(form, this));
 }
 
 QLineEdit* CommView::addEdit(QFormLayout* form, const char* label, const char* name, const char* mask,

@@ -2,9 +2,10 @@
 
 #include "MainView.h"
 
+#include "ScrolledForm.h"
+
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QScrollArea>
 #include <QVBoxLayout>
 
 namespace {
@@ -46,15 +47,9 @@ MainView::MainView(DocumentController* doc, QPrinter* printer, QWidget* parent) 
     columns->addLayout(left);
     columns->addLayout(right);
     columns->addStretch();
-    auto* scroll = new QScrollArea(this); // large type on a small screen
-    scroll->setWidget(_form);
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->viewport()->setAutoFillBackground(false);
-    _form->setAutoFillBackground(false);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(_topLabel);
-    layout->addWidget(scroll);
+    layout->addWidget(scrolled(_form, this));
 
     for (std::size_t index = 0; index < _rows.size(); ++index) {
         connectRow(index);
