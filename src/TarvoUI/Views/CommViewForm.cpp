@@ -42,9 +42,7 @@ void CommView::makeForm() {
     setObjectName("CommView");
     _canSave = false;
     _canRecompute = false;
-    _topLabel = new QLabel(this);
-    _topLabel->setObjectName("_comm_topLabel");
-    _topLabel->setAlignment(Qt::AlignCenter);
+    _topLabel = makeTopLabel("_comm_topLabel");
     auto* left = new QVBoxLayout;
     for (QGroupBox* box : {makeHeader(), makeDoubtful(), makeMission()}) {
         left->addWidget(box);

@@ -94,7 +94,8 @@ int MainView::print() {
 /// The whole form, also what large type has pushed out of sight, and no ground: paper has its own.
 QPixmap MainView::picture() {
     const QRect form = _form->childrenRect();
-    const QSize head(_topLabel->sizeHint().width(), 2 * _topLabel->sizeHint().height());
+    const QFontMetrics type = _topLabel->fontMetrics();
+    const QSize head(type.horizontalAdvance(_topLabel->text()), 2 * type.height());
     const QSize size(std::max(form.width(), head.width()), head.height() + form.height());
     const qreal dots = devicePixelRatioF();
     QPixmap whole(size * dots);

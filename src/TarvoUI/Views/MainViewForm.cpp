@@ -27,9 +27,7 @@ public:
 MainView::MainView(DocumentController* doc, QPrinter* printer, QWidget* parent) : TarvoView(doc, printer, parent) {
     setObjectName("MainView");
     _canSave = false;
-    _topLabel = new QLabel(this);
-    _topLabel->setObjectName("_main_topLabel");
-    _topLabel->setAlignment(Qt::AlignCenter);
+    _topLabel = makeTopLabel("_main_topLabel");
 
     auto* left = new QVBoxLayout;
     left->addWidget(makeLaunchParameters());

@@ -39,7 +39,7 @@ QColor colorOf(const WMOcodeGroup& group) {
 } // namespace
 
 WMOView::WMOView(DocumentController* doc, QPrinter* printer, QWidget* parent)
-    : TarvoView(doc, printer, parent), _topLabel(new QLabel(this)),
+    : TarvoView(doc, printer, parent), _topLabel(makeTopLabel("_wmo_topLabel")),
       _originalGroups(new QLabel("Original Groups", this)), _modifiedGroups(new QLabel("Modified Groups", this)),
       _table(new QTableWidget(this)) {
     setObjectName("WMOView");

@@ -311,6 +311,16 @@ TEST(MainView, NumbersFitAtAnySizeOfTheText) {
     }
 }
 
+TEST(MainView, ALongDescriptionTakesTwoLines) {
+    MainTab tab;
+    auto* description = tab.find<QLabel>("_main_topLabel");
+    const int line = description->height();
+    tab.view->resize(description->fontMetrics().horizontalAdvance(description->text()) * 2 / 3, 400);
+    QApplication::processEvents();
+    EXPECT_GE(description->height(), description->heightForWidth(description->width()));
+    EXPECT_GT(description->height(), line);
+}
+
 TEST(MainView, IsPrintedWhole) {
     struct Printed : MainView {
         using MainView::MainView;
