@@ -299,6 +299,7 @@ bool WMOView::promptLine(const QString& title, const QString& label, const QStri
     QDialog dialog(this);
     dialog.setWindowTitle(title);
     auto* edit = new QLineEdit(value, &dialog);
+    edit->selectAll();      // what is typed takes its place
     edit->ensurePolished(); // the size of the text is that of the window
     const int characters = value.isEmpty() ? kEmptyWidth : static_cast<int>(value.size()) + kMoreWidth;
     edit->setFixedWidth(characters * edit->fontMetrics().horizontalAdvance('0'));
