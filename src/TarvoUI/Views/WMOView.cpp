@@ -3,6 +3,7 @@
 #include "AtomicFile.h"
 #include "AutoSaveDirectory.h"
 #include "Boxes.h"
+#include "FontWatch.h"
 #include "Listing.h"
 #include "RowHeight.h"
 #include "Trailer.h"
@@ -53,6 +54,12 @@ WMOView::WMOView(DocumentController* doc, QPrinter* printer, QWidget* parent)
     _table->setShowGrid(false);
     _table->horizontalHeader()->hide();
     _table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    const auto fitToFont = [this] {
+        const QString group(kFitsInCell + 1, '0'); // and the margins of its cell
+        _table->horizontalHeader()->setMinimumSectionSize(QFontMetrics(_table->font()).horizontalAdvance(group));
+    };
+    new FontWatch(_table, fitToFont);
+    fitToFont();
     _table->verticalHeader()->hide();
     fitRowsToFont(_table, kRowMargin);
     _table->setSelectionMode(QAbstractItemView::SingleSelection);

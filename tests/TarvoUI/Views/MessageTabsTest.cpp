@@ -380,6 +380,31 @@ TEST(MessageTabs, HaveRoomForLargeType) {
     }
 }
 
+TEST(MessageTabs, TheTabKeyGoesToTheNextWidget) {
+    OpenedSounding sounding(kExample);
+    LevelsView levels(&sounding.doc, &sounding.printer, nullptr);
+    WMOView message(&sounding.doc, &sounding.printer, nullptr);
+    for (TarvoView* view : std::initializer_list<TarvoView*>{&levels, &message}) {
+        view->update();
+        view->show();
+        auto* grid = view->findChild<QTableWidget*>();
+        grid->setCurrentCell(1, 1);
+        QTest::keyClick(grid, Qt::Key_Tab);
+        EXPECT_EQ(grid->currentColumn(), 1) << view->objectName().toStdString();
+    }
+}
+
+TEST_F(WMOTab, GroupsStayLegibleInANarrowWindow) {
+    const QModelIndex group = grid.model()->index(1, 1);
+    ASSERT_EQ(group.data().toString().size(), 5);
+    for (const int points : {8, 20}) {
+        view.setStyleSheet(QString("* {font-size:%1pt}").arg(points));
+        view.resize(300, 400);
+        QApplication::processEvents();
+        EXPECT_GE(grid.columnWidth(1), grid.sizeHintForIndex(group).width()) << points;
+    }
+}
+
 TEST(MessageTabs, StandWhenQcIsSwitchedOff) {
     OpenedSounding sounding(kExample);
     LevelsView levels(&sounding.doc, &sounding.printer, nullptr);
