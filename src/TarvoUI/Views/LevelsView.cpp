@@ -98,6 +98,7 @@ LevelsView::LevelsView(DocumentController* doc, QPrinter* printer, QWidget* pare
     right->setObjectName("_levelsLabel_RightLabel");
     _levelsGrid->setObjectName("_levelsGrid");
     _levelsGrid->setAccessibleName("Levels");
+    _levelsGrid->setTabKeyNavigation(false);
     _levelsGrid->installEventFilter(this);
     auto* hints = new QHBoxLayout;
     hints->addStretch();

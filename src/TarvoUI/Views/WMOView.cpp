@@ -44,12 +44,14 @@ WMOView::WMOView(DocumentController* doc, QPrinter* printer, QWidget* parent)
       _originalGroups(new QLabel("Original Groups", this)), _modifiedGroups(new QLabel("Modified Groups", this)),
       _table(new QTableWidget(this)) {
     setObjectName("WMOView");
-    _topLabel->setObjectName("_wmo_topLabel");
-    _topLabel->setAlignment(Qt::AlignCenter);
     _originalGroups->setObjectName("_originalGroups");
     _modifiedGroups->setObjectName("_modifiedGroups");
     _table->setObjectName("_table");
     _table->setAccessibleName("WMO message");
+    _table->setTabKeyNavigation(false);
+    QPalette white = _table->palette();
+    white.setColor(QPalette::Base, Qt::white); // as the groups are, also on a dark desktop
+    _table->setPalette(white);
     _table->setColumnCount(kColumns);
     _table->setShowGrid(false);
     _table->horizontalHeader()->hide();
