@@ -26,6 +26,9 @@ signals:
     /// The file has changed.
     void configChanged();
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private slots:
     void setActive1Config(const QString& name);
     void setActive2Config(const QString& name);

@@ -15,6 +15,7 @@
 #include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -415,8 +416,13 @@ TEST(OptionsDialog, TheSearchFindsAnOption) {
     EXPECT_TRUE(tabs.isTabEnabled(0));
     QTest::keyClicks(&search, "xygraphlonmax"); // by its key
     EXPECT_EQ(tabs.currentIndex(), 5);
+    const auto& nothing = options.child<QLabel>("_nothingFound");
+    EXPECT_FALSE(nothing.isVisible());
     QTest::keyClicks(&search, "nothing");
     EXPECT_FALSE(tabs.isTabEnabled(5));
+    EXPECT_TRUE(nothing.isVisible());
+    search.clear();
+    EXPECT_FALSE(nothing.isVisible());
 }
 
 TEST(OptionsDialog, TwoSetsKeepTheirOwnValues) {

@@ -86,6 +86,31 @@ TEST_F(Management, ListsWhatMayBeChosen) {
                 HasSubstr("[ editsonde ]:  Intended"));
 }
 
+TEST_F(Management, ShowsAllOfItsTextsWithTypeOfAnySize) {
+    {
+        RegistryXML registry((folder / "tarvo.xml").string(), "");
+        TarvoConfigSet set(&registry);
+        set.set("descendingPELO", 1.0); // both active sets show
+        set.save(false);
+    }
+    for (const int points : {9, 12, 13}) { // what the screen of the tests has room for
+        dialog = std::make_unique<TarvoConfigMgt>(TarvoSettings::kApplication, nullptr, nullptr);
+        dialog->setStyleSheet(QString("* {font-size:%1pt;}").arg(points));
+        dialog->show();
+        for (int i = 0; i < combo("_selectActive1").count(); ++i) {
+            combo("_selectActive1").setCurrentIndex(i);
+            QCoreApplication::processEvents();
+            for (const QLabel* label : dialog->findChildren<QLabel*>()) {
+                EXPECT_TRUE(label->isVisible());
+                const QSize needed =
+                    label->wordWrap() ? QSize(0, label->heightForWidth(label->width())) : label->sizeHint();
+                EXPECT_GE(label->width(), needed.width()) << points << label->text().toStdString();
+                EXPECT_GE(label->height(), needed.height()) << points << label->text().toStdString();
+            }
+        }
+    }
+}
+
 TEST_F(Management, OkWritesTheActiveSetAndCancelDoesNot) {
     QSignalSpy changed(dialog.get(), &TarvoConfigMgt::configChanged);
     combo("_selectActive1").setCurrentText("upsonde-1s");

@@ -83,8 +83,11 @@ TEST_F(ConfigurationTest, ClosingTheProgramAsksForEveryWindow) {
     choose("_menuWindow", "&2 two.csv");
     view().configSet()->set("WindQCWL", 18.0);
     answers.press(kTitle, QMessageBox::No);
+    std::vector<std::string> inFront;
+    answers.onBox([&](const ModalAnswers::Box& /*box*/) { inFront.push_back(view().windowTitle().toStdString()); });
     trigger("_actionQuit");
     EXPECT_THAT(answers.texts(), ElementsAre(kQuestion, kQuestion));
+    EXPECT_THAT(inFront, ElementsAre("one.csv", "two.csv"));
     EXPECT_FALSE(window().isVisible());
     EXPECT_THAT(openFiles(), IsEmpty());
     EXPECT_EQ(stored("WindQCWL"), "30");

@@ -178,12 +178,19 @@ TEST_F(MenusTest, WindowMenuTellsTheWindowsAndGoesThere) {
     EXPECT_EQ(view().windowTitle(), "one.csv");
     EXPECT_FALSE(mdiArea().activeSubWindow()->isMinimized());
     EXPECT_TRUE(entry("_menuWindow", "&1 one.csv")->isChecked());
+    open(makeSounding("three.csv"));
+    const QMdiSubWindow& one = *mdiArea().subWindowList()[0];
+    const QMdiSubWindow& two = *mdiArea().subWindowList()[1];
+    ASSERT_TRUE(one.isMinimized() && two.isMinimized());
     trigger("_actionTile");
-    EXPECT_FALSE(mdiArea().subWindowList()[0]->geometry().intersects(mdiArea().subWindowList()[1]->geometry()));
+    EXPECT_FALSE(one.isMinimized() || two.isMinimized());
+    EXPECT_FALSE(one.geometry().intersects(two.geometry()));
+    EXPECT_EQ(view().windowTitle(), "three.csv");
     trigger("_actionCascade");
-    EXPECT_TRUE(mdiArea().subWindowList()[0]->geometry().intersects(mdiArea().subWindowList()[1]->geometry()));
+    EXPECT_TRUE(one.geometry().intersects(two.geometry()));
     trigger("_actionClose");
-    EXPECT_THAT(menu("_menuWindow"), ElementsAre("&Cascade", "&Tile", "&Arrange Icons", "-", "&1 two.csv"));
+    EXPECT_THAT(menu("_menuWindow"),
+                ElementsAre("&Cascade", "&Tile", "&Arrange Icons", "-", "&1 one.csv", "&2 two.csv"));
 }
 
 TEST_F(MenusTest, CommandsFollowTheActiveTab) {

@@ -183,6 +183,7 @@ TEST_F(OpeningTest, FailuresAreToldAndLeaveNothing) {
     EXPECT_EQ(window().findChildren<TarvoViewController*>().size(), 1);
     EXPECT_THAT(recent(), ElementsAre(good));
     EXPECT_EQ(view().windowTitle(), "good.csv");
+    EXPECT_EQ(label("_statusAgent"), "Ready");
     EXPECT_TRUE(action("_actionRecompute").isEnabled());
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }

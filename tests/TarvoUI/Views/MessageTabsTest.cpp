@@ -100,8 +100,7 @@ protected:
         answers.operate(title, [text](QDialog& dialog) {
             auto* edit = dialog.findChild<QLineEdit*>();
             EXPECT_GE(edit->width(), edit->fontMetrics().horizontalAdvance(QString(10, '0')));
-            edit->selectAll();
-            QTest::keyClicks(edit, text);
+            QTest::keyClicks(edit, text); // in place of the old group
             QTest::keyClick(edit, Qt::Key_Return);
         });
     }
@@ -411,6 +410,31 @@ TEST(MessageTabs, HaveRoomForLargeType) {
             EXPECT_LT(grid->rowHeight(0), 2 * type) << points;
             EXPECT_LE(view->minimumSizeHint().width(), 1200) << points;
         }
+    }
+}
+
+TEST(MessageTabs, TheTabKeyGoesToTheNextWidget) {
+    OpenedSounding sounding(kExample);
+    LevelsView levels(&sounding.doc, &sounding.printer, nullptr);
+    WMOView message(&sounding.doc, &sounding.printer, nullptr);
+    for (TarvoView* view : std::initializer_list<TarvoView*>{&levels, &message}) {
+        view->update();
+        view->show();
+        auto* grid = view->findChild<QTableWidget*>();
+        grid->setCurrentCell(1, 1);
+        QTest::keyClick(grid, Qt::Key_Tab);
+        EXPECT_EQ(grid->currentColumn(), 1) << view->objectName().toStdString();
+    }
+}
+
+TEST_F(WMOTab, GroupsStayLegibleInANarrowWindow) {
+    const QModelIndex group = grid.model()->index(1, 1);
+    ASSERT_EQ(group.data().toString().size(), 5);
+    for (const int points : {8, 20}) {
+        view.setStyleSheet(QString("* {font-size:%1pt}").arg(points));
+        view.resize(300, 400);
+        QApplication::processEvents();
+        EXPECT_GE(grid.columnWidth(1), grid.sizeHintForIndex(group).width()) << points;
     }
 }
 
