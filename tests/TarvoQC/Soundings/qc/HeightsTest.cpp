@@ -72,6 +72,17 @@ TEST(Altitude, BridgesAGapInTemperatureAndStopsAtOneInPressure) {
     EXPECT_EQ(alt.data(0), 500.0);
 }
 
+// Dry air of 0 deg C: 7995.26 ln 2 = 5541.9 m from 2 to 1 mb.
+TEST(Altitude, StopsWhereTheMeanTemperatureHasNoWeights) {
+    const Series pres = made("QCPres", {1.0, 1.0, 2.0});
+    const Series zero = made("QCTdry", {0.0, 0.0, 0.0});
+    std::string log;
+    Series alt(pres, "QCAltUp");
+    Altitude().calculate(alt, pres, zero, zero, 60.0, 10.0, Altitude::BACKWARD, log);
+    EXPECT_EQ(timesOf(alt), "1 2");
+    EXPECT_EQ(log, "Upward integration starts @ 10.0m and stops @ 5551.9m\n");
+}
+
 // A degree of latitude at the equator is 110.567 km, one of longitude 111.320 km: 10 m/s move 9.0443e-5 and 8.9831e-5
 // degrees in a second.
 TEST(Position, FollowsTheWindFromTheLaunch) {
