@@ -55,16 +55,47 @@ std::int64_t SoundingFile::nearLaunch(std::int64_t time) const {
 }
 
 void SoundingFile::putInOrder() {
-    std::vector<double> times = _sTime.timeArray();
-    times.erase(std::remove(times.begin(), times.end(), kMissing), times.end()); // such records are told elsewhere
-    if (!_valid || std::is_sorted(times.begin(), times.end())) {
+    if (!_valid) {
         return;
     }
+    std::vector<double> times = _sTime.timeArray();
+    times.erase(std::remove(times.begin(), times.end(), kMissing), times.end()); // such records are told elsewhere
+    const std::vector<Series*> series = recordSeries();
+    if (!std::is_sorted(times.begin(), times.end())) {
+        std::for_each(series.begin(), series.end(), [](Series* one) { one->sortByTime(); });
+        _errorMsg += "- Time values out of sequence. The records were put in the order of time.\n";
+    }
+    const bool isTable = std::all_of(series.begin(), series.end(), [this](const Series* one) {
+        return one->lastIndex() == _sTime.lastIndex(); // columns may come in the middle of a CSV file
+    });
+    std::set<int> repeated;
+    for (int i = 1; isTable && i <= _sTime.lastIndex(); ++i) {
+        const auto repeats = [i](const Series* one) {
+            return one->time(i) == one->time(i - 1) && one->data(i) == one->data(i - 1);
+        };
+        if (_sTime.time(i) != kMissing && std::all_of(series.begin(), series.end(), repeats)) {
+            repeated.insert(i);
+        }
+    }
+    if (repeated.empty()) {
+        return;
+    }
+    for (Series* one : series) {
+        one->removeIf([&](int index, const Value&) { return repeated.count(index) > 0; });
+    }
+    _dataPoints = _sTime.lastIndex() + 1;
+    _errorMsg += "- Records are repeated. Each was read once.\n";
+}
+
+std::vector<Series*> SoundingFile::recordSeries() {
+    std::vector<Series*> used;
     for (Series* series : {&_sTime, &_sPres, &_sTdry, &_sRh0, &_sRh1, &_sRh2, &_sWdir, &_sWspd, &_sDz, &_sLon, &_sLat,
                            &_sAlt, &_sGpsalt, &_sSats, &_sDp, &_sMr, &_sVt, &_sPtemp, &_sWe}) {
-        series->sortByTime();
+        if (!series->empty()) {
+            used.push_back(series);
+        }
     }
-    _errorMsg += "- Time values out of sequence. The records were put in the order of time.\n";
+    return used;
 }
 
 void SoundingFile::tellLongLine(std::size_t lineNumber) {
@@ -85,6 +116,13 @@ void SoundingFile::takeLaunch(const WrittenTime& launch) {
     _hour = launch.hour;
     _min = launch.min;
     _sec = launch.sec;
+}
+
+void SoundingFile::checkLaunchTime() {
+    const WrittenTime told{_year, _month, _day, _hour, _min, _sec, 0.0};
+    if (WrittenTime::of(told.seconds()).text() != told.text()) {
+        _errorMsg += kLaunchInvalid;
+    }
 }
 
 void SoundingFile::takeWmoCodes(const char* sondeType) {

@@ -33,7 +33,8 @@ public:
 
     bool isValid() const { return _valid; }
     std::string getErrorMsg() const { return _errorMsg; }
-    /// Puts the records of a valid file in the order of time, and adds to the error text that they weren't.
+    /// Puts the records of a valid file in the order of time and drops those that repeat the one before; adds to the
+    /// error text that there were such.
     void putInOrder();
     /// Adds to the error text that the reading of the file ended with a line that was too long.
     void tellLongLine(std::size_t lineNumber);
@@ -161,6 +162,8 @@ protected:
     /// Sets the codes that messages describe the system with; most systems differ in \p sondeType only.
     void takeWmoCodes(const char* sondeType);
     void takeLaunch(const WrittenTime& launch);
+    /// Adds to the error text that the calendar has no such launch time; for formats that take any.
+    void checkLaunchTime();
     void registerRHchan(int channel) { _rhChannels.insert(channel); }
 
     std::string _fileName;
@@ -214,6 +217,8 @@ protected:
 
 private:
     std::int64_t nearLaunch(std::int64_t time) const;
+    /// The series that carry one value for each record.
+    std::vector<Series*> recordSeries();
 
     bool _valid;
     std::vector<std::string> _lines;

@@ -54,8 +54,8 @@ TEST(CsvFile, ARecordWithoutATimeIsToldOnce) {
         const auto file = readText(kHead + kData + "Data,1.0,999\n" + record + record);
         EXPECT_TRUE(file->isValid());
         EXPECT_EQ(file->dataPoints(), 4);
-        const std::string told = file->getErrorMsg();
-        EXPECT_EQ(told.substr(0, told.find("- Time values out")), "- There is no time in line 11\n") << time;
+        EXPECT_EQ(file->getErrorMsg(), "- There is no time in line 11\n") << time;
+        EXPECT_EQ(file->sPres()->time(3), -999.0) << time;
     }
     EXPECT_EQ(readText(kHead + "Fields,Time,Pressure\nData,-.5,999\nData, +1,999\nData,2s,998\n")->getErrorMsg(), "");
 }
@@ -132,6 +132,23 @@ TEST(CsvFile, DirectionAndTypeGoTogether) {
         const auto file = readText(kHead + kData + line);
         EXPECT_EQ(file->ascending(), ascending) << line;
         EXPECT_EQ(file->soundingType(), ascending ? SoundingType::Unknown : SoundingType::Ombra) << line;
+    }
+}
+
+TEST(CsvFile, ALaunchTimeThatTheCalendarDoesntHaveIsTold) {
+    const std::string told = "- Launch date or time is invalid.\n";
+    const std::pair<const char*, std::string> cases[] = {
+        {"Month,02\nDay,29\n", told}, {"Month,02\nDay,29\nYear,2020\n", ""},
+        {"Month,13\n", told},         {"Day,0\n", told},
+        {"Hour,24\n", told},          {"Minute,60\n", told},
+        {"Second,60\n", told},        {"Second,59\n", ""},
+        {"Year,abc\n", told},         {"Year,2147483647\n", told},
+        {"Month,-5\n", told},
+    };
+    for (const auto& [lines, error] : cases) {
+        const auto file = readText(kHead + kData + lines);
+        EXPECT_TRUE(file->isValid()) << lines;
+        EXPECT_EQ(file->getErrorMsg(), error) << lines;
     }
 }
 

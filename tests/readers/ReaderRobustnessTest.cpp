@@ -105,22 +105,31 @@ TEST(ReaderRobustness, LineEndsMakeNoDifference) {
     }
 }
 
-// The last two records change places.
-TEST(ReaderRobustness, RecordsOutOfOrderTakeTheirPlaces) {
+// The last two records change places, or the last one comes twice, or both.
+TEST(ReaderRobustness, RecordsOutOfOrderOrRepeatedTakeTheirPlaces) {
+    const std::string unordered = "- Time values out of sequence. The records were put in the order of time.\n";
+    const std::string repeated = "- Records are repeated. Each was read once.\n";
     for (const std::string& text :
          {csv(), upsonde("PELO"), upsonde("VESTA"), mirra(), zorText(), frdText(), mw41Text()}) {
-        const auto last = text.rfind('\n', text.size() - 2) + 1;
-        const auto ahead = text.rfind('\n', last - 2) + 1;
         const auto plain = readText(text);
-        const auto file = readText(text.substr(0, ahead) + text.substr(last) + text.substr(ahead, last - ahead));
-        ASSERT_TRUE(file->isValid()) << text;
-        EXPECT_EQ(file->getErrorMsg(), plain->getErrorMsg() + "- Time values out of sequence. The records were put in "
-                                                              "the order of time.\n");
-        for (Series* (SoundingFile::*series)() :
-             {&SoundingFile::sTime, &SoundingFile::sPres, &SoundingFile::sTdry, &SoundingFile::sRh0,
-              &SoundingFile::sRh1, &SoundingFile::sWspd, &SoundingFile::sLat, &SoundingFile::sGpsalt}) {
-            EXPECT_EQ(((*file).*series)()->timeArray(), ((*plain).*series)()->timeArray()) << text;
-            EXPECT_EQ(((*file).*series)()->dataArray(), ((*plain).*series)()->dataArray()) << text;
+        const auto behind = text.rfind('\n', text.size() - 2) + 1;
+        const auto ahead = text.rfind('\n', behind - 2) + 1;
+        const std::string start = text.substr(0, ahead);
+        const std::string next = text.substr(ahead, behind - ahead);
+        const std::string last = text.substr(behind);
+        for (const auto& [changed, told] : {std::pair(start + last + next, unordered),
+                                            {text + last, repeated},
+                                            {start + last + next + last, unordered + repeated}}) {
+            const auto file = readText(changed);
+            ASSERT_TRUE(file->isValid()) << changed;
+            EXPECT_EQ(file->getErrorMsg(), plain->getErrorMsg() + told) << changed;
+            EXPECT_EQ(file->dataPoints(), plain->dataPoints());
+            for (Series* (SoundingFile::*series)() :
+                 {&SoundingFile::sTime, &SoundingFile::sPres, &SoundingFile::sTdry, &SoundingFile::sRh0,
+                  &SoundingFile::sRh1, &SoundingFile::sWspd, &SoundingFile::sLat, &SoundingFile::sGpsalt}) {
+                EXPECT_EQ(((*file).*series)()->timeArray(), ((*plain).*series)()->timeArray()) << changed;
+                EXPECT_EQ(((*file).*series)()->dataArray(), ((*plain).*series)()->dataArray()) << changed;
+            }
         }
     }
 }
