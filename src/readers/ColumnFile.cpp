@@ -92,5 +92,7 @@ void ColumnFile::takeLaunchRow(const Table& table, std::string_view line) {
 void ColumnFile::finish() {
     if (_dataPoints == 0 || !dated()) {
         notValid();
+    } else {
+        checkLaunchTime();
     }
 }

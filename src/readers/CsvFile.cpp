@@ -137,6 +137,7 @@ CsvFile::CsvFile(std::string fileName, std::vector<std::string> csvLines)
     _dataPoints = _sTime.lastIndex() + 1;
     if (dated() && _dataPoints > 0) {
         valid();
+        checkLaunchTime();
     } else {
         notValid();
     }
@@ -161,8 +162,8 @@ void CsvFile::takeData(const Tokens& tokens) {
     if (tokens.size() != _columns.size() + 1) {
         return;
     }
-    const double time = numberOrMissing(tokens[1]);
-    if (time == kMissing || !beginsWithNumber(tokens[1])) {
+    const double time = beginsWithNumber(tokens[1]) ? numberOf(tokens[1]) : kMissing;
+    if (time == kMissing) {
         warnOnce(kNoTime);
     }
     for (std::size_t i = 0; i < _columns.size(); ++i) {

@@ -218,6 +218,8 @@ void Mw41File::readData() {
     if (_dataPoints < 1) {
         _errorMsg += kNoData;
         notValid();
+    } else {
+        checkLaunchTime();
     }
 }
 

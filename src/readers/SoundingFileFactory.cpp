@@ -124,8 +124,6 @@ std::unique_ptr<SoundingFile> SoundingFileFactory::newSoundingFile(ConfigSet& co
     if (endedByLongLine(*stream)) {
         file->tellLongLine(lastLine);
     }
-    if (file->isValid()) {
-        file->tellTimes();
-    }
+    file->settleTimes();
     return file;
 }

@@ -49,19 +49,13 @@ TEST(CsvFile, AnEmptyFieldIsMissing) {
 }
 
 TEST(CsvFile, ARecordWithoutATimeIsToldOnce) {
-    // What isn't a number counts as 0, and that is before 1.
-    const std::string backward = "- The times of the records go backward. The records are put in order of time.\n";
-    for (const auto& [time, more] : {std::pair("", ""),
-                                     {"-999", ""},
-                                     {"nan", ""},
-                                     {"x12", backward.c_str()},
-                                     {"-", backward.c_str()},
-                                     {"\"2.0\"", backward.c_str()}}) {
+    for (const char* time : {"", "-999", "nan", "x12", "-", "\"2.0\""}) {
         const std::string record = "Data," + std::string(time) + ",998\n";
         const auto file = readText(kHead + kData + "Data,1.0,999\n" + record + record);
         EXPECT_TRUE(file->isValid());
         EXPECT_EQ(file->dataPoints(), 4);
-        EXPECT_EQ(file->getErrorMsg(), "- There is no time in line 11\n" + std::string(more)) << time;
+        EXPECT_EQ(file->getErrorMsg(), "- There is no time in line 11\n") << time;
+        EXPECT_EQ(file->sPres()->time(3), -999.0) << time;
     }
     EXPECT_EQ(readText(kHead + "Fields,Time\nData,-.5\nData, +1\nData,2s\n")->getErrorMsg(), "");
 }
@@ -134,6 +128,23 @@ TEST(CsvFile, DirectionAndTypeGoTogether) {
         const auto file = readText(kHead + kData + line);
         EXPECT_EQ(file->ascending(), ascending) << line;
         EXPECT_EQ(file->soundingType(), ascending ? SoundingType::Unknown : SoundingType::Ombra) << line;
+    }
+}
+
+TEST(CsvFile, ALaunchTimeThatTheCalendarDoesntHaveIsTold) {
+    const std::string told = "- Launch date or time is invalid.\n";
+    const std::pair<const char*, std::string> cases[] = {
+        {"Month,02\nDay,29\n", told}, {"Month,02\nDay,29\nYear,2020\n", ""},
+        {"Month,13\n", told},         {"Day,0\n", told},
+        {"Hour,24\n", told},          {"Minute,60\n", told},
+        {"Second,60\n", told},        {"Second,59\n", ""},
+        {"Year,abc\n", told},         {"Year,2147483647\n", told},
+        {"Month,-5\n", told},
+    };
+    for (const auto& [lines, error] : cases) {
+        const auto file = readText(kHead + kData + lines);
+        EXPECT_TRUE(file->isValid()) << lines;
+        EXPECT_EQ(file->getErrorMsg(), error) << lines;
     }
 }
 

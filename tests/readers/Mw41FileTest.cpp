@@ -17,11 +17,14 @@ std::unique_ptr<SoundingFile> readLines(const TextLines& pairs,
     return readText(joined(with(with(with({"FLEDT\tmetadata"}, pairs), {""}), table)));
 }
 
-/// Without the notice that comes with every file.
+const std::string kNoLaunch = "- Launch date or time is invalid.\n";
+
+/// Without the notice that comes with every file, nor that of a file without a date.
 std::string errorOf(const SoundingFile& file) {
     const std::string text = file.getErrorMsg();
     EXPECT_EQ(text.substr(0, kNotice.size()), kNotice);
-    return text.substr(kNotice.size());
+    const std::string own = text.substr(kNotice.size());
+    return own.substr(0, own.find(kNoLaunch));
 }
 
 } // namespace
@@ -84,8 +87,10 @@ TEST(Mw41File, JoinsDateAndTimeInEitherOrder) {
         EXPECT_EQ(file->unixLaunchObsTime(), 1643887807);
         EXPECT_EQ(file->year() * 10000 + file->month() * 100 + file->day(), 20220203);
         EXPECT_EQ(file->mw41metadata().size(), 2U);
+        EXPECT_EQ(file->getErrorMsg(), kNotice);
     }
     EXPECT_EQ(readLines({date})->unixLaunchObsTime(), -999);
+    EXPECT_EQ(readLines({date})->getErrorMsg(), kNotice + kNoLaunch);
 }
 
 TEST(Mw41File, SaysWhatItCannotUse) {

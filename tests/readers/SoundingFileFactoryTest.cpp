@@ -99,7 +99,7 @@ TEST(SoundingFileFactory, TellsWhichLineEndedTheReading) {
 TEST(SoundingFileFactory, TellsWhatTheAnalysisMakesOfTheTimes) {
     const std::string notice = "- The times of the records go backward. The records are put in order of time.\n";
     const std::pair<const char*, std::string> cases[] = {
-        {"-1 -0.5 0 0 1", ""},
+        {"-1 -0.5 0 1", ""},
         {"0 1 0.5 2", notice},
         {"1 0", notice},
         {"-5 0 1", ""},

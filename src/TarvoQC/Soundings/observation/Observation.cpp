@@ -177,7 +177,6 @@ Series* Observation::addRawData(const Id& id, const Series& series) {
     added.removeIf([](int, const Value& value) {
         return !isKnown(value.data()) || !isKnown(value.time()) || value.time() < kLaunchObsTime;
     });
-    added.sortByTime();
     return &added;
 }
 

@@ -76,7 +76,7 @@ TEST(Observation, DropsWhatIsMissingOrNoNumber) {
 TEST(Observation, RawSeriesAscendFromTheLaunchObservation) {
     MadeSounding file(true);
     for (const auto& [time, pressure] :
-         {std::pair(-70.0, 990.0), {-1.001, 991}, {-1.0, 992}, {3, 997}, {-0.5, 993}, {2, 996}, {1, 994}, {1, 995}}) {
+         {std::pair(-70.0, 990.0), {-1.001, 991}, {-1.0, 992}, {-0.5, 993}, {1, 994}, {1, 995}, {2, 996}, {3, 997}}) {
         file.sTime()->appendValue(time, time);
         file.sPres()->appendValue(pressure, time);
     }
