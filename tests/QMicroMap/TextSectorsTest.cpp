@@ -56,16 +56,11 @@ TEST(TextSectors, EverySectorOfTheStaff) {
 TEST(TextSectors, AnchorsStandOnTheCircle) {
     const TextSectors north(0.0, 11.0);
     // Sector 1: 33.75 degrees from the east; sector 6: 146.25; sector 9: 213.75; sector 14: 326.25. By hand.
-    EXPECT_NEAR(north.x(TextSectors::PRESHT), 9.1462, 1e-3);
-    EXPECT_NEAR(north.y(TextSectors::PRESHT), -6.1113, 1e-3);
-    EXPECT_NEAR(north.x(TextSectors::TDRY), -9.1462, 1e-3);
-    EXPECT_NEAR(north.y(TextSectors::TDRY), -6.1113, 1e-3);
-    EXPECT_NEAR(north.x(TextSectors::DP), -9.1462, 1e-3);
-    EXPECT_NEAR(north.y(TextSectors::DP), 6.1113, 1e-3);
-    EXPECT_NEAR(north.x(TextSectors::TIME), 9.1462, 1e-3);
-    EXPECT_NEAR(north.y(TextSectors::TIME), 6.1113, 1e-3);
-    EXPECT_EQ(north.horizontal(TextSectors::TDRY), TextSectors::RIGHT);
-    EXPECT_EQ(north.horizontal(TextSectors::DP), TextSectors::RIGHT);
-    EXPECT_EQ(north.horizontal(TextSectors::PRESHT), TextSectors::LEFT);
-    EXPECT_EQ(north.horizontal(TextSectors::TIME), TextSectors::LEFT);
+    const double expected[][2] = {{9.1462, -6.1113}, {-9.1462, -6.1113}, {-9.1462, 6.1113}, {9.1462, 6.1113}};
+    for (std::size_t i = 0; i < kColumns.size(); ++i) {
+        const bool left = expected[i][0] < 0.0;
+        EXPECT_NEAR(north.x(kColumns[i]), expected[i][0], 1e-3) << i;
+        EXPECT_NEAR(north.y(kColumns[i]), expected[i][1], 1e-3) << i;
+        EXPECT_EQ(north.horizontal(kColumns[i]), left ? TextSectors::RIGHT : TextSectors::LEFT) << i;
+    }
 }

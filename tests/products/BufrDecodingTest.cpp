@@ -266,7 +266,13 @@ TEST(BufrDecoding, ExamplesComeBack) {
             EXPECT_NEAR(codedLon, lon, 0.5e-5 + 1e-9);
             EXPECT_EQ(head("height"),
                       meta.launchAlt.avail(false) ? std::to_string(std::lround(meta.launchAlt.value())) : "MISSING");
-            EXPECT_EQ(head("minute"), std::to_string(meta.min));
+            const std::pair<const char*, int> when[] = {{"year", meta.year},  {"month", meta.month},
+                                                        {"day", meta.day},    {"hour", meta.hour},
+                                                        {"minute", meta.min}, {"second", meta.sec}};
+            for (const auto& [key, value] : when) {
+                EXPECT_EQ(head(key), std::to_string(value)) << key;
+            }
+            EXPECT_EQ(head("observationSequenceNumber"), meta.ascending ? "absent" : "99") << "99 if none is told";
             EXPECT_EQ(head("typicalYear"), std::to_string(meta.year));
             EXPECT_EQ(head("dataCategory"), "2");
         }

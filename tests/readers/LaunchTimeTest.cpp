@@ -35,12 +35,17 @@ TEST(FindPresLaunchTime, SeesTheFallFromTheCabin) {
         {{770, 771, 770, 771, 770, -999, 400, 401, 402, 403, 404, 405}, 9.0},
         // a cabin that is never steady: every fourth step is 2 mb or more
         {{770, 771, 770, 772, 770, 400, 401, 402, 403, 404, 405, 406}, std::nullopt},
+        // three small steps in a row are too few, in the cabin and behind the launch
+        {{772, 770, 771, 770, 771, 400, 401, 402, 403, 404, 405, 406}, std::nullopt},
+        {{770, 770, 770, 770, 770, 400, 401, 402, 403, 415, 416, 417, 418, 419, 420}, 12.0},
         // 50 mb are too little, a little more isn't
         {{770, 770, 770, 770, 770, 720, 721, 722, 723, 724, 725}, std::nullopt},
         {{770, 770, 770, 770, 770, 719.9, 721, 722, 723, 724, 725}, 8.0},
+        // 30 mb below the last pressure of the cabin, though 60 below an earlier one
+        {{770, 770, 770, 770, 770, 740, 740, 740, 740, 740, 710, 711, 712, 713, 714, 715, 716}, std::nullopt},
         // the way down from the cabin takes longer, steps of 10 mb and more are part of it
         {{770, 770, 770, 770, 770, 600, 500, 400, 401, 402, 403, 404, 405}, 10.0},
-        {{770, 770, 770, 770, 770, 430, 420, 410, 400, 390, 380, 370, 360}, std::nullopt},
+        {{770, 770, 770, 770, 770, 430, 440, 450, 460, 470, 480, 490, 500}, std::nullopt},
         // falling on behind the launch: something else than a sonde on its way down
         {{770, 770, 770, 770, 770, 400, 399, 398, 397, 396, 395, 394}, std::nullopt},
         {{}, std::nullopt},

@@ -185,6 +185,14 @@ TEST(SoundingFileFactory, ReadsTheExamplesAsTheirTruthTells) {
             facts["launch_date"].get<std::string>() + " " + facts["launch_time"].get<std::string>();
         EXPECT_EQ(startOf(*file), start.substr(0, 19));
         EXPECT_EQ(file->getErrorMsg().empty(), facts["warning"].is_null()) << file->getErrorMsg();
+        const std::vector<double> launch = launchOf(*file);
+        const char* const names[] = {"pressure",  "temperature", "rh",       "direction",   "speed",
+                                     "longitude", "latitude",    "altitude", "gps_altitude"};
+        for (std::size_t i = 0; i < launch.size(); ++i) {
+            if (launch[i] != -999.0) { // FRD has whole degrees and metres
+                EXPECT_NEAR(launch[i], truth["launch_values"][names[i]], i == 3 || i >= 7 ? 0.501 : 0.051) << names[i];
+            }
+        }
         if (facts.contains("wind_rate")) { // a D file
             EXPECT_EQ(file->getPtuErrNum(), facts["ptu_crc_errors"]);
             EXPECT_EQ(file->getGpsErrNum(), facts["gps_crc_errors"]);
