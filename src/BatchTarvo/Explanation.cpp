@@ -4,6 +4,7 @@
 #include "EditorControl.h"
 #include "ProductText.h"
 #include "RevisionInfo.h"
+#include "SummaryText.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -138,20 +139,6 @@ void tellQuantity(const EditorControl& editor, const ConfigSet& config, const Qu
     }
 }
 
-/// Without the tags of a text that is meant for a window.
-std::string plain(const std::string& text) {
-    std::string without;
-    bool inTag = false;
-    for (const char c : text) {
-        inTag = inTag || c == '<';
-        if (!inTag) {
-            without += c;
-        }
-        inTag = inTag && c != '>';
-    }
-    return without;
-}
-
 void tellLines(const std::string& text, std::ostream& out) {
     for (const std::string& line : tokenize(text, "\n")) {
         if (!line.empty()) {
@@ -167,7 +154,7 @@ void tellSummary(EditorControl& editor, std::ostream& out) {
         }
         out << "  " << topic << "\n";
         for (const std::string& item : editor.summaryItems(topic)) {
-            out << "      " << plain(item) << "\n";
+            out << "      " << plainItem(item) << "\n";
         }
     }
 }

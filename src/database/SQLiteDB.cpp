@@ -236,10 +236,19 @@ std::string SQLiteDB::libraryVersion() {
     return std::string("SQLite version: ") + sqlite3_libversion();
 }
 
+/// Whether the path leads to this file no longer: what is written then is lost with it.
+bool SQLiteDB::hasMoved() const {
+    int moved = 0;
+    return sqlite3_file_control(_handle, "main", SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK && moved != 0;
+}
+
 // A transaction that will write takes its lock at once: two programs that both read first would each wait for the other
 // to let go.
 SQLiteDB::Transaction::Transaction(SQLiteDB& db) : _db(db) {
     if (_db._transactions == 0) {
+        if (_db.hasMoved()) {
+            _db.fail("the file was deleted or renamed meanwhile");
+        }
         _db.exec("begin immediate");
     }
     ++_db._transactions;

@@ -77,6 +77,7 @@ protected:
 
 private:
     [[noreturn]] void fail(const std::string& what) const;
+    bool hasMoved() const;
     void requireBound(int result) const;
     void determineColumnTypes();
     void checkColumn(int col, int type) const;

@@ -65,7 +65,7 @@ double BufrRows::average_values(std::vector<double>& values) {
 }
 
 double BufrRows::halfTurn(double degrees) {
-    if (degrees >= -180.0 && degrees < 180.0) {
+    if ((degrees >= -180.0 && degrees < 180.0) || std::abs(degrees) > 360.0) {
         return degrees;
     }
     const double rest = std::remainder(degrees, 360.0);

@@ -49,7 +49,8 @@ public:
     /// Bit \p n of the 18, of which bit 1 is the most significant.
     static constexpr std::uint32_t set_flag(int n) { return 1U << (18 - n); }
 
-    /// \p degrees of longitude brought into [-180, 180) by whole turns.
+    /// \p degrees of longitude brought into [-180, 180) by a turn. More than a turn lies between no two places: such
+    /// degrees stay as they are, so that a longitude that is none can't pass for one.
     static double halfTurn(double degrees);
     /// The mean of longitudes, none of them more than half a turn from the first; otherwise as average_values().
     static double average_longitudes(std::vector<double>& values);

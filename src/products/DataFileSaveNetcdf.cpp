@@ -9,6 +9,7 @@
 #include "TroveNcFile.h"
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <iostream>
 
@@ -57,9 +58,12 @@ void putReference(TroveNcFile& file, const GivenColumns& columns) {
 void putSamples(TroveNcFile& file, const GivenColumns& columns, int count, bool reverse) {
     std::vector<std::vector<double>> derived;
     const auto derive = [&](auto formula, auto... inputs) -> const double* {
-        derived.emplace_back(count);
-        formula(inputs..., derived.back().data(), count);
-        return derived.back().data();
+        std::vector<double>& values = derived.emplace_back(count);
+        formula(inputs..., values.data(), count);
+        // Outside the range of a formula (no pressure, a temperature below 0 K) there is no value.
+        std::replace_if(
+            values.begin(), values.end(), [](double value) { return !std::isfinite(value); }, kMissing);
+        return values.data();
     };
     const auto given = [&](C::Column quantity) {
         return columns[quantity] == nullptr ? nullptr : columns[quantity] + 1;

@@ -45,11 +45,22 @@ void ColumnFile::takeRecords(const Table& table) {
     }
 }
 
+bool ColumnFile::hasTime(std::string_view timeWord) {
+    const bool isText = !timeWord.empty() && !beginsWithNumber(timeWord);
+    if (isText) {
+        warnOnce(kNoTime);
+    }
+    return !isText && !timeWord.empty();
+}
+
 void ColumnFile::takeRecord(const Table& table, std::string_view line) {
     const Words words = wordsOf(line);
     const std::string_view timeWord = wordOf(words, table.timeWord);
+    if (!hasTime(timeWord)) {
+        return;
+    }
     const double time = numberOf(timeWord);
-    if (timeWord.empty() || time == table.timeMark || (time < 0.0 && !table.ahead)) {
+    if (time == table.timeMark || (time < 0.0 && !table.ahead)) {
         return;
     }
     _sTime.appendValue(time, time);
@@ -81,5 +92,7 @@ void ColumnFile::takeLaunchRow(const Table& table, std::string_view line) {
 void ColumnFile::finish() {
     if (_dataPoints == 0 || !dated()) {
         notValid();
+    } else {
+        checkLaunchTime();
     }
 }

@@ -55,6 +55,8 @@ protected:
     /// Takes all lines that are left.
     void takeRecords(const Table& table);
     void takeRecord(const Table& table, std::string_view line);
+    /// False for a record whose word for the time is none; a text in its place is told.
+    bool hasTime(std::string_view timeWord);
     /// Launch values aren't held to the limits.
     void takeLaunchRow(const Table& table, std::string_view line);
     /// Invalid without a record or without the whole of the launch time.

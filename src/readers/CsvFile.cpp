@@ -45,12 +45,6 @@ std::string plainText(std::string_view token) {
     return text;
 }
 
-/// Whether numberOf() finds a number at the start.
-bool beginsWithNumber(std::string_view token) {
-    const auto first = token.find_first_not_of("+-.");
-    return first != std::string_view::npos && token[first] >= '0' && token[first] <= '9';
-}
-
 } // namespace
 
 struct CsvFile::Keyword {
@@ -143,6 +137,7 @@ CsvFile::CsvFile(std::string fileName, std::vector<std::string> csvLines)
     _dataPoints = _sTime.lastIndex() + 1;
     if (dated() && _dataPoints > 0) {
         valid();
+        checkLaunchTime();
     } else {
         notValid();
     }
@@ -167,9 +162,9 @@ void CsvFile::takeData(const Tokens& tokens) {
     if (tokens.size() != _columns.size() + 1) {
         return;
     }
-    const double time = numberOrMissing(tokens[1]);
-    if (time == kMissing || !beginsWithNumber(tokens[1])) {
-        warnOnce("- There is no time in line ");
+    const double time = beginsWithNumber(tokens[1]) ? numberOf(tokens[1]) : kMissing;
+    if (time == kMissing) {
+        warnOnce(kNoTime);
     }
     for (std::size_t i = 0; i < _columns.size(); ++i) {
         if (_columns[i] != nullptr) {

@@ -14,11 +14,6 @@ std::string behindWords(std::string_view line, int count) {
     return std::string(trimmed(line));
 }
 
-bool beginsWithNumber(std::string_view row) {
-    const auto first = row.find_first_not_of(' ');
-    return first != std::string_view::npos && contains("+-.0123456789", row.substr(first, 1));
-}
-
 } // namespace
 
 struct MirraFile::HeaderLine {
@@ -191,7 +186,7 @@ void MirraFile::takeLaunchRow(std::string_view row) {
 
 void MirraFile::takeRow(std::string_view row) {
     if (!beginsWithNumber(row)) {
-        warnOnce("- There is no time in line ");
+        warnOnce(kNoTime);
         return;
     }
     const double time = numberOf(nextWord(row));

@@ -218,6 +218,8 @@ void Mw41File::readData() {
     if (_dataPoints < 1) {
         _errorMsg += kNoData;
         notValid();
+    } else {
+        checkLaunchTime();
     }
 }
 
@@ -238,6 +240,10 @@ Mw41File::Columns Mw41File::takeColumns(const std::vector<std::string>& names) {
 
 /// A record without a time has no place in the sounding.
 void Mw41File::takeRecord(const std::vector<std::string>& cells, const Columns& columns, std::size_t timeColumn) {
+    if (!beginsWithNumber(cells[timeColumn])) {
+        warnOnce(kNoTime);
+        return;
+    }
     const double time = valueOf(cells[timeColumn]);
     if (time == kMissing) {
         return;

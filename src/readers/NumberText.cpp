@@ -3,7 +3,6 @@
 #include "Missing.h"
 
 #include <charconv>
-#include <cmath>
 #include <cstdlib>
 #include <limits>
 #include <string>
@@ -12,14 +11,14 @@
 
 namespace {
 
-double finiteOrMissing(double number) {
-    return std::isfinite(number) ? number : kMissing;
+double knownOrMissing(double number) {
+    return isKnown(number) ? number : kMissing;
 }
 
 /// The road for every text that isn't a plain number from end to end.
 double looseNumber(std::string_view text) {
     static const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
-    return finiteOrMissing(strtod_l(std::string(text).c_str(), nullptr, plain));
+    return knownOrMissing(strtod_l(std::string(text).c_str(), nullptr, plain));
 }
 
 } // namespace
@@ -28,7 +27,12 @@ double numberOf(std::string_view text) {
     double number = 0.0;
     const char* end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data(), end, number);
-    return error == std::errc() && stop == end ? finiteOrMissing(number) : looseNumber(text);
+    return error == std::errc() && stop == end ? knownOrMissing(number) : looseNumber(text);
+}
+
+bool beginsWithNumber(std::string_view text) {
+    const auto first = text.find_first_not_of(" +-.");
+    return first != std::string_view::npos && text[first] >= '0' && text[first] <= '9';
 }
 
 double numberOrMissing(std::string_view text) {

@@ -5,10 +5,14 @@
 // Numbers out of sounding files, read whatever stands there. The locale of the process plays no part.
 
 /// The number at the start of \p text: blanks and a sign may stand ahead of it, text behind it is ignored, and a text
-/// that doesn't begin with a number is 0.0. What isn't finite ("nan", "inf", "1e999") is missing, -999.0.
+/// that doesn't begin with a number is 0.0. What isn't a number that the products hold ("nan", "inf", "1e999") is
+/// missing, -999.0.
 double numberOf(std::string_view text);
 
-/// The same, and missing, -999.0, for an empty text.
+/// Whether \p text begins with a number, blanks aside, so that numberOf() isn't 0.0 for want of one.
+bool beginsWithNumber(std::string_view text);
+
+/// numberOf(), and missing, -999.0, for an empty text.
 double numberOrMissing(std::string_view text);
 
 /// numberOf() for a decimal integer; one out of range becomes the nearest integer there is.

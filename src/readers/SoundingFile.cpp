@@ -54,6 +54,61 @@ std::int64_t SoundingFile::nearLaunch(std::int64_t time) const {
     return late > kDay / 2 ? time - kDay : late < -kDay / 2 ? time + kDay : time;
 }
 
+void SoundingFile::settleTimes() {
+    if (!_valid) {
+        return;
+    }
+    std::vector<double> times = _sTime.timeArray();
+    times.erase(std::remove(times.begin(), times.end(), kMissing), times.end()); // such records are told elsewhere
+    constexpr int kKeptAhead = 1; // the frame from ahead of the launch may be an old one
+    const auto ahead = std::count_if(times.begin(), times.end(), [](double time) { return time < kLaunchObsTime; });
+    if (ahead > kKeptAhead) {
+        _errorMsg += "- " + std::to_string(ahead) + " records from more than 1 s ahead of the launch are left out.\n";
+    }
+    if (!std::is_sorted(times.begin(), times.end())) {
+        for (Series* series : recordSeries()) {
+            series->sortByTime();
+        }
+        _errorMsg += "- The times of the records go backward. The records are put in order of time.\n";
+    }
+    dropRepeated();
+}
+
+void SoundingFile::dropRepeated() {
+    const std::vector<Series*> all = recordSeries();
+    const bool isTable = std::all_of(all.begin(), all.end(), [this](const Series* series) {
+        return series->lastIndex() == _sTime.lastIndex(); // columns may come in the middle of a CSV file
+    });
+    std::set<int> repeated;
+    for (int i = 1; isTable && i <= _sTime.lastIndex(); ++i) {
+        const auto repeats = [i](const Series* series) {
+            return series->time(i) == series->time(i - 1) && series->data(i) == series->data(i - 1);
+        };
+        if (_sTime.time(i) != kMissing && std::all_of(all.begin(), all.end(), repeats)) {
+            repeated.insert(i);
+        }
+    }
+    if (repeated.empty()) {
+        return;
+    }
+    for (Series* series : all) {
+        series->removeIf([&](int index, const Value&) { return repeated.count(index) > 0; });
+    }
+    _dataPoints = _sTime.lastIndex() + 1;
+    _errorMsg += "- Records are repeated. Each was read once.\n";
+}
+
+std::vector<Series*> SoundingFile::recordSeries() {
+    std::vector<Series*> used;
+    for (Series* series : {&_sTime, &_sPres, &_sTdry, &_sRh0, &_sRh1, &_sRh2, &_sWdir, &_sWspd, &_sDz, &_sLon, &_sLat,
+                           &_sAlt, &_sGpsalt, &_sSats, &_sDp, &_sMr, &_sVt, &_sPtemp, &_sWe}) {
+        if (!series->empty()) {
+            used.push_back(series);
+        }
+    }
+    return used;
+}
+
 void SoundingFile::tellLongLine(std::size_t lineNumber) {
     _errorMsg += "- Line " + std::to_string(lineNumber) + " is longer than " + std::to_string(kLongestLine) +
                  " characters; the rest of the file was not read.\n";
@@ -72,6 +127,13 @@ void SoundingFile::takeLaunch(const WrittenTime& launch) {
     _hour = launch.hour;
     _min = launch.min;
     _sec = launch.sec;
+}
+
+void SoundingFile::checkLaunchTime() {
+    const WrittenTime told{_year, _month, _day, _hour, _min, _sec, 0.0};
+    if (WrittenTime::of(told.seconds()).text() != told.text()) {
+        _errorMsg += kLaunchInvalid;
+    }
 }
 
 void SoundingFile::takeWmoCodes(const char* sondeType) {

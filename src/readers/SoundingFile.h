@@ -35,6 +35,9 @@ public:
     std::string getErrorMsg() const { return _errorMsg; }
     /// Adds to the error text that the reading of the file ended with a line that was too long.
     void tellLongLine(std::size_t lineNumber);
+    /// Puts the records of a valid file in the order of time and drops those that repeat the one before. Adds to the
+    /// error text that there were such, and that the analysis leaves out those from ahead of the launch.
+    void settleTimes();
     std::vector<std::string> getSummaryInfo() const { return _summaryInfo; }
     /// The file name without directories, a blank, and what the file says of itself.
     std::string description() const;
@@ -135,6 +138,7 @@ protected:
     // What several readers have to say of a file.
     static constexpr const char* kNoData = "- No sounding data found in file.\n";
     static constexpr const char* kLaunchInvalid = "- Launch date or time is invalid.\n";
+    static constexpr const char* kNoTime = "- There is no time in line ";
     static constexpr const char* kValuesMissing = "- Values are missing at the end of line ";
 
     /// Valid when there is any line at all.
@@ -158,6 +162,8 @@ protected:
     /// Sets the codes that messages describe the system with; most systems differ in \p sondeType only.
     void takeWmoCodes(const char* sondeType);
     void takeLaunch(const WrittenTime& launch);
+    /// Adds to the error text that the calendar has no such launch time; for formats that take any.
+    void checkLaunchTime();
     void registerRHchan(int channel) { _rhChannels.insert(channel); }
 
     std::string _fileName;
@@ -211,6 +217,9 @@ protected:
 
 private:
     std::int64_t nearLaunch(std::int64_t time) const;
+    /// The series that carry one value for each record.
+    std::vector<Series*> recordSeries();
+    void dropRepeated();
 
     bool _valid;
     std::vector<std::string> _lines;

@@ -124,5 +124,6 @@ std::unique_ptr<SoundingFile> SoundingFileFactory::newSoundingFile(ConfigSet& co
     if (endedByLongLine(*stream)) {
         file->tellLongLine(lastLine);
     }
+    file->settleTimes();
     return file;
 }

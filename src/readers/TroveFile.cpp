@@ -117,8 +117,12 @@ std::vector<std::string_view> TroveFile::rowsFromLaunchOn() {
     std::vector<std::string_view> rows;
     std::vector<double> times;
     while (linesLeft()) {
-        rows.emplace_back(nextLine());
-        times.push_back(numberOf(wordOf(wordsOf(rows.back()), table().timeWord)));
+        const std::string_view row = nextLine();
+        const std::string_view time = wordOf(wordsOf(row), table().timeWord);
+        if (rows.empty() || hasTime(time)) {
+            rows.push_back(row);
+            times.push_back(numberOf(time));
+        }
     }
     if (runsBackward(times, rows.size() > 2 ? 1 : 0)) {
         _ascending = false;

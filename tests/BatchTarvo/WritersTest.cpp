@@ -1,6 +1,7 @@
 // What every writer of the tool leaves behind when the disk fills up, the run is killed, or nothing may be written.
 
 #include "BatchTool.h"
+#include "TimeLimit.h"
 
 #include <chrono>
 #include <gmock/gmock.h>
@@ -82,17 +83,19 @@ TEST_F(Writers, AFullDiskLeavesWholeProductsOnly) {
 
 TEST_F(Writers, AKilledRunLeavesWholeProductsOnly) {
     setenv("TARVO_OVERRIDE_PROCESSING_TIME", "1627819203", 1);
+    const auto begun = [this] {
+        return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder / "killed"), {}));
+    };
     std::size_t some = 0;
-    for (int i = 0; i < 12; ++i) {
+    for (std::size_t i = 0; i < 12; ++i) {
         fs::remove_all(folder / "killed");
         fs::create_directory(folder / "killed");
         RunningTool run(folder, {"--quiet", "--jobs", "1", "--out", "killed", "--formats", kEvery,
                                  (kExamples / "D20210914_043120.2").string()});
-        const auto longest = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-        while (fs::is_empty(folder / "killed") && std::chrono::steady_clock::now() < longest) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        const auto longest = std::chrono::steady_clock::now() + std::chrono::milliseconds(kPatience);
+        while (begun() < 2 + i && std::chrono::steady_clock::now() < longest) {
+            std::this_thread::sleep_for(std::chrono::microseconds(200));
         }
-        std::this_thread::sleep_for(std::chrono::milliseconds(i * 4));
         run.end(SIGKILL);
         std::this_thread::sleep_for(std::chrono::milliseconds(50)); // its worker goes with it
         const std::size_t written = countWhole("killed", true);

@@ -165,6 +165,12 @@ TEST(StationModel, PointerAndMenu) {
     QTest::mouseMove(view.viewport(), middle + QPoint(30, 0));
     QCoreApplication::processEvents();
     EXPECT_EQ(drawn(*item).brushes[0].style(), Qt::NoBrush);
+    const auto sizeInPixels = [&] {
+        return item->deviceTransform(view.viewportTransform()).mapRect(item->boundingRect()).size();
+    };
+    view.scale(4.0, -4.0);
+    EXPECT_EQ(sizeInPixels(), QSizeF(120.0, 120.0)) << "at any zoom";
+    view.scale(0.25, -0.25);
 
     QStringList told;
     QObject::connect(item, &QStationModelGraphicsItem::process,

@@ -150,6 +150,25 @@ TEST_F(RegistryXMLSaveTest, MissingOrEmptyElementsAreFilledWhereTheyBelong) {
     EXPECT_EQ(readFile(path), "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" + expected + "\n");
 }
 
+TEST_F(RegistryXMLSaveTest, WhatIsNotOursStaysAndComesOutAsUtf8) {
+    const std::string foreign =
+        replaced(replaced(kTwoSets, "<active2>", "<extra note=\"1\">x<!-- y --><z/></extra>\n  <active2>"),
+                 "<set name=\"night\">", "<set name=\"night\" owner=\"me\"><option name=\"Odd\" type=\"colour\"/>");
+    std::string wide = "\xff\xfe";
+    for (const char c : replaced(foreign, "UTF-8", "UTF-16")) {
+        wide += {c, '\0'};
+    }
+    const std::string latin1 = replaced(replaced(foreign, "UTF-8", "ISO-8859-1"), "one\ntwo", "caf\xe9");
+    for (const auto& [text, title] : {std::pair(wide, "one\ntwo"), std::pair(latin1, "caf\xc3\xa9")}) {
+        write("site.xml", text);
+        RegistryXML store(path, "");
+        ASSERT_EQ(store.status(), 0) << store.statusText();
+        store.set("Length", 3.0);
+        store.save(false);
+        EXPECT_EQ(contentOf(path), replaced(replaced(foreign, " 2.5 ", "3.000000"), "one\ntwo", title));
+    }
+}
+
 TEST_F(RegistryXMLSaveTest, WhateverIsSetTheFileCanBeReadAgain) {
     const std::pair<std::string, std::string> cases[] = {
         {"\001a\033\177", "a\177"},                                 // controls that XML can't hold

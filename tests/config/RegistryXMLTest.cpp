@@ -273,11 +273,10 @@ class RegistryXMLFileTest : public InTemporaryDirectory {};
 
 TEST_F(RegistryXMLFileTest, WhatIsNoFileHasStatusTwo) {
     ASSERT_EQ(::mkfifo(pathOf("pipe").c_str(), 0600), 0);
-    const std::pair<std::string, std::string> cases[] = {{pathOf("nowhere.xml"), "no file"},
-                                                         {folder.path().string(), "not a file"},
-                                                         {pathOf("pipe"), "not a file"},
-                                                         {write("empty.xml", ""), "line 1"},
-                                                         {"", "no file"}};
+    std::filesystem::resize_file(write("huge.xml", ""), std::uintmax_t{65} * 1024 * 1024); // a hole, not bytes
+    const std::pair<std::string, std::string> cases[] = {
+        {pathOf("nowhere.xml"), "no file"}, {folder.path().string(), "not a file"}, {pathOf("pipe"), "not a file"},
+        {write("empty.xml", ""), "line 1"}, {pathOf("huge.xml"), "too large"},      {"", "no file"}};
     for (const auto& [path, reason] : cases) {
         RegistryXML store(path, "");
         EXPECT_EQ(store.status(), 2) << path;

@@ -89,7 +89,8 @@ TEST_F(Soundings, levelsOfAMap) {
     made.add(LevelType::SurfaceWind, {{LFtime, 699.0}, {LFpres, 1010.0}, {LFwspd, 9.0}, {LFwdir, 80.0}});
     made.add(LevelType::Standard,
              {{LFtime, 600.0}, {LFpres, 925.05}, {LFtdry, 20.0}, {LFwspd, 11.0}, {LFwdir, 90.0}, {LFalt, 780.0}});
-    made.add(LevelType::Standard, {{LFpres, 850.0}, {LFtdry, 16.0}}); // at no time
+    made.add(LevelType::Standard, {{LFpres, 850.0}, {LFtdry, 16.0}});  // at no time
+    made.add(LevelType::Layer150m, {{LFtime, 690.0}, {LFwspd, 10.0}}); // at no pressure
     made.add(LevelType::TropopauseLevel, {{LFtime, 10.0}, {LFpres, 120.0}, {LFtdry, -75.0}});
     made.add(LevelType::GDLTdry, {{LFtime, 300.0}, {LFpres, 777.0}, {LFtdry, 9.0}});
     Level& wind = made.add(LevelType::MaxWind, {{LFtime, 20.0}, {LFpres, 200.0}, {LFwspd, 60.0}, {LFwdir, 270.0}});
@@ -159,6 +160,24 @@ TEST_F(Soundings, aLockedFileLosesNothing) {
     other.exec("rollback");
     EXPECT_GT(db.addSounding("/b", metaData(), "CSV"), 0);
     EXPECT_EQ(db.getSoundings().size(), 2U);
+}
+
+TEST_F(Soundings, aFileThatIsTakenAwayTakesNoMore) {
+    db.addSounding("/a", metaData(), "CSV");
+    const std::filesystem::path elsewhere = folder / "renamed.sqlite";
+    std::filesystem::rename(db.dbPath(), elsewhere);
+    const auto refuses = [this] {
+        testing::internal::CaptureStdout();
+        EXPECT_EQ(db.addSounding("/b", metaData(), "CSV"), -1);
+        EXPECT_THAT(testing::internal::GetCapturedStdout(), HasSubstr("deleted or renamed"));
+        MadeLevels made;
+        EXPECT_THROW(LevelsDB::addLevels(&made.levels, &db, "/a"), std::string);
+    };
+    refuses();
+    writeFile(db.dbPath(), ""); // another one stands there now
+    refuses();
+    std::filesystem::rename(elsewhere, db.dbPath());
+    EXPECT_GT(db.addSounding("/b", metaData(), "CSV"), 0);
 }
 
 TEST(OpenOrCreate, laysDownOnlyWhatIsEmpty) {

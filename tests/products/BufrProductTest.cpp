@@ -265,13 +265,16 @@ TEST(TarvoToBUFR, NamesStationAndSonde) {
 
 TEST(TarvoToBUFR, TheDisplacementCrossesTheDateLine) {
     // 603 bits of the head and the count of rows, then time (15), flags (18), pressure (14), height (17) and the
-    // displacement in latitude (25); that in longitude counts from -180 degrees in steps of 0.00001.
+    // displacement in latitude (25); that in longitude counts from -180 degrees in steps of 0.00001, all bits set being
+    // a missing one.
+    const double missing = 0x3FFFFFF * 1e-5 - 180.0;
     struct {
         double launch;
         double lon;
         double displacement;
-    } const cases[] = {{179.9, -179.95, 0.15}, {-179.9, 179.95, -0.15}, {-75.0, -74.5, 0.5},
-                       {0.0, -180.0, -180.0},  {10.0, -175.0, 175.0},   {200.0, -159.0, 1.0}};
+    } const cases[] = {{179.9, -179.95, 0.15},  {-179.9, 179.95, -0.15}, {-75.0, -74.5, 0.5},
+                       {0.0, -180.0, -180.0},   {10.0, -175.0, 175.0},   {200.0, -159.0, 1.0},
+                       {-80.0, 999.0, missing}, {-80.0, 9999.0, missing}};
     for (const auto& c : cases) {
         MadeProduct product;
         product.meta.launchLat.set(10.0);

@@ -122,6 +122,24 @@ TEST_F(NetcdfProduct, WorksOutWhatIsntGiven) {
     EXPECT_EQ(value("reference_alt"), -999);
 }
 
+// Raw data and those passed through have met no limits.
+TEST_F(NetcdfProduct, WhatCantBeWorkedOutIsMissing) {
+    MadeColumns columns(4);
+    columns.values[C::Tdry] = {1.0, 20.0, -300.0, 20.0};
+    columns.values[C::RH] = {1.0, 50.0, 50.0, 50.0};
+    columns.values[C::Pres] = {1.0, 0.0, 900.0, -5.0};
+    meta.ascending = true;
+    ASSERT_TRUE(save(4, columns));
+    for (const char* name : {"theta", "theta_e", "theta_v"}) {
+        EXPECT_THAT(values(name), ElementsAre(-999, testing::_, -999)) << name;
+    }
+    for (const char* name : {"mr", "theta_e", "vt", "theta_v"}) {
+        EXPECT_EQ(values(name)[1], -999) << name;
+    }
+    EXPECT_THAT(values("pres"), ElementsAre(0, 900, -5));
+    EXPECT_THAT(values("tdry"), ElementsAre(20, -300, 20));
+}
+
 TEST_F(NetcdfProduct, TellsTheTimeOfTheReference) {
     meta.unixLaunchObsTime = -999;
     ASSERT_TRUE(save(3, MadeColumns(3)));

@@ -2,6 +2,7 @@
 #include "FileSaver.h"
 #include "ProductColumns.h"
 #include "SkewTPicture.h"
+#include "SummaryText.h"
 
 #include "MadeAnalysis.h"
 #include "PrescribedTime.h"
@@ -145,6 +146,16 @@ TEST(ProductColumns, TakeTheirSeries) {
     analysis.editor.getSeries("QCAltMissing")->appendValue(77.0, 0.5);
     analysis.config.set.set("SetHtsMissing", 1.0);
     EXPECT_EQ(C::qc(analysis.editor, analysis.config.set)[C::Alt][2], 77.0);
+}
+
+// The items are those of a window, which sets the remarkable ones in red.
+TEST(SummaryText, HasNoMarkup) {
+    Analysis made;
+    made.editor.summaryAddItem("Zero", "1 < 2 > 0, a<b>c</b>");
+    std::ostringstream out;
+    saveSummaryText(made.editor, out);
+    EXPECT_NE(out.str().find("\nFast Fall Test\nNot enough points for the fast fall check\n"), std::string::npos);
+    EXPECT_EQ(stretch(out.str(), "Zero"), "Zero\n1 < 2 > 0, ac\n");
 }
 
 TEST(FileSaver, WritesTheFormatOfItsFilter) {

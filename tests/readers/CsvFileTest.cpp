@@ -55,8 +55,9 @@ TEST(CsvFile, ARecordWithoutATimeIsToldOnce) {
         EXPECT_TRUE(file->isValid());
         EXPECT_EQ(file->dataPoints(), 4);
         EXPECT_EQ(file->getErrorMsg(), "- There is no time in line 11\n") << time;
+        EXPECT_EQ(file->sPres()->time(3), -999.0) << time;
     }
-    EXPECT_EQ(readText(kHead + kData + "Data,-.5,999\nData, +1,999\nData,2s,998\n")->getErrorMsg(), "");
+    EXPECT_EQ(readText(kHead + "Fields,Time\nData,-.5\nData, +1\nData,2s\n")->getErrorMsg(), "");
 }
 
 // Which of "Data,1,2", "Data,1,2,3", "Data,1,2,3,4" count.
@@ -127,6 +128,23 @@ TEST(CsvFile, DirectionAndTypeGoTogether) {
         const auto file = readText(kHead + kData + line);
         EXPECT_EQ(file->ascending(), ascending) << line;
         EXPECT_EQ(file->soundingType(), ascending ? SoundingType::Unknown : SoundingType::Ombra) << line;
+    }
+}
+
+TEST(CsvFile, ALaunchTimeThatTheCalendarDoesntHaveIsTold) {
+    const std::string told = "- Launch date or time is invalid.\n";
+    const std::pair<const char*, std::string> cases[] = {
+        {"Month,02\nDay,29\n", told}, {"Month,02\nDay,29\nYear,2020\n", ""},
+        {"Month,13\n", told},         {"Day,0\n", told},
+        {"Hour,24\n", told},          {"Minute,60\n", told},
+        {"Second,60\n", told},        {"Second,59\n", ""},
+        {"Year,abc\n", told},         {"Year,2147483647\n", told},
+        {"Month,-5\n", told},
+    };
+    for (const auto& [lines, error] : cases) {
+        const auto file = readText(kHead + kData + lines);
+        EXPECT_TRUE(file->isValid()) << lines;
+        EXPECT_EQ(file->getErrorMsg(), error) << lines;
     }
 }
 

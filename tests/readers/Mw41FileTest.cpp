@@ -17,11 +17,14 @@ std::unique_ptr<SoundingFile> readLines(const TextLines& pairs,
     return readText(joined(with(with(with({"FLEDT\tmetadata"}, pairs), {""}), table)));
 }
 
-/// Without the notice that comes with every file.
+const std::string kNoLaunch = "- Launch date or time is invalid.\n";
+
+/// Without the notice that comes with every file, nor that of a file without a date.
 std::string errorOf(const SoundingFile& file) {
     const std::string text = file.getErrorMsg();
     EXPECT_EQ(text.substr(0, kNotice.size()), kNotice);
-    return text.substr(kNotice.size());
+    const std::string own = text.substr(kNotice.size());
+    return own.substr(0, own.find(kNoLaunch));
 }
 
 } // namespace
@@ -84,8 +87,10 @@ TEST(Mw41File, JoinsDateAndTimeInEitherOrder) {
         EXPECT_EQ(file->unixLaunchObsTime(), 1643887807);
         EXPECT_EQ(file->year() * 10000 + file->month() * 100 + file->day(), 20220203);
         EXPECT_EQ(file->mw41metadata().size(), 2U);
+        EXPECT_EQ(file->getErrorMsg(), kNotice);
     }
     EXPECT_EQ(readLines({date})->unixLaunchObsTime(), -999);
+    EXPECT_EQ(readLines({date})->getErrorMsg(), kNotice + kNoLaunch);
 }
 
 TEST(Mw41File, SaysWhatItCannotUse) {
@@ -96,6 +101,7 @@ TEST(Mw41File, SaysWhatItCannotUse) {
         {{"Elapsed time,P"}, noData},
         {{"Elapsed time,P", "s,hPa"}, noData},
         {{"Elapsed time,P", "s,hPa", "1", "", "99999.0,1000"}, noData},
+        {{"Elapsed time,P", "s,hPa", "later,1000", "1,1000"}, "- There is no time in line 5\n"},
         {{"elapsed time,P", "s,hPa", "1,1000"}, noTime},
         {{" Elapsed time , Foo,P, Foo,", "s,x,hPa,x", "1,2,3,4"},
          "- Tarvo does not recognize column: Foo. The data from this column will not be ingested.\n"},

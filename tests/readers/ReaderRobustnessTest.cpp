@@ -105,6 +105,35 @@ TEST(ReaderRobustness, LineEndsMakeNoDifference) {
     }
 }
 
+// The last two records change places, or the last one comes twice, or both.
+TEST(ReaderRobustness, RecordsOutOfOrderOrRepeatedTakeTheirPlaces) {
+    const std::string unordered = "- The times of the records go backward. The records are put in order of time.\n";
+    const std::string repeated = "- Records are repeated. Each was read once.\n";
+    for (const std::string& text :
+         {csv(), upsonde("PELO"), upsonde("VESTA"), mirra(), zorText(), frdText(), mw41Text()}) {
+        const auto plain = readText(text);
+        const auto behind = text.rfind('\n', text.size() - 2) + 1;
+        const auto ahead = text.rfind('\n', behind - 2) + 1;
+        const std::string start = text.substr(0, ahead);
+        const std::string next = text.substr(ahead, behind - ahead);
+        const std::string last = text.substr(behind);
+        for (const auto& [changed, told] : {std::pair(start + last + next, unordered),
+                                            {text + last, repeated},
+                                            {start + last + next + last, unordered + repeated}}) {
+            const auto file = readText(changed);
+            ASSERT_TRUE(file->isValid()) << changed;
+            EXPECT_EQ(file->getErrorMsg(), plain->getErrorMsg() + told) << changed;
+            EXPECT_EQ(file->dataPoints(), plain->dataPoints());
+            for (Series* (SoundingFile::*series)() :
+                 {&SoundingFile::sTime, &SoundingFile::sPres, &SoundingFile::sTdry, &SoundingFile::sRh0,
+                  &SoundingFile::sRh1, &SoundingFile::sWspd, &SoundingFile::sLat, &SoundingFile::sGpsalt}) {
+                EXPECT_EQ(((*file).*series)()->timeArray(), ((*plain).*series)()->timeArray()) << changed;
+                EXPECT_EQ(((*file).*series)()->dataArray(), ((*plain).*series)()->dataArray()) << changed;
+            }
+        }
+    }
+}
+
 TEST(ReaderRobustness, AnOverlongLineEndsTheReadingThere) {
     const std::string longFrame = frameText({10.5}).substr(0, 150) + std::string(650, ' ') + "\n";
     const auto file = readText(ombra() + longFrame + drop(11.0, 20.0));

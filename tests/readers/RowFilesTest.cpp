@@ -156,7 +156,7 @@ TEST(TroveFile, TurnsRoundWhatRunsBackward) {
     };
     const Case cases[] = {
         {{"5 900", "0 1000", "1 1001", "2 1002"}, true, {0, 1, 2}},
-        {{"-1 900", "5 1000", "6 1001", "7 1002", "1"}, true, {5, 6, 7, 1}},
+        {{"-1 900", "5 1000", "6 1001", "7 1002", "1"}, true, {1, 5, 6, 7}},
         {{"-1 900", "2 1002", "1 1001", "0 1000"}, false, {0, 1, 2}},
         {{"0 1000", "-1 900"}, false, {0}},
         {{"-1 900", "0 1000"}, true, {0}},
@@ -267,6 +267,23 @@ TEST(FRDFile, DatesBelow90AreOfThisCenturyAndValuesHaveNoLimits) {
     ASSERT_EQ(file->dataPoints(), 2);
     EXPECT_THAT(rowOf(*file, 0), ElementsAre(0, 9999, 999, 999, 999, 999, 99, 999, 999, 99999, -999, 99));
     EXPECT_THAT(rowOf(*file, 1), testing::Contains(-999.0).Times(11));
+}
+
+// Nor is the header of another file that was joined to this one.
+TEST(RowFiles, ALineOfTextIsNoRecord) {
+    for (const std::string& text : {troveText(), zorText(), frdText()}) {
+        const auto plain = readText(text);
+        const auto file = readText(text + "\nend of data\n" + text.substr(0, text.find('\n')) + "\n");
+        EXPECT_TRUE(file->isValid());
+        EXPECT_EQ(dataOf(*file, &SoundingFile::sTime), dataOf(*plain, &SoundingFile::sTime));
+        std::istringstream lines(text);
+        int behind = 1;
+        for (std::string line; std::getline(lines, line);) {
+            behind += line.empty() ? 0 : 1;
+        }
+        EXPECT_EQ(file->getErrorMsg(),
+                  plain->getErrorMsg() + "- There is no time in line " + std::to_string(behind) + "\n");
+    }
 }
 
 TEST(PassThrough, IsForcedOnceForTheGivenSetOnly) {

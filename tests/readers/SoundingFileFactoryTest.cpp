@@ -96,6 +96,25 @@ TEST(SoundingFileFactory, TellsWhichLineEndedTheReading) {
     EXPECT_EQ(readText(std::string(600, 'x')), nullptr);
 }
 
+TEST(SoundingFileFactory, TellsWhatTheAnalysisMakesOfTheTimes) {
+    const std::string notice = "- The times of the records go backward. The records are put in order of time.\n";
+    const std::pair<const char*, std::string> cases[] = {
+        {"-1 -0.5 0 1", ""},
+        {"0 1 0.5 2", notice},
+        {"1 0", notice},
+        {"-5 0 1", ""},
+        {"-6 -1.1 0 1", "- 2 records from more than 1 s ahead of the launch are left out.\n"},
+        {"1 0 -6 -7", "- 2 records from more than 1 s ahead of the launch are left out.\n" + notice},
+    };
+    for (const auto& [times, told] : cases) {
+        std::string text = "FileFormat,CSV\nYear,2021\nMonth,08\nDay,1\nHour,12\nMinute,00\nSecond,03\nFields,Time\n";
+        for (const std::string& time : tokenize(times, " ")) {
+            text += "Data," + time + "\n";
+        }
+        EXPECT_EQ(readText(text)->getErrorMsg(), told) << times;
+    }
+}
+
 TEST(SoundingFile, DescribesItselfByTheFileName) {
     const std::string text = "FileFormat,CSV\nSoundingDescription,\"Rain\"";
     const std::pair<const char*, const char*> cases[] = {

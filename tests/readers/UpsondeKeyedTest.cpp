@@ -7,6 +7,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 namespace {
 
 using testing::ElementsAre;
@@ -143,12 +145,11 @@ TEST(UpsondeKeyed, MarksOfMissingValues) {
 
 TEST(UpsondeKeyed, DataAheadOfTheLaunchAreToldOnce) {
     auto lines = pelo();
-    std::swap(lines[5], lines[9]); // both records ahead of the launch line, after a move of the first
-    std::swap(lines[6], lines[8]);
+    std::rotate(lines.begin() + 5, lines.begin() + 8, lines.end()); // both records ahead of the launch line
     const auto pelo = read(lines);
     EXPECT_TRUE(pelo->isValid());
     EXPECT_EQ(pelo->getErrorMsg(), kAheadOfLaunch);
-    EXPECT_THAT(pelo->sTime()->dataArray(), ElementsAre(2.0, 1.0));
+    EXPECT_THAT(pelo->sTime()->dataArray(), ElementsAre(1.0, 2.0));
 
     auto vestaLines = vesta();
     std::swap(vestaLines[7], vestaLines[10]);
@@ -197,7 +198,10 @@ TEST(UpsondeKeyed, LaunchDates) {
         lines[5] = "PELO-T01 LAU  R4520117 " + std::string(c.date) + " " + c.time + "  ";
         const auto file = read(lines);
         EXPECT_EQ(file->isValid(), c.good) << c.date << " " << c.time;
-        EXPECT_EQ(file->getErrorMsg(), c.good ? "" : kBadLaunch) << c.date << " " << c.time;
+        // The records are of 2022.
+        const char* const told =
+            c.year > 2022 ? "- 2 records from more than 1 s ahead of the launch are left out.\n" : "";
+        EXPECT_EQ(file->getErrorMsg(), c.good ? told : kBadLaunch) << c.date << " " << c.time;
         EXPECT_EQ(file->year(), c.year);
         EXPECT_EQ(file->sec(), c.sec);
     }

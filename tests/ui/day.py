@@ -149,8 +149,7 @@ def correct_a_group(program, operator):
     operator.mouse.click(program.find("push button", "Modify"))
     program.window("Modify Code Group")
     corrected = coded[:2] + f"{int(coded[2:]) + 4:03}"
-    operator.press("ctrl+a")
-    xdotool("type", corrected)
+    xdotool("type", corrected)  # it takes the place of the old one
     operator.press("Return")
     wait("the corrected group", lambda: program.value(table, row, column) == corrected)
     operator.mouse.click(program.cell(table, 0, 0))  # or the selection hides the colour

@@ -2,7 +2,7 @@
 
 #include "TarvoAdvConfig.h"
 
-void searchOptions(const QString& text, QTabWidget* tabs, const std::vector<TarvoAdvConfig*>& forms) {
+bool searchOptions(const QString& text, QTabWidget* tabs, const std::vector<TarvoAdvConfig*>& forms) {
     const QStringList words = text.simplified().split(' ', Qt::SkipEmptyParts);
     int first = -1;
     bool currentHasSome = false;
@@ -15,4 +15,5 @@ void searchOptions(const QString& text, QTabWidget* tabs, const std::vector<Tarv
     if (first >= 0 && !currentHasSome) {
         tabs->setCurrentIndex(first);
     }
+    return first >= 0;
 }

@@ -1,6 +1,7 @@
 #include "TarvoAdvConfig.h"
 
 #include "ParameterTable.h"
+#include "ScrolledForm.h"
 #include "TarvoWidgetValidator.h"
 #include "UiText.h"
 
@@ -11,7 +12,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegExpValidator>
-#include <QScrollArea>
 #include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -68,13 +68,9 @@ void TarvoAdvConfig::makePage(const char* title) {
         one->addStretch();
         columns->addLayout(one, isUsed ? 1 : 0);
     }
-    auto* scroll = new QScrollArea(_page);
-    scroll->setWidget(_content);
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
     auto* layout = new QVBoxLayout(_page);
     layout->addWidget(_banner);
-    layout->addWidget(scroll, 1);
+    layout->addWidget(scrolled(_content, _page), 1);
 }
 
 int TarvoAdvConfig::wholeWidth() const {
@@ -260,7 +256,12 @@ void TarvoAdvConfig::setValue(ConfigItem* item, const QLineEdit* edit, setType t
     }
     const QString text = edit->text().trimmed();
     if (type == TEXT) {
-        item->set(text.toStdString());
+        QLineEdit untouched; // a mask may not show all of a text, and needn't take it away for that
+        untouched.setInputMask(edit->inputMask());
+        setText(&untouched, item, TEXT);
+        if (untouched.text() != edit->text()) {
+            item->set(text.toStdString());
+        }
         return;
     }
     bool isNumber = false;

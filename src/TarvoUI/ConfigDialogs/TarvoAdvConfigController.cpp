@@ -12,6 +12,7 @@
 #include <QDialogButtonBox>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
@@ -35,14 +36,17 @@ TarvoAdvConfigController::TarvoAdvConfigController(QDialog* dialog, TarvoConfigS
     search->setPlaceholderText("Find an option (Ctrl+F)");
     search->setAccessibleName("Find an option");
     search->setClearButtonEnabled(true);
+    auto* nothing = new QLabel("No option has all of these words.", this);
+    nothing->setObjectName("_nothingFound");
+    nothing->hide();
     _tabs->setObjectName("_tabs");
     initializeTabs(configSet);
-    connect(search, &QLineEdit::textChanged, this, [this](const QString& text) {
+    connect(search, &QLineEdit::textChanged, this, [this, nothing](const QString& text) {
         std::vector<TarvoAdvConfig*> forms;
         for (const auto& form : _forms) {
             forms.push_back(form.get());
         }
-        searchOptions(text, _tabs, forms);
+        nothing->setHidden(searchOptions(text, _tabs, forms));
     });
     connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, search, [search] {
         search->setFocus();
@@ -57,6 +61,7 @@ TarvoAdvConfigController::TarvoAdvConfigController(QDialog* dialog, TarvoConfigS
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(search);
+    layout->addWidget(nothing);
     layout->addWidget(_tabs, 1);
     layout->addWidget(buttons);
     auto* around = new QVBoxLayout(_dialog);

@@ -14,6 +14,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegExpValidator>
+#include <QScreen>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -24,6 +25,7 @@ const char* const kTitle = "Configuration Management";
 const char* const kSample = "sample";
 const char* const kDescending = "descending-PELO";
 constexpr int kNamePicture = 20; // pixels
+constexpr int kCharacters = 80;  // of a line of the dialog, at least
 
 QString descriptionOf(const QString& name) {
     for (const ShippedSet& set : shippedSets()) {
@@ -72,7 +74,26 @@ void TarvoConfigMgt::makeForm() {
     connect(buttons, &QDialogButtonBox::rejected, this, &TarvoConfigMgt::cancelSelected);
     layout->addStretch();
     layout->addWidget(buttons);
-    setMinimumWidth(fontMetrics().averageCharWidth() * 80);
+}
+
+/// Whole with the description of any set, whatever the size of its type, where the screen has room for it.
+void TarvoConfigMgt::showEvent(QShowEvent* event) {
+    layout()->invalidate(); // the type came after the form
+    const QSize screenSize = screen()->availableSize() * 9 / 10;
+    const int wanted = std::max(kCharacters * fontMetrics().averageCharWidth(), layout()->minimumSize().width());
+    resize(std::min(wanted, screenSize.width()), height());
+    layout()->activate();
+    for (QLabel* description : {_despActive1, _despActive2}) {
+        const QRect room(0, 0, _despActive1->width(), 0);
+        int high = 0;
+        for (const ShippedSet& set : shippedSets()) {
+            const QString text = QString::fromUtf8(set.description.data(), static_cast<int>(set.description.size()));
+            high = std::max(high, description->fontMetrics().boundingRect(room, Qt::TextWordWrap, text).height());
+        }
+        description->setMinimumHeight(high);
+    }
+    resize(width(), std::min(layout()->totalHeightForWidth(width()), screenSize.height()));
+    QDialog::showEvent(event);
 }
 
 QGroupBox* TarvoConfigMgt::makeActive(int number, const QString& label, QComboBox*& select, QPushButton*& edit,
@@ -91,7 +112,6 @@ QGroupBox* TarvoConfigMgt::makeActive(int number, const QString& label, QComboBo
     description = new QLabel(group);
     description->setObjectName(QString("_despActive%1").arg(number));
     description->setWordWrap(true);
-    description->setMinimumHeight(2 * fontMetrics().lineSpacing());
     auto* layout = new QVBoxLayout(group);
     auto* line = new QHBoxLayout;
     line->addWidget(new QLabel(label, group));
@@ -229,10 +249,16 @@ void TarvoConfigMgt::displayAdvConfig() {
     }
     _changed = true;
     if (!second) {
-        _registry->save(false);
-        initConfigSet();
-        updateConfigCombo();
+        saveNow();
     }
+}
+
+/// The file has it from now on, however this dialog is left.
+void TarvoConfigMgt::saveNow() {
+    _registry->save(false);
+    emit configChanged();
+    initConfigSet();
+    updateConfigCombo();
 }
 
 void TarvoConfigMgt::restoreDefaults() {
@@ -246,10 +272,8 @@ void TarvoConfigMgt::restoreDefaults() {
     _registry->setActive1SetName(name.toStdString());
     TarvoConfigSet(_registry.get()).restoreDefault();
     _registry->setActive1SetName(first);
-    _registry->save(false); // or reading the file again would undo it
     _changed = true;
-    initConfigSet();
-    updateConfigCombo();
+    saveNow(); // or reading the file again would undo it
 }
 
 void TarvoConfigMgt::deleteConfig() {

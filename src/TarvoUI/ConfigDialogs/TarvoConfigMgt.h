@@ -26,6 +26,9 @@ signals:
     /// The file has changed.
     void configChanged();
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private slots:
     void setActive1Config(const QString& name);
     void setActive2Config(const QString& name);
@@ -46,6 +49,7 @@ private:
                          void (TarvoConfigMgt::*slot)());
     void initConfigSet();
     void updateConfigCombo();
+    void saveNow();
     /// Whether the button belongs to the second active set.
     bool isSecond(const QObject* sender) const;
     QString activeName(bool second) const;

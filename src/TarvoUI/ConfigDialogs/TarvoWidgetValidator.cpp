@@ -56,7 +56,8 @@ void TarvoWidgetValidator::regExpValidator() {
     }
     int position = 0;
     if (QRegExpValidator(_pattern).validate(text, position) == QValidator::Acceptable) {
-        if (_item != nullptr && _item->isImmediateSave()) {
+        // A field that is only passed by may show less than the item holds.
+        if (_item != nullptr && _item->isImmediateSave() && _edit->isModified()) {
             _item->set(text.toStdString());
         }
         return;

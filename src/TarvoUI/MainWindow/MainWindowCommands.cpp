@@ -219,9 +219,7 @@ void TarvoMainWindow::updateMenus() {
     }
     action("_actionRecompute")->setEnabled(tab != nullptr && tab->canRecompute());
     showConfigName();
-    if (soundingCount() == 0) {
-        stopFlash(); // who asked for it is gone
-    }
+    view != nullptr && view->needsRun() ? startFlash() : stopFlash();
     for (const char* name : {"_actionClose", "_actionCloseAll", "_actionOptions", "_actionRestoreDefaults",
                              "_actionCascade", "_actionTile", "_actionArrangeIcons"}) {
         action(name)->setEnabled(view != nullptr);
@@ -247,6 +245,22 @@ void TarvoMainWindow::showToolbar() {
 
 void TarvoMainWindow::showStatusbar() {
     statusBar()->setVisible(action("_actionStatusbar")->isChecked());
+}
+
+/// Lays out all windows, those that were icons too.
+void TarvoMainWindow::arrange(void (QMdiArea::*order)()) {
+    QMdiSubWindow* active = _mdiArea->currentSubWindow();
+    _mdiArea->setUpdatesEnabled(false);
+    _mdiArea->setOption(QMdiArea::DontMaximizeSubWindowOnActivation, true);
+    for (QMdiSubWindow* window : _mdiArea->subWindowList()) {
+        if (window->isMinimized()) {
+            window->showNormal();
+        }
+    }
+    (_mdiArea->*order)();
+    _mdiArea->setActiveSubWindow(active);
+    _mdiArea->setOption(QMdiArea::DontMaximizeSubWindowOnActivation, false);
+    _mdiArea->setUpdatesEnabled(true);
 }
 
 /// Every icon gets its place anew whenever one window becomes an icon, so those that are icons already stay as they

@@ -164,6 +164,7 @@ TarvoViewController* TarvoMainWindow::createViewsAndProcessFile(const QString& p
     QString message;
     if (!view->openFile(path, message)) {
         qCWarning(mainWindowLog) << "Not opened:" << path << message;
+        _statusAgent->SetStatus("Ready"); // nothing is being loaded any more
         QMessageBox::critical(this, "File Open Error", message);
         delete view;
         return nullptr;
@@ -221,6 +222,10 @@ void TarvoMainWindow::closeSoundings() {
     for (QMdiSubWindow* window : _mdiArea->subWindowList()) {
         if (_quitting) {
             return;
+        }
+        const TarvoViewController* view = viewOf(window);
+        if (view != nullptr && view->configSet()->changed()) {
+            raiseWindow(window); // the question doesn't say which sounding it is about
         }
         window->close();
     }

@@ -52,7 +52,7 @@ TarvoMainWindow::TarvoMainWindow(QWidget* parent)
       _letterQ(QPixmap(":/Images/LetterQ.png")
                    .scaled(kLetterSize, kLetterSize, Qt::KeepAspectRatio, Qt::SmoothTransformation)) {
     setObjectName("TarvoMainWindow");
-    setWindowIcon(QIcon(":/tarvo_icons/tarvo.png"));
+    QApplication::setWindowIcon(QIcon(":/tarvo_icons/tarvo.png")); // of boxes without a parent too
     setWindowTitle("Tarvo " + toQString(RevisionInfo().text("REPO_REVISION")));
     setCentralWidget(_mdiArea);
     _mdiArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
@@ -172,8 +172,12 @@ void TarvoMainWindow::showConfigName() {
 void TarvoMainWindow::processRequested(bool onlySignal) {
     if (!onlySignal) {
         recompute();
-        return;
+    } else {
+        startFlash();
     }
+}
+
+void TarvoMainWindow::startFlash() {
     if (_recomputeTimer == 0) {
         _recomputeTimer = startTimer(kFlashPeriod, Qt::CoarseTimer);
         action("_actionRecompute")->setToolTip(kRecomputeNeeded);

@@ -80,8 +80,8 @@ private slots:
     void updateSynopticMapTitle();
     void showToolbar();
     void showStatusbar();
-    void cascade() { _mdiArea->cascadeSubWindows(); }
-    void tile() { _mdiArea->tileSubWindows(); }
+    void cascade() { arrange(&QMdiArea::cascadeSubWindows); }
+    void tile() { arrange(&QMdiArea::tileSubWindows); }
     void arrangeIcons();
     void about();
     void UserManual();
@@ -129,12 +129,14 @@ private:
     TarvoViewController* createViewsAndProcessFile(const QString& path);
     void showView(TarvoViewController* view);
     void raiseWindow(QMdiSubWindow* window);
+    void arrange(void (QMdiArea::*order)());
     void processDerivedFile(const QString& derived);
     void closeSoundings();
     QStringList droppedFiles(const QMimeData* dropped) const;
     void updateRecentFileActions();
     void fillMenuFile();
     void showConfigName();
+    void startFlash();
     void stopFlash();
     void showContextMenu();
     void openDocument(const QString& path, const QString& failure);

@@ -8,5 +8,7 @@ class SoundingProxyModel : public QSortFilterProxyModel {
 
 public:
     explicit SoundingProxyModel(QObject* parent);
+    /// The rows are numbered as they stand.
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
     void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
 };

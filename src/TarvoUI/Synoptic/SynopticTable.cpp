@@ -268,6 +268,8 @@ void SynopticWidget::deleteSoundings() {
                 failure = "Sounding not found in database!";
             } else if (sounding != nullptr) {
                 _soundingDB->deleteSounding(sounding->filename);
+                // The next row may be that of a copy, of the same name and time.
+                _soundings.erase(_soundings.begin() + (sounding - _soundings.data()));
             }
         } catch (const std::string& error) {
             failure = toQString(error);

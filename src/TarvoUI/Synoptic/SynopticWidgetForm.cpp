@@ -164,6 +164,7 @@ QWidget* SynopticWidget::makeSoundings() {
     _soundingView = new QTableView(this);
     _soundingView->setObjectName("_soundingView");
     _soundingView->setAccessibleName("Soundings of the database");
+    _soundingView->setTabKeyNavigation(false);
     _soundingView->setSelectionMode(QAbstractItemView::MultiSelection);
     _soundingView->setContextMenuPolicy(Qt::ActionsContextMenu);
     _soundingView->setMinimumWidth(fontMetrics().averageCharWidth() * 52);

@@ -2,6 +2,7 @@
 
 #include "CommView.h"
 
+#include "ScrolledForm.h"
 #include "SerialPorts.h"
 #include "UiText.h"
 
@@ -12,7 +13,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QVBoxLayout>
 
 namespace {
@@ -42,9 +42,7 @@ void CommView::makeForm() {
     setObjectName("CommView");
     _canSave = false;
     _canRecompute = false;
-    _topLabel = new QLabel(this);
-    _topLabel->setObjectName("_comm_topLabel");
-    _topLabel->setAlignment(Qt::AlignCenter);
+    _topLabel = makeTopLabel("_comm_topLabel");
     auto* left = new QVBoxLayout;
     for (QGroupBox* box : {makeHeader(), makeDoubtful(), makeMission()}) {
         left->addWidget(box);
@@ -59,15 +57,9 @@ void CommView::makeForm() {
     columns->addLayout(left);
     columns->addLayout(right);
     columns->addStretch();
-    auto* scroll = new QScrollArea(this); // large type on a small screen
-    scroll->setWidget(form);
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->viewport()->setAutoFillBackground(false);
-    form->setAutoFillBackground(false);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(_topLabel);
-    layout->addWidget(scroll);
+    layout->addWidget(scrolled(form, this));
 }
 
 QLineEdit* CommView::addEdit(QFormLayout* form, const char* label, const char* name, const char* mask,

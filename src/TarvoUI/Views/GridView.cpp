@@ -23,8 +23,7 @@ constexpr int kRowsToLookAt = 100; // for the width of a column
 GridView::GridView(std::vector<GridColumn> columns, bool withAttributes, int rowMargin, DocumentController* doc,
                    QPrinter* printer, QWidget* parent)
     : TarvoView(doc, printer, parent), _grid(new SeriesGrid(std::move(columns), withAttributes, this)),
-      _table(new QTableView(this)), _topLabel(new QLabel(this)) {
-    _topLabel->setAlignment(Qt::AlignCenter);
+      _table(new QTableView(this)), _topLabel(makeTopLabel("_topLabel")) {
     _topLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
     _table->setModel(_grid);
     _table->setObjectName("_grid");

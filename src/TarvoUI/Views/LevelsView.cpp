@@ -89,16 +89,16 @@ public:
 };
 
 LevelsView::LevelsView(DocumentController* doc, QPrinter* printer, QWidget* parent)
-    : TarvoView(doc, printer, parent), _topLabel(new QLabel(this)), _levelsGrid(new QTableWidget(this)) {
+    : TarvoView(doc, printer, parent), _topLabel(makeTopLabel("_levels_topLabel")),
+      _levelsGrid(new QTableWidget(this)) {
     setObjectName("LevelsView");
-    _topLabel->setObjectName("_levels_topLabel");
-    _topLabel->setAlignment(Qt::AlignCenter);
     auto* left = new QLabel("Click on a level to disable/enable it.   ", this);
     left->setObjectName("_levelsLabel_LeftLabel");
     auto* right = new QLabel("   Disabled Levels are highlighted in red.", this);
     right->setObjectName("_levelsLabel_RightLabel");
     _levelsGrid->setObjectName("_levelsGrid");
     _levelsGrid->setAccessibleName("Levels");
+    _levelsGrid->setTabKeyNavigation(false);
     _levelsGrid->installEventFilter(this);
     auto* hints = new QHBoxLayout;
     hints->addStretch();

@@ -94,7 +94,8 @@ int MainView::print() {
 /// The whole form, also what large type has pushed out of sight, and no ground: paper has its own.
 QPixmap MainView::picture() {
     const QRect form = _form->childrenRect();
-    const QSize head(_topLabel->sizeHint().width(), 2 * _topLabel->sizeHint().height());
+    const QFontMetrics type = _topLabel->fontMetrics();
+    const QSize head(type.horizontalAdvance(_topLabel->text()), 2 * type.height());
     const QSize size(std::max(form.width(), head.width()), head.height() + form.height());
     const qreal dots = devicePixelRatioF();
     QPixmap whole(size * dots);
@@ -114,7 +115,9 @@ void MainView::update() {
     _topLabel->setText(_description);
     setFormFromConfig();
     double value = 0.0;
-    const auto show = [&](QLineEdit* edit, bool have) { setEditValue(edit, value, kDecimals, !have); };
+    const auto show = [&](QLineEdit* edit, bool have) {
+        setEditValue(edit, value, kDecimals, !have || value == kMissing);
+    };
     show(_estLaunchAlt, _editor->estLaunchAlt(value));
     show(_estTermAlt, _editor->estTermAlt(value));
     show(row("SfcPresOverride").reported, _editor->getRawTermPres(value));

@@ -2,9 +2,10 @@
 
 #include "MainView.h"
 
+#include "ScrolledForm.h"
+
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QScrollArea>
 #include <QVBoxLayout>
 
 namespace {
@@ -26,9 +27,7 @@ public:
 MainView::MainView(DocumentController* doc, QPrinter* printer, QWidget* parent) : TarvoView(doc, printer, parent) {
     setObjectName("MainView");
     _canSave = false;
-    _topLabel = new QLabel(this);
-    _topLabel->setObjectName("_main_topLabel");
-    _topLabel->setAlignment(Qt::AlignCenter);
+    _topLabel = makeTopLabel("_main_topLabel");
 
     auto* left = new QVBoxLayout;
     left->addWidget(makeLaunchParameters());
@@ -46,15 +45,9 @@ MainView::MainView(DocumentController* doc, QPrinter* printer, QWidget* parent) 
     columns->addLayout(left);
     columns->addLayout(right);
     columns->addStretch();
-    auto* scroll = new QScrollArea(this); // large type on a small screen
-    scroll->setWidget(_form);
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->viewport()->setAutoFillBackground(false);
-    _form->setAutoFillBackground(false);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(_topLabel);
-    layout->addWidget(scroll);
+    layout->addWidget(scrolled(_form, this));
 
     for (std::size_t index = 0; index < _rows.size(); ++index) {
         connectRow(index);

@@ -15,10 +15,8 @@ constexpr double kPrintedPoints = 10.0;
 } // namespace
 
 SummaryView::SummaryView(DocumentController* doc, QPrinter* printer, QWidget* parent)
-    : TarvoView(doc, printer, parent), _topLabel(new QLabel(this)), _text(new QTextEdit(this)) {
+    : TarvoView(doc, printer, parent), _topLabel(makeTopLabel("_summary_topLabel")), _text(new QTextEdit(this)) {
     setObjectName("SummaryView");
-    _topLabel->setObjectName("_summary_topLabel");
-    _topLabel->setAlignment(Qt::AlignCenter);
     _text->setReadOnly(true);
     _text->setAccessibleName("Summary");
     auto* layout = new QVBoxLayout(this);

@@ -28,6 +28,14 @@ QString TarvoView::configText(const char* key) const {
     return toQString(text);
 }
 
+QLabel* TarvoView::makeTopLabel(const char* name) {
+    auto* label = new QLabel(this);
+    label->setObjectName(name);
+    label->setAlignment(Qt::AlignCenter);
+    label->setWordWrap(true);
+    return label;
+}
+
 void TarvoView::setCellValue(QTableWidget* table, int row, int column, double value, int precision) {
     setCellValue(table, row, column, numberText(value, precision));
     table->item(row, column)->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);

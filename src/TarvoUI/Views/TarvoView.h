@@ -2,6 +2,7 @@
 
 #include "DocumentController.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QPixmap>
 #include <QPrinter>
@@ -43,6 +44,8 @@ protected:
     bool isOn(const char* key) const;
     QString configText(const char* key) const;
 
+    /// The place of the description, in as many lines as it needs.
+    QLabel* makeTopLabel(const char* name);
     static void setCellValue(QTableWidget* table, int row, int column, double value, int precision);
     static void setCellValue(QTableWidget* table, int row, int column, const QString& text);
     static void setCellBackground(QTableWidget* table, int row, int column, const QColor& color);

@@ -176,6 +176,7 @@ void TarvoViewController::setSoundingDB(SoundingDB* soundingDB) {
 
 void TarvoViewController::process() {
     _running = true;
+    _needsRun = false;
     const WaitCursor wait;
     const std::string problems = _doc->process();
     if (!problems.empty()) {
@@ -263,6 +264,11 @@ QString TarvoViewController::activeConfigSet() const {
 void TarvoViewController::processRequest(bool onlySignal) {
     // The mark comes first: a request that recomputes at once has run to its end when the signal returns.
     _rawChanged = true;
+    request(onlySignal);
+}
+
+void TarvoViewController::request(bool onlySignal) {
+    _needsRun = true;
     emit processRequested(onlySignal);
 }
 
@@ -289,7 +295,7 @@ void TarvoViewController::optionsChanged(bool runNeeded) {
         _activeTab->update(); // or its entries would be written back over the options
     }
     if (runNeeded || runOptions() != _lastOptions) {
-        emit processRequested(true);
+        request(true);
     }
 }
 

@@ -32,6 +32,9 @@ public:
     /// Runs the analysis, and shows its result on all tabs.
     void process();
 
+    /// Whether data or options were changed since the last run.
+    bool needsRun() const { return _needsRun; }
+
     TarvoView* activeTab() const { return _activeTab; }
     int save();
     int print();
@@ -82,6 +85,7 @@ private:
     void updateTabs();
     void autoSave();
     void promptAndSaveConfig();
+    void request(bool onlySignal);
     bool isOn(const char* key) const;
     /// The options by name, but those that the program stores for itself, such as folders.
     std::map<std::string, std::pair<double, std::string>> runOptions() const;
@@ -100,5 +104,6 @@ private:
     QPrinter* _printer;
     std::map<std::string, std::pair<double, std::string>> _lastOptions; // of the last run
     bool _rawChanged = false;
+    bool _needsRun = false;
     bool _running = false;
 };

@@ -3,6 +3,7 @@
 #include "AtomicFile.h"
 #include "AutoSaveDirectory.h"
 #include "Boxes.h"
+#include "FontWatch.h"
 #include "Listing.h"
 #include "RowHeight.h"
 #include "Trailer.h"
@@ -39,20 +40,28 @@ QColor colorOf(const WMOcodeGroup& group) {
 } // namespace
 
 WMOView::WMOView(DocumentController* doc, QPrinter* printer, QWidget* parent)
-    : TarvoView(doc, printer, parent), _topLabel(new QLabel(this)),
+    : TarvoView(doc, printer, parent), _topLabel(makeTopLabel("_wmo_topLabel")),
       _originalGroups(new QLabel("Original Groups", this)), _modifiedGroups(new QLabel("Modified Groups", this)),
       _table(new QTableWidget(this)) {
     setObjectName("WMOView");
-    _topLabel->setObjectName("_wmo_topLabel");
-    _topLabel->setAlignment(Qt::AlignCenter);
     _originalGroups->setObjectName("_originalGroups");
     _modifiedGroups->setObjectName("_modifiedGroups");
     _table->setObjectName("_table");
     _table->setAccessibleName("WMO message");
+    _table->setTabKeyNavigation(false);
+    QPalette white = _table->palette();
+    white.setColor(QPalette::Base, Qt::white); // as the groups are, also on a dark desktop
+    _table->setPalette(white);
     _table->setColumnCount(kColumns);
     _table->setShowGrid(false);
     _table->horizontalHeader()->hide();
     _table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    const auto fitToFont = [this] {
+        const QString group(kFitsInCell + 1, '0'); // and the margins of its cell
+        _table->horizontalHeader()->setMinimumSectionSize(QFontMetrics(_table->font()).horizontalAdvance(group));
+    };
+    new FontWatch(_table, fitToFont);
+    fitToFont();
     _table->verticalHeader()->hide();
     fitRowsToFont(_table, kRowMargin);
     _table->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -299,6 +308,7 @@ bool WMOView::promptLine(const QString& title, const QString& label, const QStri
     QDialog dialog(this);
     dialog.setWindowTitle(title);
     auto* edit = new QLineEdit(value, &dialog);
+    edit->selectAll();      // what is typed takes its place
     edit->ensurePolished(); // the size of the text is that of the window
     const int characters = value.isEmpty() ? kEmptyWidth : static_cast<int>(value.size()) + kMoreWidth;
     edit->setFixedWidth(characters * edit->fontMetrics().horizontalAdvance('0'));

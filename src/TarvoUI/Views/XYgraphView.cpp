@@ -277,6 +277,7 @@ int XYgraphView::printPreview() {
     setUpPage();
     printNatively();
     QPrintPreviewDialog dialog(_printer, this);
+    dialog.setWindowTitle("Tarvo - Print Preview XY Graph");
     dialog.setMinimumSize(kPreviewWidth, kPreviewHeight);
     connect(&dialog, &QPrintPreviewDialog::paintRequested, this, &XYgraphView::xyPreview);
     dialog.exec();

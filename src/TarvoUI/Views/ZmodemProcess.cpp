@@ -2,6 +2,8 @@
 
 #include "UiText.h"
 
+#include <QProcessEnvironment>
+
 #include <iostream>
 
 ZmodemProcess::ZmodemProcess(std::string kermitPath, std::string fileName, std::string port, std::string speed,
@@ -17,5 +19,15 @@ std::string ZmodemProcess::commands() const {
 void ZmodemProcess::transmit() {
     const QStringList arguments{"-Y", "-C", toQString(commands())};
     std::cerr << "command: " << _kermitPath << " " << arguments.join(' ').toStdString() << std::endl;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("LC_ALL", "C"); // or hasSent() wouldn't know the words
+    setProcessEnvironment(environment);
     start(toQString(_kermitPath), arguments, QIODevice::ReadWrite);
+}
+
+/// C-Kermit ends with 0 whatever became of the transfer, even where there is no such port: there the program that it
+/// sends with has to say that all is over.
+bool ZmodemProcess::hasSent(int exitCode, ExitStatus status) {
+    const QByteArray said = readAllStandardOutput() + readAllStandardError();
+    return exitCode == 0 && status == NormalExit && (!said.contains("C-Kermit") || said.contains("Transfer complete"));
 }

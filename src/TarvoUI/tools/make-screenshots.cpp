@@ -105,6 +105,7 @@ protected:
         if (!_name.isEmpty()) {
             if (dialog->findChild<QTabWidget*>() != nullptr) {
                 dialog->resize(kDialogWidth, kDialogHeight); // which the screen that isn't there has no room for
+                QCoreApplication::sendPostedEvents();
             }
             _album.keep(dialog->grab(), _name);
             _name.clear();

@@ -12,7 +12,8 @@ constexpr double kTitleSize = 18.0;
 constexpr double kSubTitleSize = 15.0;
 constexpr double kThinTrace = 1.5;
 constexpr double kTracesPerHeight = 400.0;
-constexpr double kTitleShare = 0.98; // of the width of the page
+constexpr double kTitleShare = 0.98;    // of the width of the page
+constexpr double kTitlesHeight = 480.0; // of the least page that has room for both titles
 
 // Advance widths per size, of Liberation Sans and the types that it is metrically equal to.
 constexpr double kDigitWidth = 0.556;
@@ -31,7 +32,7 @@ double advance(char c) {
 } // namespace
 
 PageStyle::PageStyle(int width, int height, double fontSize)
-    : _width(width), _labelSize(std::max({fontSize, kReadable, height / kLabelsPerHeight})),
+    : _width(width), _height(height), _labelSize(std::max({fontSize, kReadable, height / kLabelsPerHeight})),
       _traceWidth(std::max(kThinTrace, height / kTracesPerHeight)) {}
 
 double PageStyle::titleSize(const std::string& text) const {
@@ -43,7 +44,7 @@ double PageStyle::subTitleSize(const std::string& text) const {
 }
 
 double PageStyle::fitted(const std::string& text, double size) const {
-    return std::min(size, kTitleShare * _width / std::max(textWidth(text, 1.0), 1.0));
+    return std::min({size, size * _height / kTitlesHeight, kTitleShare * _width / std::max(textWidth(text, 1.0), 1.0)});
 }
 
 double PageStyle::textWidth(const std::string& text, double size) {

@@ -12,7 +12,7 @@ public:
 
     /// The labels grow with the page, and never become smaller than what can be read.
     double labelSize() const { return _labelSize; }
-    /// 18 and 15, less for a text that is too long for the page.
+    /// 18 and 15, less for a text that is too long for the page, and where the two lines would touch.
     double titleSize(const std::string& text) const;
     double subTitleSize(const std::string& text) const;
 
@@ -35,6 +35,7 @@ private:
     double fitted(const std::string& text, double size) const;
 
     double _width;
+    double _height;
     double _labelSize;
     double _traceWidth;
 };

@@ -15,12 +15,8 @@ constexpr double kSmallestPressureSpan = 1.0;    // mb
 constexpr double kSmallestTemperatureSpan = 0.5; // K
 constexpr double kSmallestPressure = 0.01;       // mb, for the sake of the logarithm
 
-bool isThere(double value) {
-    return value != kMissing && std::isfinite(value);
-}
-
 bool isPressure(double p) {
-    return isThere(p) && p > 0.0;
+    return isKnown(p) && p > 0.0;
 }
 
 Limits soundLimits(double tmin, double tmax, double pTop, double pBottom) {
@@ -46,15 +42,15 @@ SkewT::SkewT(SkewTAdapter& adapter, int n, const double* tdry, const double* dp,
         if (!isPressure(pres[i])) {
             continue;
         }
-        if (isThere(tdry[i])) {
+        if (isKnown(tdry[i])) {
             _tdry.push_back(tdry[i]);
             _tdryPres.push_back(pres[i]);
         }
-        if (isThere(dp[i])) {
+        if (isKnown(dp[i])) {
             _dp.push_back(dp[i]);
             _dpPres.push_back(pres[i]);
         }
-        if (isThere(wspd[i]) && isThere(wdir[i])) {
+        if (isKnown(wspd[i]) && isKnown(wdir[i])) {
             _windSpd.push_back(wspd[i]);
             _windDir.push_back(wdir[i]);
             _windPres.push_back(pres[i]);
@@ -141,7 +137,7 @@ bool SkewT::rescaleLimits() {
 }
 
 void SkewT::drawTdry(double t, double p) {
-    if (isThere(t) && isPressure(p)) {
+    if (isKnown(t) && isPressure(p)) {
         _tdry.push_back(t);
         _tdryPres.push_back(p);
         _tdryTrace->addTdry(t, p);
@@ -149,7 +145,7 @@ void SkewT::drawTdry(double t, double p) {
 }
 
 void SkewT::drawDp(double t, double p) {
-    if (isThere(t) && isPressure(p)) {
+    if (isKnown(t) && isPressure(p)) {
         _dp.push_back(t);
         _dpPres.push_back(p);
         _dpTrace->addDp(t, p);
@@ -157,7 +153,7 @@ void SkewT::drawDp(double t, double p) {
 }
 
 void SkewT::drawWind(double spd, double dir, double p) {
-    if (isThere(spd) && isThere(dir) && isPressure(p)) {
+    if (isKnown(spd) && isKnown(dir) && isPressure(p)) {
         _windSpd.push_back(spd);
         _windDir.push_back(dir);
         _windPres.push_back(p);

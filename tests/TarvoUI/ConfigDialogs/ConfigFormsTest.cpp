@@ -5,12 +5,17 @@
 #include "QtHands.h"
 #include "RegistryXML.h"
 #include "ShippedConfiguration.h"
+#include "SndMetaData.h"
+#include "SoundingDB.h"
 #include "TarvoAdvConfigController.h"
+#include "TemporaryFolder.h"
 
 #include <QAbstractButton>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -260,6 +265,94 @@ TEST(OptionsDialog, RefusedTextsStayAndReachNoItem) {
     EXPECT_EQ(options.item("TempEmailAddress").text(), before);
 }
 
+TEST(OptionsDialog, AMaskChangesNoTextByItself) {
+    Options options;
+    const std::pair<const char*, const char*> texts[] = {
+        {"BSN", "A1234"}, {"CallSign", "abc"}, {"UpsondeAbrHdr", "uuna19"}, {"UpsondeICAO", "K-BC"}};
+    for (const auto& [key, text] : texts) {
+        options.set.set(key, text);
+    }
+    QDialog dialog;
+    const TarvoAdvConfigController controller(&dialog, &options.set, nullptr, 0);
+    dialog.show();
+    for (const auto& [key, text] : texts) {
+        QTest::keyClick(dialog.findChild<QLineEdit*>(key), Qt::Key_Return); // passed by
+        EXPECT_EQ(options.item(key).text(), text);
+    }
+    dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Apply)->click();
+    for (const auto& [key, text] : texts) {
+        EXPECT_EQ(options.item(key).text(), text);
+    }
+    options.type(*dialog.findChild<QLineEdit*>("CallSign"), "xyz");
+    EXPECT_EQ(options.item("CallSign").text(), "XYZ");
+}
+
+TEST(OptionsDialog, PathsAreBrowsedFor) {
+    const TemporaryFolder folder;
+    writeFile(folder / "there.sqlite", "");
+    std::filesystem::create_directory(folder / "folder");
+    struct Case {
+        const char* key;
+        const char* title;
+        const char* filters;
+        const char* chosen;
+    };
+    const char* const all = "All Files (*)";
+    const char* const databases = "SQLite Database (*.sqlite)";
+    for (const Case& each : {Case{"FixedSrcDir", "Tarvo - Browse for Folder", all, "folder"},
+                             Case{"QCAutoSaveDir", "Tarvo - Browse for Folder", all, "folder"},
+                             Case{"KermitPath", "Tarvo - Browse for Kermit Path", all, "there.sqlite"},
+                             Case{"GeoDBPath", "Tarvo - Browse for Geo Database", databases, "there.sqlite"},
+                             Case{"SoundingDBPath", "Tarvo - Browse for Sounding Database",
+                                  "SQLite Database (*.sqlite);;All Files (*.*)", "not yet there.sqlite"}}) {
+        SCOPED_TRACE(each.key);
+        Options options;
+        ModalAnswers answers;
+        auto& edit = options.child<QLineEdit>(each.key);
+        auto& browse = options.child<QPushButton>((each.key + std::string("_browse")).c_str());
+        const QString before = edit.text();
+        browse.click(); // the dialog is given up
+        EXPECT_EQ(edit.text(), before);
+        const QString chosen = QString::fromStdString((folder / each.chosen).string());
+        std::string filters;
+        answers.operate(each.title, [&](QDialog& dialog) {
+            filters = dynamic_cast<QFileDialog&>(dialog).nameFilters().join(";;").toStdString();
+            dialog.findChild<QLineEdit*>("fileNameEdit")->setText(chosen);
+            QMetaObject::invokeMethod(&dialog, "accept");
+        });
+        browse.click();
+        EXPECT_EQ(filters, each.filters);
+        EXPECT_EQ(edit.text(), chosen);
+        EXPECT_NE(options.item(each.key).text(), chosen.toStdString()) << "not before Apply";
+        options.apply();
+        EXPECT_EQ(options.item(each.key).text(), chosen.toStdString());
+    }
+}
+
+TEST(OptionsDialog, TheDatabaseIsClearedByConsent) {
+    const TemporaryFolder folder;
+    const auto db = SoundingDB::openOrCreate((folder / "soundings.sqlite").string());
+    db->addSounding("/a", SndMetaData(), "CSV");
+    Options options; // without one
+    EXPECT_FALSE(options.child<QPushButton>("_clearSoundingDB").isEnabled());
+    ModalAnswers answers;
+    QDialog dialog;
+    const TarvoAdvConfigController controller(&dialog, &options.set, db.get(), 0);
+    auto* clear = dialog.findChild<QPushButton*>("_clearSoundingDB");
+    for (const auto& [answer, left] : {std::pair(QMessageBox::No, 1U), std::pair(QMessageBox::Yes, 0U)}) {
+        answers.press("Configuration Management", answer);
+        clear->click();
+        EXPECT_EQ(db->getSoundings().size(), left);
+        EXPECT_THAT(answers.texts().back(), HasSubstr(db->dbPath()));
+    }
+    answers.forget();
+    std::filesystem::remove(db->dbPath());
+    clear->click();
+    ASSERT_EQ(answers.boxes().size(), 2U);
+    EXPECT_EQ(answers.boxes()[1].title, "ERROR");
+    EXPECT_THAT(answers.boxes()[1].text, HasSubstr("deleted or renamed"));
+}
+
 TEST(OptionsDialog, NumbersBeyondTheirLimitsReachNoItem) {
     const std::pair<const char*, const char*> wrong[] = {
         {"DragCoef", "1.5"}, {"DragCoef", "nan"}, {"WindSats", "3.5"}, {"WindSats", "25"}, {"GPSPosQCWL", "inf"}};
@@ -301,8 +394,13 @@ TEST(OptionsDialog, TheSearchFindsAnOption) {
     EXPECT_TRUE(tabs.isTabEnabled(0));
     QTest::keyClicks(&search, "xygraphlonmax"); // by its key
     EXPECT_EQ(tabs.currentIndex(), 5);
+    const auto& nothing = options.child<QLabel>("_nothingFound");
+    EXPECT_FALSE(nothing.isVisible());
     QTest::keyClicks(&search, "nothing");
     EXPECT_FALSE(tabs.isTabEnabled(5));
+    EXPECT_TRUE(nothing.isVisible());
+    search.clear();
+    EXPECT_FALSE(nothing.isVisible());
 }
 
 TEST(OptionsDialog, TwoSetsKeepTheirOwnValues) {

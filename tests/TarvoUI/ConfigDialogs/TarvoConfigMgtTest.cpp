@@ -86,6 +86,31 @@ TEST_F(Management, ListsWhatMayBeChosen) {
                 HasSubstr("[ editsonde ]:  Intended"));
 }
 
+TEST_F(Management, ShowsAllOfItsTextsWithTypeOfAnySize) {
+    {
+        RegistryXML registry((folder / "tarvo.xml").string(), "");
+        TarvoConfigSet set(&registry);
+        set.set("descendingPELO", 1.0); // both active sets show
+        set.save(false);
+    }
+    for (const int points : {9, 12, 13}) { // what the screen of the tests has room for
+        dialog = std::make_unique<TarvoConfigMgt>(TarvoSettings::kApplication, nullptr, nullptr);
+        dialog->setStyleSheet(QString("* {font-size:%1pt;}").arg(points));
+        dialog->show();
+        for (int i = 0; i < combo("_selectActive1").count(); ++i) {
+            combo("_selectActive1").setCurrentIndex(i);
+            QCoreApplication::processEvents();
+            for (const QLabel* label : dialog->findChildren<QLabel*>()) {
+                EXPECT_TRUE(label->isVisible());
+                const QSize needed =
+                    label->wordWrap() ? QSize(0, label->heightForWidth(label->width())) : label->sizeHint();
+                EXPECT_GE(label->width(), needed.width()) << points << label->text().toStdString();
+                EXPECT_GE(label->height(), needed.height()) << points << label->text().toStdString();
+            }
+        }
+    }
+}
+
 TEST_F(Management, OkWritesTheActiveSetAndCancelDoesNot) {
     QSignalSpy changed(dialog.get(), &TarvoConfigMgt::configChanged);
     combo("_selectActive1").setCurrentText("upsonde-1s");
@@ -103,23 +128,23 @@ TEST_F(Management, OkWritesTheActiveSetAndCancelDoesNot) {
 
 TEST_F(Management, ClonesAndDeletes) {
     combo("_selectClone").setCurrentText("upsonde-10s");
-    nameIt("mine2");
+    nameIt("mine2ofTwentyLetters");
     press("_clone");
-    EXPECT_THAT(
-        answers.texts(),
-        ElementsAre("Are you sure that you want to create a new configuration named 'mine2' from 'upsonde-10s'?"));
-    EXPECT_THAT(items("_selectActive1"), Contains("mine2"));
+    EXPECT_THAT(answers.texts(), ElementsAre("Are you sure that you want to create a new configuration named "
+                                             "'mine2ofTwentyLetters' from 'upsonde-10s'?"));
+    EXPECT_THAT(items("_selectActive1"), Contains("mine2ofTwentyLetters"));
     finish(QDialogButtonBox::Ok);
-    EXPECT_THAT(file().getSetNames(), Contains("mine2"));
-    EXPECT_EQ(stored("mine2", "PresQCWL"), stored("upsonde-10s", "PresQCWL"));
+    EXPECT_THAT(file().getSetNames(), Contains("mine2ofTwentyLetters"));
+    EXPECT_EQ(stored("mine2ofTwentyLetters", "PresQCWL"), stored("upsonde-10s", "PresQCWL"));
 
     open();
     answers.forget();
-    combo("_selectDelete").setCurrentText("mine2");
+    combo("_selectDelete").setCurrentText("mine2ofTwentyLetters");
     press("_delete");
-    EXPECT_THAT(answers.texts(), ElementsAre("Are you sure that you want to delete the configuration 'mine2'?"));
+    EXPECT_THAT(answers.texts(),
+                ElementsAre("Are you sure that you want to delete the configuration 'mine2ofTwentyLetters'?"));
     finish(QDialogButtonBox::Ok);
-    EXPECT_THAT(file().getSetNames(), Not(Contains("mine2")));
+    EXPECT_THAT(file().getSetNames(), Not(Contains("mine2ofTwentyLetters")));
 
     open();
     answers.forget();
@@ -158,9 +183,12 @@ TEST_F(Management, EditsAndRestores) {
         edit->setText("55");
         options.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
     });
+    QSignalSpy changed(dialog.get(), &TarvoConfigMgt::configChanged);
     press("_editActive1");
     EXPECT_EQ(stored("editsonde", "PresQCWL"), 55.0);
+    EXPECT_EQ(changed.size(), 1) << "the file has it, however the dialog is left";
     press("_restoreActive1");
+    EXPECT_EQ(changed.size(), 2);
     ASSERT_THAT(answers.texts(),
                 ElementsAre("Are you sure that you want to restore the defaults\nfor the configuration "
                             "'editsonde'?"));

@@ -73,11 +73,11 @@ TEST_F(ConfigurationTest, NoForgetsAndEveryWindowIsAskedFor) {
     choose("_menuWindow", "&2 two.csv");
     view().configSet()->set("WindQCWL", 18.0);
     answers.press(kTitle, QMessageBox::No);
-    trigger("_actionClose");
-    EXPECT_THAT(answers.texts(), ElementsAre(kQuestion));
-    EXPECT_THAT(openFiles(), ElementsAre("one.csv"));
+    std::vector<std::string> inFront;
+    answers.onBox([&](const ModalAnswers::Box& /*box*/) { inFront.push_back(view().windowTitle().toStdString()); });
     trigger("_actionQuit");
     EXPECT_THAT(answers.texts(), ElementsAre(kQuestion, kQuestion));
+    EXPECT_THAT(inFront, ElementsAre("one.csv", "two.csv"));
     EXPECT_FALSE(window().isVisible());
     EXPECT_THAT(openFiles(), IsEmpty());
     EXPECT_EQ(stored("WindQCWL"), "30");
@@ -149,6 +149,16 @@ TEST_F(ConfigurationTest, WithoutQCThereAreOnlyTheTabsOfTheFile) {
     EXPECT_EQ(inView("RawView").findChild<QTableView*>()->model()->rowCount(), 121);
     trigger("_actionRecompute");
     EXPECT_THAT(answers.boxes(), IsEmpty());
+
+    std::filesystem::create_directory(path("saved"));
+    configure("QCAutoSaveDir", path("saved"));
+    for (const char* item : {"QCAutoSaveEnable", "QCAutoSaveFmtCsv", "WmoAutoSaveFmtTxt", "WmoAutoSaveFmtCsv",
+                             "SumAutoSaveFmtTxt", "SkewtAutoSaveFmtSvg"}) {
+        configure(item, 1.0);
+    }
+    open(makeSounding("three.csv"));
+    EXPECT_TRUE(std::filesystem::remove(path("saved/threeskewt.svg")));
+    EXPECT_TRUE(std::filesystem::is_empty(path("saved")));
 }
 
 TEST_F(ConfigurationTest, AutosavesAfterEveryRun) {

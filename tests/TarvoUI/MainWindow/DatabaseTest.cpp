@@ -2,8 +2,11 @@
 
 #include "DesktopTest.h"
 #include "FilePathDialog.h"
+#include "MadeGeography.h"
+#include "SynopticWidget.h"
 
 #include <QDialogButtonBox>
+#include <QGraphicsProxyWidget>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProcess>
@@ -230,6 +233,20 @@ TEST_F(DatabaseTest, AFailureIsToldAndEndsNothing) {
     EXPECT_THAT(names(database()), ElementsAre("one.csv"));
 }
 
+TEST_F(DatabaseTest, OneThatIsDeletedInMidRunIsToldAndReplaced) {
+    start();
+    open(makeSounding("one.csv"));
+    for (const char* end : {"", "-wal", "-shm"}) {
+        fs::remove(database() + end);
+    }
+    open(makeSounding("two.csv"));
+    EXPECT_THAT(answers.texts(), ElementsAre("Unable to add sounding \"" + path("two.csv") + kUnable));
+    window().changeSoundingDB(QString::fromStdString(database())); // a new one there
+    trigger("_actionRecompute");
+    EXPECT_THAT(names(database()), ElementsAre("two.csv"));
+    EXPECT_EQ(answers.boxes().size(), 1U);
+}
+
 TEST_F(DatabaseTest, AboutTellsWhereTheDatabasesAre) {
     start();
     trigger("_actionAbout");
@@ -261,6 +278,58 @@ TEST_F(DatabaseTest, AllWindowsGoOverToAnotherDatabase) {
     open(makeSounding("three.csv"));
     EXPECT_EQ(names(other).size(), 3U) << "the one before stays in use";
     EXPECT_THAT(names(database()), ElementsAre("one.csv", "two.csv"));
+}
+
+TEST_F(DatabaseTest, TheMapFollowsTheSoundingsAndTheDatabase) {
+    const std::string world = makeGeography(path("world.sqlite"));
+    configure("GeoDBPath", world);
+    configure("SynopticMapTitle", "A campaign");
+    start();
+    open(makeSounding("one.csv"));
+    const auto map = [this] { return window().findChild<SynopticWidget*>(); };
+    const auto count = [&] { return map()->findChild<QLabel*>("_soundingCount")->text().toStdString(); };
+    const auto title = [&] {
+        for (const QGraphicsItem* item : map()->findChild<QMicroMap*>()->scene()->items()) {
+            const auto* proxy = dynamic_cast<const QGraphicsProxyWidget*>(item);
+            const auto* text = proxy == nullptr ? nullptr : qobject_cast<QLabel*>(proxy->widget());
+            if (text != nullptr && text->text().endsWith(".sqlite")) {
+                return text->text().toStdString();
+            }
+        }
+        return std::string();
+    };
+    const auto geoDB = [this] {
+        answers.forget();
+        trigger("_actionAbout");
+        return answers.texts().at(0);
+    };
+    trigger("_actionSynoptic");
+    EXPECT_EQ(count(), "(0/1)");
+    EXPECT_EQ(title(), "A campaign\n" + database());
+    EXPECT_THAT(geoDB(), HasSubstr("<p>Geo Database: <b>" + world + "</b></p>"));
+    open(makeSounding("two.csv"));
+    trigger("_actionRecompute");
+    EXPECT_EQ(count(), "(0/2)");
+
+    answers.operate(kDialog, [this](QDialog& dialog) {
+        dialog.findChild<QLineEdit*>("_pathEditor")->setText(QString::fromStdString(path("other.sqlite")));
+        dialog.accept();
+    });
+    map()->findChild<QPushButton*>("_changeDB")->click();
+    EXPECT_EQ(stored("SoundingDBPath"), path("other.sqlite"));
+    EXPECT_EQ(count(), "(0/0)");
+    EXPECT_EQ(title(), "A campaign\n" + path("other.sqlite"));
+    trigger("_actionRecompute");
+    EXPECT_EQ(count(), "(0/1)");
+    EXPECT_THAT(names(path("other.sqlite")), ElementsAre("two.csv"));
+
+    map()->parentWidget()->close();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return map() == nullptr; }, kPatience));
+    EXPECT_THAT(geoDB(), HasSubstr("<p>Geo Database: <b>not open</b></p>"));
+    choose("_menuWindow", "&1 one.csv");
+    trigger("_actionRecompute");
+    trigger("_actionSynoptic");
+    EXPECT_EQ(count(), "(0/2)");
 }
 
 TEST_F(DatabaseTest, TwoWindowsAndABatchLoseNothing) {

@@ -1,14 +1,19 @@
 // The commands, where they stand, and when they can be given.
 
 #include "DesktopTest.h"
+#include "MadeGeography.h"
+#include "SynopticWidget.h"
 
+#include <QLineEdit>
 #include <QMenuBar>
+#include <QTableWidget>
 #include <QToolBar>
 
 #include <filesystem>
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Not;
 
 namespace {
 
@@ -153,12 +158,19 @@ TEST_F(MenusTest, WindowMenuTellsTheWindowsAndGoesThere) {
     EXPECT_EQ(view().windowTitle(), "one.csv");
     EXPECT_FALSE(mdiArea().activeSubWindow()->isMinimized());
     EXPECT_TRUE(entry("_menuWindow", "&1 one.csv")->isChecked());
+    open(makeSounding("three.csv"));
+    const QMdiSubWindow& one = *mdiArea().subWindowList()[0];
+    const QMdiSubWindow& two = *mdiArea().subWindowList()[1];
+    ASSERT_TRUE(one.isMinimized() && two.isMinimized());
     trigger("_actionTile");
-    EXPECT_FALSE(mdiArea().subWindowList()[0]->geometry().intersects(mdiArea().subWindowList()[1]->geometry()));
+    EXPECT_FALSE(one.isMinimized() || two.isMinimized());
+    EXPECT_FALSE(one.geometry().intersects(two.geometry()));
+    EXPECT_EQ(view().windowTitle(), "three.csv");
     trigger("_actionCascade");
-    EXPECT_TRUE(mdiArea().subWindowList()[0]->geometry().intersects(mdiArea().subWindowList()[1]->geometry()));
+    EXPECT_TRUE(one.geometry().intersects(two.geometry()));
     trigger("_actionClose");
-    EXPECT_THAT(menu("_menuWindow"), ElementsAre("&Cascade", "&Tile", "&Arrange Icons", "-", "&1 two.csv"));
+    EXPECT_THAT(menu("_menuWindow"),
+                ElementsAre("&Cascade", "&Tile", "&Arrange Icons", "-", "&1 one.csv", "&2 two.csv"));
 }
 
 TEST_F(MenusTest, CommandsFollowTheActiveTab) {
@@ -190,6 +202,73 @@ TEST_F(MenusTest, CommandsFollowTheActiveTab) {
     EXPECT_EQ(enabled(), onGrid) << "its QC tab";
     trigger("_actionCloseAll");
     EXPECT_EQ(enabled(), without);
+}
+
+TEST_F(MenusTest, CommandsFollowTheMap) {
+    configure("GeoDBPath", makeGeography(path("world.sqlite")));
+    start();
+    open(makeSounding("one.csv"));
+    const std::vector<std::string> withoutMap = enabled();
+    const auto texts = [this] {
+        std::vector<std::string> all;
+        for (const char* name : {"_actionSave", "_actionClose"}) {
+            all.push_back(action(name).text().toStdString());
+            all.push_back(action(name).statusTip().toStdString());
+        }
+        return all;
+    };
+    const auto usual =
+        ElementsAre("&Save...", "Save the active document", "&Close...", "Close the active sounding file");
+    trigger("_actionSynoptic");
+    trigger("_actionSynoptic"); // it is there by now
+    EXPECT_THAT(menu("_menuWindow"),
+                ElementsAre("&Cascade", "&Tile", "&Arrange Icons", "-", "&1 one.csv", "&2 Synoptic"));
+    EXPECT_TRUE(entry("_menuWindow", "&2 Synoptic")->isChecked());
+    EXPECT_THAT(texts(), ElementsAre("&Save Current Synoptic Level...", "Save current synoptic level",
+                                     "&Close Synoptic Plot", "Close synoptic plot"));
+    EXPECT_THAT(enabled(),
+                ElementsAre("About", "Close", "ConfigLog", "Configuration", "Open", "Print", "PrintPreview", "Quit",
+                            "Save", "SaveAll", "Statusbar", "Synoptic", "TarvoDocs", "Toolbar", "UserManual"));
+    choose("_menuWindow", "&1 one.csv");
+    EXPECT_THAT(texts(), usual);
+    EXPECT_EQ(enabled(), withoutMap);
+    choose("_menuWindow", "&2 Synoptic");
+    trigger("_actionClose");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return window().findChild<SynopticWidget*>() == nullptr; }, kPatience));
+    EXPECT_THAT(menu("_menuWindow"), ElementsAre("&Cascade", "&Tile", "&Arrange Icons", "-", "&1 one.csv"));
+    EXPECT_THAT(texts(), usual);
+    EXPECT_THAT(answers.boxes(), IsEmpty());
+}
+
+TEST_F(MenusTest, WhatIsEditedInATabIsSeenInTheOthers) {
+    start();
+    open(example("D20210801_120003.1"));
+    const auto message = [this] {
+        std::string all;
+        const auto& cells = *inView("WMOView").findChild<QTableWidget*>();
+        for (int row = 0; row < cells.rowCount(); ++row) {
+            for (int column = 0; column < cells.columnCount(); ++column) {
+                all += cells.item(row, column)->text().trimmed().toStdString() + " ";
+            }
+        }
+        return all;
+    };
+    const auto has = [](const char* text) { return testing::HasSubstr(text); };
+    goTo("&Comm");
+    auto& agency = inView<QLineEdit>("_agencyAC");
+    agency.setFocus();
+    agency.selectAll();
+    QTest::keyClicks(&agency, "noaa9");
+    goTo("&WMO");                                                // which ends the entry
+    EXPECT_THAT(message(), AllOf(has("NOAA9"), has(" 40759 "))); // the height of 400 mb
+    goTo("&Levels");
+    auto& levels = inView<QTableWidget>("_levelsGrid");
+    ASSERT_EQ(levels.item(0, 3)->text(), "400.0");
+    QTest::mouseClick(levels.viewport(), Qt::LeftButton, {}, levels.visualItemRect(levels.item(0, 0)).center());
+    goTo("&WMO");
+    EXPECT_THAT(message(), AllOf(has("NOAA9"), Not(has(" 40759 "))));
+    trigger("_actionRecompute"); // the levels are new ones
+    EXPECT_THAT(message(), AllOf(has("NOAA9"), has(" 40759 ")));
 }
 
 TEST_F(MenusTest, AboutTellsTheBuild) {

@@ -1,6 +1,7 @@
 // Ways to open a sounding, and what becomes of a file that can't be opened.
 
 #include "DesktopTest.h"
+#include "MadeGeography.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -182,6 +183,7 @@ TEST_F(OpeningTest, FailuresAreToldAndLeaveNothing) {
     EXPECT_EQ(window().findChildren<TarvoViewController*>().size(), 1);
     EXPECT_THAT(recent(), ElementsAre(good));
     EXPECT_EQ(view().windowTitle(), "good.csv");
+    EXPECT_EQ(label("_statusAgent"), "Ready");
     EXPECT_TRUE(action("_actionRecompute").isEnabled());
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
@@ -198,7 +200,9 @@ TEST_F(OpeningTest, WhatQCFindsWrongIsToldAndTheTabsAreFilled) {
 }
 
 TEST_F(OpeningTest, TheHundredAndFirstIsRefused) {
+    configure("GeoDBPath", makeGeography(path("world.sqlite")));
     start();
+    trigger("_actionSynoptic"); // the map is none of them
     for (int i = 0; i < TarvoMainWindow::kMostSoundings; ++i) {
         open(makeSounding("s" + std::to_string(i) + ".csv"));
     }

@@ -146,6 +146,22 @@ TEST_F(RecomputeTest, OnlyTheActiveSoundingRuns) {
     EXPECT_EQ(done.toStdString(), path("two.csv"));
 }
 
+TEST_F(RecomputeTest, TheFlashIsThatOfTheSoundingInFront) {
+    QTest::keyClicks(&inView<QLineEdit>("_overridePres"), "9");
+    EXPECT_TRUE(changesTo(2));
+    open(makeSounding("two.csv"));
+    EXPECT_EQ(tip(), "Recompute");
+    EXPECT_EQ(picture(), 1);
+    trigger("_actionRecompute");
+    open(path("one.csv")); // is raised
+    EXPECT_EQ(tip(), kNeeded) << "the run was that of the other one";
+    EXPECT_TRUE(changesTo(2));
+    trigger("_actionRecompute");
+    EXPECT_EQ(tip(), "Recompute");
+    open(path("two.csv"));
+    EXPECT_EQ(tip(), "Recompute");
+}
+
 TEST_F(RecomputeTest, TheSummaryTellsTheTabs) {
     EXPECT_THAT(view().editor()->summaryItems("Processing Steps"),
                 testing::Contains(testing::ContainsRegex("^Tabs updated \\(in (less than 1\\.0|[ 0-9.]{4,})s\\)$")));

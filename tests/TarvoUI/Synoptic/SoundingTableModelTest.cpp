@@ -47,4 +47,8 @@ TEST(SoundingProxyModel, SortsByAnyColumnButTheChecks) {
     EXPECT_EQ(names(), "cba");
     proxy.sort(0);
     EXPECT_EQ(names(), "cba");
+    for (const int row : {0, 1, 2}) { // the numbers beside the rows
+        EXPECT_EQ(proxy.headerData(row, Qt::Vertical).toInt(), row + 1);
+    }
+    EXPECT_EQ(proxy.headerData(1, Qt::Horizontal).toString(), "Name");
 }

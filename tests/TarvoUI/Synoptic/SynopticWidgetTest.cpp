@@ -3,6 +3,7 @@
 #include "SynopticWidget.h"
 #include "MadeGeography.h"
 #include "ModalAnswers.h"
+#include "PaintRecorder.h"
 #include "QStationModelGraphicsItem.h"
 #include "SndMetaData.h"
 #include "SyntheticStations.h"
@@ -65,8 +66,9 @@ protected:
             data.launchLon.set(lon);
         }
         const int id = soundings->addSounding(path, data, "CSV");
-        for (const auto& [field, value] : {std::pair(SoundingDB::PRES, 1013.2), std::pair(SoundingDB::TDRY, 27.0),
-                                           std::pair(SoundingDB::WSPD, 10.0), std::pair(SoundingDB::WDIR, 90.0)}) {
+        for (const auto& [field, value] :
+             {std::pair(SoundingDB::PRES, 1013.2), std::pair(SoundingDB::TDRY, 27.0), std::pair(SoundingDB::DP, 15.0),
+              std::pair(SoundingDB::WSPD, 10.0), std::pair(SoundingDB::WDIR, 90.0)}) {
             soundings->addLevelData(field, value);
         }
         soundings->addLevel(id, 1013.2, LevelType::SurfaceThermo);
@@ -108,6 +110,15 @@ protected:
         }
         return found;
     }
+    /// What the only station draws.
+    Recording drawn() {
+        Recording recording;
+        PaintRecorder recorder(recording);
+        QPainter painter(&recorder);
+        stations().at(0)->paint(&painter, nullptr, nullptr);
+        return recording;
+    }
+    void chooseLevel(const char* level) { child<QComboBox>("_levelSelect").setCurrentText(level); }
     std::string path(const char* name) { return (folder / name).string(); }
 
     TemporaryFolder folder;
@@ -275,17 +286,52 @@ TEST_F(Synoptic, TheTableProcessesItsRow) {
     EXPECT_EQ(table().model()->rowCount(), 4) << "known by now";
 }
 
-TEST_F(Synoptic, PartsAndLevels) {
-    press("_selectAll");
-    QTest::mouseClick(&child<QCheckBox>("_tdry"), Qt::LeftButton, {},
-                      QPoint(8, child<QCheckBox>("_tdry").height() / 2));
-    ASSERT_FALSE(child<QCheckBox>("_tdry").isChecked());
-    const QImage surface = window->findChild<QMicroMap*>()->grab().toImage();
-    child<QComboBox>("_levelSelect").setCurrentText("850 mb");
-    EXPECT_EQ(stations().size(), 2U);
-    EXPECT_NE(window->findChild<QMicroMap*>()->grab().toImage(), surface);
-    child<QComboBox>("_levelSelect").setCurrentText("500 mb"); // which none has
-    EXPECT_EQ(stations().size(), 2U) << "a small circle and the time";
+TEST_F(Synoptic, AStationTellsWhatItsLevelHas) {
+    const int id = soundings->id("/data/one.csv");
+    const auto enterLevel = [&](LevelType type, double pres, double alt, double wspd) {
+        for (const auto& [field, value] : {std::pair(SoundingDB::PRES, pres), std::pair(SoundingDB::ALT, alt),
+                                           std::pair(SoundingDB::WSPD, wspd), std::pair(SoundingDB::WDIR, 0.0)}) {
+            soundings->addLevelData(field, value);
+        }
+        soundings->addLevel(id, pres, type);
+    };
+    enterLevel(LevelType::DeepLayer, 690.0, 3100.0, 25.75); // 49.955 knots: no pennant yet
+    enterLevel(LevelType::MeanBLWind, 960.4, 480.0, 0.0);
+    enterLevel(LevelType::Layer150m, 1004.0, 75.0, 25.8); // 50.05
+    click("one.csv", 1);
+    struct Case {
+        const char* level;
+        std::vector<std::string> words;
+        std::size_t lines; ///< staff, barbs and what a pennant has
+    };
+    for (const Case& each : {Case{"Surface", {"27.0", "15.0", "132", "0605"}, 3}, Case{"850 mb", {"1520", "0605"}, 0},
+                             Case{"DLM Wind", {"690", "0605"}, 6}, Case{"MBL Wind", {"604", "0605"}, 0},
+                             Case{"150m Wind", {"075", "0605"}, 4}, Case{"500 mb", {"0605"}, 0}}) {
+        chooseLevel(each.level);
+        EXPECT_EQ(drawn().words(), each.words) << each.level;
+        EXPECT_EQ(drawn().lines.size(), each.lines) << each.level;
+        EXPECT_EQ(drawn().ellipses.size(), each.level == std::string("MBL Wind") ? 2U : 1U) << "calm or not";
+    }
+}
+
+TEST_F(Synoptic, AFeatureBoxRulesWhatIsDrawnNowAndLater) {
+    click("one.csv", 1);
+    const std::vector<std::string> all{"27.0", "15.0", "132", "0605"};
+    for (const auto& [box, word] : {std::pair("_tdry", "27.0"), std::pair("_dp", "15.0"), std::pair("_presht", "132"),
+                                    std::pair("_time", "0605"), std::pair("_wind", "")}) {
+        std::vector<std::string> left = all;
+        left.erase(std::remove(left.begin(), left.end(), word), left.end());
+        child<QCheckBox>(box).click();
+        EXPECT_EQ(drawn().words(), left) << box;
+        EXPECT_EQ(drawn().lines.empty(), box == std::string("_wind"));
+        chooseLevel("850 mb");
+        chooseLevel("Surface");
+        EXPECT_EQ(drawn().words(), left) << box << " of an item that was made later";
+        EXPECT_EQ(drawn().lines.empty(), box == std::string("_wind"));
+        child<QCheckBox>(box).click();
+        EXPECT_EQ(drawn().words(), all) << box;
+        EXPECT_EQ(drawn().lines.size(), 3U) << box;
+    }
 }
 
 TEST_F(Synoptic, MouseModesFollowEachOther) {
@@ -334,6 +380,23 @@ TEST_F(Synoptic, DeletesTheCheckedOnes) {
     ASSERT_EQ(answers.boxes().size(), 2U);
     EXPECT_EQ(answers.boxes()[1].title, "Sounding Delete Error");
     EXPECT_EQ(answers.boxes()[1].text, "Cannot delete sounding\n\"/data/two.csv\"\nSounding not found in database!");
+}
+
+TEST_F(Synoptic, DeletesTheCopiesOfASounding) {
+    enter("/copy/one.csv", 20.0, -80.0);
+    window->readAnew();
+    for (int row = 0; row < table().model()->rowCount(); ++row) {
+        if (table().model()->index(row, 1).data() == "one.csv") {
+            table().model()->setData(table().model()->index(row, 0), Qt::Checked, Qt::CheckStateRole);
+        }
+    }
+    answers.press("Delete Sounding", QMessageBox::Yes);
+    press("_delete");
+    EXPECT_THAT(answers.texts(),
+                ElementsAre("Are you sure you want to delete the 2 selected sounding(s) from database?"));
+    EXPECT_EQ(text("_soundingCount"), "(0/2)");
+    EXPECT_EQ(rowOf("one.csv"), -1);
+    EXPECT_EQ(soundings->id("/data/one.csv") + soundings->id("/copy/one.csv"), -2);
 }
 
 TEST_F(Synoptic, GoesOverToAnotherDatabase) {

@@ -99,6 +99,8 @@ TEST(MainView, ShowsNothingWhereNothingWasComputed) {
     const MainTab up("polar_up_20230117.csv"); // integrated upward from the ground only
     EXPECT_EQ(up.shown("_estLaunchAlt"), "");
     EXPECT_EQ(up.shown("_estTermAlt"), "");
+    const MainTab message("temp_20220708.wmo"); // its station isn't known to Tarvo
+    EXPECT_EQ(message.shown("_dropSfcAlt"), "");
 }
 
 TEST(MainView, AnOverrideIsAnItemWhileItsEditHoldsText) {
@@ -250,6 +252,14 @@ TEST(MainView, OffersTheRhChannelsThereAre) {
     }
 }
 
+TEST(MainView, WithTheHeatingOnThereIsOneChannelToChoose) {
+    const MainTab tab("D20100119_180708.4"); // its channels are the same throughout
+    EXPECT_EQ(tab.find<QGroupBox>("_mainGroupBox_rhchannels")->title().toStdString(),
+              "RH Channel for QC Use (Heating On)");
+    EXPECT_TRUE(tab.isChecked("_rhOmbraSelected") && tab.isEnabled("_rhOmbraSelected"));
+    EXPECT_FALSE(tab.isEnabled("_rhChannel1") || tab.isEnabled("_rhChannel2"));
+}
+
 TEST(MainView, TheTabKeyGoesDownTheOverrides) {
     MainTab tab;
     QWidget* at = tab.find<QLineEdit>("_overrideEndTime");
@@ -292,6 +302,16 @@ TEST(MainView, NumbersFitAtAnySizeOfTheText) {
         const auto* lon = tab.find<QLineEdit>("_lon");
         EXPECT_GE(lon->width(), lon->fontMetrics().horizontalAdvance("-118.3500") + 8) << points;
     }
+}
+
+TEST(MainView, ALongDescriptionTakesTwoLines) {
+    MainTab tab;
+    auto* description = tab.find<QLabel>("_main_topLabel");
+    const int line = description->height();
+    tab.view->resize(description->fontMetrics().horizontalAdvance(description->text()) * 2 / 3, 400);
+    QApplication::processEvents();
+    EXPECT_GE(description->height(), description->heightForWidth(description->width()));
+    EXPECT_GT(description->height(), line);
 }
 
 TEST(MainView, IsPrintedWhole) {

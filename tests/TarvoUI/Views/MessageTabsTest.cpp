@@ -46,6 +46,16 @@ const QString kWhite = QColor("white").name();
 const QString kLightBlue = QColor("lightblue").name();
 const QString kPink = QColor("pink").name();
 
+/// Stands in for the program that writes mail.
+class MailProgram : public QObject {
+    Q_OBJECT
+public slots:
+    void compose(const QUrl& mail) { mails.push_back(mail); }
+
+public:
+    std::vector<QUrl> mails;
+};
+
 class LevelsTab : public testing::Test {
 protected:
     LevelsTab() : view(&sounding.doc, &sounding.printer, nullptr), grid(*view.findChild<QTableWidget*>("_levelsGrid")) {
@@ -80,8 +90,7 @@ protected:
         answers.operate(title, [text](QDialog& dialog) {
             auto* edit = dialog.findChild<QLineEdit*>();
             EXPECT_GE(edit->width(), edit->fontMetrics().horizontalAdvance(QString(10, '0')));
-            edit->selectAll();
-            QTest::keyClicks(edit, text);
+            QTest::keyClicks(edit, text); // in place of the old group
             QTest::keyClick(edit, Qt::Key_Return);
         });
     }
@@ -331,6 +340,29 @@ TEST_F(WMOTab, MailAndFileCarryTheMessage) {
     EXPECT_EQ(answers.boxes()[0].title, "Invalid Autosave Directory");
 }
 
+TEST_F(WMOTab, TheMailEndsWithNNNNWhereThatIsAskedFor) {
+    MailProgram program;
+    QDesktopServices::setUrlHandler("mailto", &program, "compose");
+    sounding.config.set("TempEmailAddress", std::string("ops@example.org"));
+    std::string text;
+    for (const std::string& line : sounding.editor().wmo()->textLines()) {
+        text += line;
+    }
+    for (const auto& [append, end] : {std::pair(0.0, ""), std::pair(1.0, "NNNN")}) {
+        sounding.config.set("TempAppendNNNN", append);
+        click("_email");
+        ASSERT_FALSE(program.mails.empty());
+        EXPECT_EQ(program.mails.back().path(), "ops@example.org");
+        EXPECT_EQ(QUrlQuery(program.mails.back()).queryItemValue("body", QUrl::FullyDecoded).toStdString(), text + end);
+    }
+    sounding.config.set("DoWMO", 0.0);
+    sounding.doc.process();
+    click("_email");
+    QDesktopServices::unsetUrlHandler("mailto");
+    EXPECT_EQ(program.mails.size(), 2U) << "none without a message";
+    EXPECT_TRUE(answers.boxes().empty());
+}
+
 TEST_F(WMOTab, AMailProgramThatDoesNotOpenIsTold) {
     QDesktopServices::setUrlHandler("mailto", &view, "noSuchSlot");
     click("_email");
@@ -366,6 +398,31 @@ TEST(MessageTabs, HaveRoomForLargeType) {
             EXPECT_LT(grid->rowHeight(0), 2 * type) << points;
             EXPECT_LE(view->minimumSizeHint().width(), 1200) << points;
         }
+    }
+}
+
+TEST(MessageTabs, TheTabKeyGoesToTheNextWidget) {
+    OpenedSounding sounding(kExample);
+    LevelsView levels(&sounding.doc, &sounding.printer, nullptr);
+    WMOView message(&sounding.doc, &sounding.printer, nullptr);
+    for (TarvoView* view : std::initializer_list<TarvoView*>{&levels, &message}) {
+        view->update();
+        view->show();
+        auto* grid = view->findChild<QTableWidget*>();
+        grid->setCurrentCell(1, 1);
+        QTest::keyClick(grid, Qt::Key_Tab);
+        EXPECT_EQ(grid->currentColumn(), 1) << view->objectName().toStdString();
+    }
+}
+
+TEST_F(WMOTab, GroupsStayLegibleInANarrowWindow) {
+    const QModelIndex group = grid.model()->index(1, 1);
+    ASSERT_EQ(group.data().toString().size(), 5);
+    for (const int points : {8, 20}) {
+        view.setStyleSheet(QString("* {font-size:%1pt}").arg(points));
+        view.resize(300, 400);
+        QApplication::processEvents();
+        EXPECT_GE(grid.columnWidth(1), grid.sizeHintForIndex(group).width()) << points;
     }
 }
 
@@ -417,3 +474,5 @@ TEST(SummaryTab, ListsTopicsWithTheirItems) {
     view.save();
     ASSERT_THAT(answers.texts(), ElementsAre("Tarvo can't save the file."));
 }
+
+#include "MessageTabsTest.moc"

@@ -126,6 +126,12 @@ TEST_F(SkewTTab, FollowsANewRunAndNewLimits) {
     sounding.doc.process();
     view->update();
     EXPECT_NE(picture(), colder);
+    click("_levelsData");
+    const QImage levels = picture();
+    sounding.config.set("DoLevels", 0.0);
+    sounding.doc.process();
+    view->update();
+    EXPECT_EQ(picture(), levels) << "as it was, without levels";
 }
 
 TEST_F(SkewTTab, SavesByTheExtensionInTheSizeAskedFor) {

@@ -14,6 +14,7 @@
 #include <QPushButton>
 #include <QStandardPaths>
 #include <QtTest/QtTest>
+#include <algorithm>
 #include <filesystem>
 #include <gmock/gmock.h>
 
@@ -47,6 +48,14 @@ protected:
         view->show();
         view->findChild<QComboBox*>("_commPort")->setEditText(port);
         return *view;
+    }
+    static bool areInstalled(std::initializer_list<const char*> programs) {
+        return std::none_of(programs.begin(), programs.end(),
+                            [](const char* program) { return QStandardPaths::findExecutable(program).isEmpty(); });
+    }
+    void startLine() {
+        line.start("socat", {"pty,raw,echo=0,link=" + path("a"), "pty,raw,echo=0,link=" + path("b")});
+        ASSERT_TRUE(QTest::qWaitFor([&] { return fs::exists(folder / "a") && fs::exists(folder / "b"); }, kPatience));
     }
     void press(const char* name) { QTest::mouseClick(view->findChild<QPushButton*>(name), Qt::LeftButton); }
     QString status() const { return view->findChild<QLabel*>("_sendStatus")->text(); }
@@ -93,13 +102,10 @@ protected:
 
 TEST_F(Transmission, TheMessageArrives) {
     const QString kermit = QStandardPaths::findExecutable("kermit");
-    for (const char* program : {"kermit", "socat", "rz"}) {
-        if (QStandardPaths::findExecutable(program).isEmpty()) {
-            GTEST_SKIP() << program << " is not installed";
-        }
+    if (!areInstalled({"kermit", "socat", "rz"})) {
+        GTEST_SKIP() << "Kermit, socat or rz is not installed";
     }
-    line.start("socat", {"pty,raw,echo=0,link=" + path("a"), "pty,raw,echo=0,link=" + path("b")});
-    ASSERT_TRUE(QTest::qWaitFor([&] { return fs::exists(folder / "a") && fs::exists(folder / "b"); }, kPatience));
+    startLine();
     receiver.setWorkingDirectory(path("received"));
     receiver.start("sh", {"-c", "exec rz -b <'" + path("b") + "' >'" + path("b") + "'"});
     ASSERT_TRUE(receiver.waitForStarted());
@@ -121,6 +127,49 @@ TEST_F(Transmission, TheMessageArrives) {
     EXPECT_EQ(box(), "");
     press("_sendClear");
     EXPECT_EQ(status(), "");
+}
+
+TEST_F(Transmission, NoPortOrALineThatDiesIsNoSuccess) {
+    if (!areInstalled({"kermit", "socat", "sz"})) {
+        GTEST_SKIP() << "Kermit, socat or sz is not installed";
+    }
+    const auto failed = [this] { return status() == "ARWO message transfer failed"; };
+    open(QStandardPaths::findExecutable("kermit"), "/dev/nowhere");
+    press("_sendMsg");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return failed() || status().endsWith("success"); }, kPatience));
+    EXPECT_TRUE(failed());
+    EXPECT_EQ(box(), kAdvice);
+
+    startLine();
+    view->findChild<QComboBox*>("_commPort")->setEditText(path("a"));
+    press("_sendMsg");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return clearText() == "Cancel"; }, kPatience));
+    QTest::qWait(500);
+    line.kill();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return failed() || status().endsWith("success"); }, kPatience));
+    EXPECT_TRUE(failed());
+    EXPECT_EQ(box(), kAdvice);
+    EXPECT_THAT(temporaryFiles(), IsEmpty());
+}
+
+TEST_F(Transmission, TheSenderHasToSayThatItIsComplete) {
+    const std::pair<const char*, bool> cases[] = {
+        {"exit 0", true},
+        {"echo C-Kermit 10.0; echo Transfer complete >&2", true},
+        {"echo C-Kermit 10.0; echo Transfer incomplete >&2", false},
+        {"echo C-Kermit 10.0; echo '?SET SPEED has no effect without prior SET LINE'", false},
+        {"echo C-Kermit 10.0; echo Transfer complete >&2; exit 1", false},
+        {"test \"$LC_ALL\" = C", true}};
+    for (const auto& [commands, success] : cases) {
+        writeFile(folder / "program", std::string("#!/bin/sh\n") + commands + "\n");
+        fs::permissions(folder / "program", fs::perms::owner_all);
+        open(path("program"), "com1");
+        press("_sendMsg");
+        ASSERT_TRUE(
+            QTest::qWaitFor([&] { return clearText() == "Clear" && !status().startsWith("Starting"); }, kPatience));
+        EXPECT_EQ(status() == "ARWO message transfer success", success) << commands;
+        EXPECT_EQ(box(), success ? "" : kAdvice);
+    }
 }
 
 TEST_F(Transmission, CancelEndsIt) {
@@ -150,6 +199,14 @@ TEST_F(Transmission, FailuresAreTold) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return status() == "ARWO message transfer failed"; }, kPatience));
     EXPECT_EQ(box(), kAdvice);
     EXPECT_THAT(temporaryFiles(), IsEmpty());
+
+    writeFile(folder / "failing", "#!/bin/sh\nkill -9 $$\n"); // dies in the middle
+    press("_sendMsg");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return status() == "ARWO message transfer failed"; }, kPatience));
+    EXPECT_EQ(clearText(), "Clear");
+    EXPECT_EQ(box(), "");
+    EXPECT_THAT(temporaryFiles(), IsEmpty());
+    EXPECT_TRUE(view->findChild<QPushButton*>("_sendMsg")->isEnabled());
 
     fs::remove(folder / "failing"); // it has gone since the tab was opened
     press("_sendMsg");

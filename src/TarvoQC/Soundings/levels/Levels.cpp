@@ -90,7 +90,21 @@ Levels::Levels(StatusAgent& agent, Summary& summary, const LevelSeries& series, 
         agent.AppendStatus(step.status);
         (this->*step.operation)();
     }
-    std::stable_sort(_levels.begin(), _levels.end());
+    sort();
+}
+
+/// By pressure alone among those that have one: in an upsonde the order of time, by which a level without a pressure
+/// finds its place, is the other way round, and a sort by both at once has no answer.
+void Levels::sort() {
+    std::vector<Level> sorted = sortByPres();
+    std::for_each(_levels.rbegin(), _levels.rend(), [&sorted](const Level& level) {
+        if (!level.has(LFpres)) {
+            const auto place =
+                std::find_if_not(sorted.begin(), sorted.end(), [&level](const Level& other) { return other < level; });
+            sorted.insert(place, level);
+        }
+    });
+    _levels = std::move(sorted);
 }
 
 std::string Levels::levelString(int index) const {

@@ -56,7 +56,7 @@ public:
     Levels(const Levels&) = delete;
     Levels& operator=(const Levels&) = delete;
 
-    /// From the smallest pressure to the largest.
+    /// From the smallest pressure to the largest; one without a pressure stands ahead of the first that is no earlier.
     const std::vector<Level>& levels() const { return _levels; }
     std::vector<Level>& levels() { return _levels; }
     void append(const Level& level) { _levels.push_back(level); }
@@ -92,6 +92,7 @@ public:
 private:
     struct Step;
     static const std::vector<Step>& steps();
+    void sort();
     struct Point; // of a series: time, pressure and value
 
     // Fixed by rule: the surface and the ends of the data.

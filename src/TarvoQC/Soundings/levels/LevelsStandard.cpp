@@ -2,6 +2,7 @@
 #include "LevelParts.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -170,9 +171,12 @@ void Levels::extrapAlt(double time, double pressure, double standardPressure) {
         !extrapTdry(pressure, tdry, standardPressure, standardTdry)) {
         return;
     }
-    Level level = levelAt(LevelType::ExtrapAlt, time, standardPressure);
-    level.setField(LFalt, altitude + deltaZ(pressure, standardPressure, tdry, standardTdry, rh, rh));
-    _levels.push_back(level);
+    altitude += deltaZ(pressure, standardPressure, tdry, standardTdry, rh, rh);
+    if (std::isfinite(altitude)) { // data passed through may be below 0 K
+        Level level = levelAt(LevelType::ExtrapAlt, time, standardPressure);
+        level.setField(LFalt, altitude);
+        _levels.push_back(level);
+    }
 }
 
 void Levels::standard() {

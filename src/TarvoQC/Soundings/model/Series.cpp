@@ -85,6 +85,13 @@ int Series::insertValue(const Value& value) {
     return static_cast<int>(placed - _values.begin());
 }
 
+void Series::sortByTime() {
+    if (!isAscending()) {
+        std::stable_sort(_values.begin(), _values.end());
+        timesChanged();
+    }
+}
+
 std::vector<double> Series::timeArray() const {
     std::vector<double> times;
     times.reserve(_values.size());

@@ -56,6 +56,9 @@ public:
     /// Inserts before the first value at or after its time, attributes included. Returns the index.
     int insertValue(const Value& value);
 
+    /// Puts the values in order of time; those that share one keep their order.
+    void sortByTime();
+
     std::vector<double> timeArray() const;
     std::vector<double> dataArray() const;
 

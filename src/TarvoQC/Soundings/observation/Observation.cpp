@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 
 namespace {
 
@@ -176,8 +175,7 @@ Series& Observation::addCopy(const Id& id, const Id& source) {
 Series* Observation::addRawData(const Id& id, const Series& series) {
     Series& added = *(_series[id] = std::make_unique<Series>(series, id));
     added.removeIf([](int, const Value& value) {
-        return value.data() == kMissing || value.time() == kMissing || !std::isfinite(value.data()) ||
-               !std::isfinite(value.time());
+        return !isKnown(value.data()) || !isKnown(value.time()) || value.time() < kLaunchObsTime;
     });
     return &added;
 }
@@ -349,7 +347,7 @@ void Observation::makeUandV(const Series& wspd, const Series& wdir, Series& u, S
 }
 
 void Observation::prePend(Series* series, double data, double time, Value::AttributeType attribute) {
-    if (data != kMissing && std::isfinite(data)) {
+    if (isKnown(data)) {
         series->prependValue(data, time);
         series->setAttribute(0, attribute);
     }

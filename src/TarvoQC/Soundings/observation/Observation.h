@@ -61,7 +61,8 @@ public:
     bool needsTDDryBiasCorr() const;
     bool TDDryBiasCorrPresent() const;
 
-    /// Adds a copy of \p series under \p id, less the values whose data or time is missing or no finite number.
+    /// Adds a copy of \p series under \p id, less the values whose data or time is missing or no finite number, and
+    /// those ahead of the launch observation.
     Series* addRawData(const Id& id, const Series& series);
 
     /// Removes the values flagged \p attribute, but for those with QcKeep, those after the end of the data, and with

@@ -3,8 +3,6 @@
 #include "SoundingFile.h"
 #include "UtcTime.h"
 
-#include <cmath>
-
 namespace {
 
 void setFromSeries(LaunchParameter& parameter, const Series& series) {
@@ -14,7 +12,7 @@ void setFromSeries(LaunchParameter& parameter, const Series& series) {
 }
 
 void setFromFile(LaunchParameter& parameter, double value) {
-    if (value != kMissing && std::isfinite(value)) {
+    if (isKnown(value)) {
         parameter.set(value);
     }
 }

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// The thickness from the time \p t0 to the time \p t1, m. False across a gap.
+/// The thickness from the time \p t0 to the time \p t1, m. False across a gap, and where there is none.
 bool thickness(const Series& pres, const Series& tdry, const Series& rh, double span, double t0, double t1,
                double& out) {
     double P0 = 0.0;
@@ -29,7 +29,7 @@ bool thickness(const Series& pres, const Series& tdry, const Series& rh, double 
         return false;
     }
     out = deltaZ(P0, P1, T0, T1, RH0, RH1);
-    return true;
+    return std::isfinite(out); // between two pressures of 1 mb, whose logarithms are 0, it isn't
 }
 
 } // namespace

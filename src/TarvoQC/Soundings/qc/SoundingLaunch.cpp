@@ -1,5 +1,6 @@
 #include "Sounding.h"
 
+#include "Globe.h"
 #include "Wind.h"
 
 #include <array>
@@ -118,6 +119,13 @@ void Sounding::applySndMetaData() {
     }
     checkLaunchPair("QCLat", "QCLon");
     checkLaunchPair("QCWspd", "QCWdir");
+    // The limit check judges positions by GPS; one to go on from by the winds has to be one as well.
+    Series& lat = *getSeries("QCLat");
+    Series& lon = *getSeries("QCLon");
+    if (!lat.empty() && !lon.empty() && !isOnGlobe(lat.data(0), lon.data(0))) {
+        lat.removeAll();
+        lon.removeAll();
+    }
     // Also when nothing is left of the speed: the four wind series stay of one length.
     if (!isLaunchValue("QCWspd", 0) && isLaunchValue("QCU", 0)) {
         qcU.remove(0);

@@ -66,10 +66,15 @@ void follow(std::vector<StandardLevel>& levels, std::size_t anchor, int step) {
     }
 }
 
-/// Goes up from the surface, which is none of the levels.
-void followSurface(std::vector<StandardLevel>& levels, const StandardLevel& surface) {
+/// Goes up from the surface, which is none of the levels. One whose pressure was extrapolated has no temperature, and
+/// takes that of the level above.
+void followSurface(std::vector<StandardLevel>& levels, StandardLevel surface) {
     const auto above = std::find_if(levels.begin(), levels.end(),
                                     [&](const StandardLevel& level) { return level.pres < surface.pres; });
+    if (!given(surface.tdry) && above != levels.end()) {
+        surface.tdry = above->tdry;
+        surface.dp = above->dp;
+    }
     const auto index = above - levels.begin();
     levels.insert(above, surface);
     follow(levels, static_cast<std::size_t>(index), 1);
@@ -92,7 +97,7 @@ void settleHeights(std::vector<StandardLevel>& levels, const std::optional<Stand
         });
     }
     if (anchor == levels.end()) {
-        if (surface && usable(*surface)) {
+        if (surface) {
             followSurface(levels, *surface);
         }
         return;

@@ -140,12 +140,10 @@ void UnLevels::settleMandatoryHeights() {
 
 /// The surface of a sounding over the sea.
 std::optional<StandardLevel> UnLevels::seaSurface() const {
-    const auto surface = _levels.find(SURFACE);
-    if (surface == _levels.end() || (_messageType != TEMP_SHIP && _messageType != TEMP_DROP)) {
+    if (!_surface.has(PRES) || (_messageType != TEMP_SHIP && _messageType != TEMP_DROP)) {
         return std::nullopt;
     }
-    const Level& level = surface->second;
-    return StandardLevel{level.value(PRES), level.value(TDRY), level.value(DP), 0.0};
+    return StandardLevel{_surface.value(PRES), _surface.value(TDRY), _surface.value(DP), 0.0};
 }
 
 std::vector<UnLevels::Level> UnLevels::allLevels() const {

@@ -231,6 +231,7 @@ private:
     TokenQueue _queue;
     std::vector<std::string> _tokens;
     std::multimap<LEVEL_TYPE, Level> _levels;
+    Level _surface; // none of the levels when only its pressure is told
 
     static constexpr int kNoWinds = 9999;
 };

@@ -152,6 +152,9 @@ void UnLevels::decodeMandatory(MandatoryTable table, std::size_t index, bool wit
     if (withWind) {
         decodeDDFFF(level);
     }
+    if (level.type() == SURFACE) {
+        _surface = level;
+    }
     if (level.size() > 1) {
         add(level);
     }
@@ -292,12 +295,13 @@ void UnLevels::decodeTTTDD(Level& level) {
 
 void UnLevels::decodeDDFFF(Level& level) {
     constexpr int kHalfStep = 500; // added to the speed for 5 degrees more
+    constexpr int kNorth = 36;     // tens of degrees; what is above it is garbled
     _queue.NEED_TOKENS(1);
     const auto tens = numberAt(_queue.token(), 0, 2);
     const auto coded = numberAt(_queue.token(), 2, 3);
-    if (tens && coded) {
+    if (tens && coded && *tens <= kNorth) {
         const bool half = *coded >= kHalfStep;
-        level[WDIR] = *tens * 10.0 + (half ? 5.0 : 0.0);
+        level[WDIR] = (half ? *tens % kNorth : *tens) * 10.0 + (half ? 5.0 : 0.0);
         level[WSPD] = speed(half ? *coded - kHalfStep : *coded);
     }
     _queue.drop();

@@ -167,6 +167,11 @@ std::string WMOgroup::GeoRegion(double lat, double lon) {
     return isPacific ? "PN" : "NT";
 }
 
+std::string WMOgroup::GGgg(int hour, int minute) {
+    const bool isTime = hour >= 0 && hour <= 23 && minute >= 0 && minute <= 59;
+    return isTime ? twoDigits(hour) + twoDigits(minute) : "////";
+}
+
 std::string WMOgroup::YYGGgg(int day, int hour, int minute) {
     return twoDigits(day) + twoDigits(hour) + twoDigits(minute);
 }

@@ -33,6 +33,8 @@ std::string marsden(double lat, double lon, const std::string& quadrant);
 
 /// The area of an abbreviated header: "PA" and "PN" the Pacific, "NT" the Atlantic. Degrees.
 std::string GeoRegion(double lat, double lon);
+/// Hour and minute of a time of day.
+std::string GGgg(int hour, int minute);
 /// The group of the abbreviated header.
 std::string YYGGgg(int day, int hour, int minute);
 

@@ -6,5 +6,5 @@ WMOsection7::WMOsection7(const Levels& levels, WMOpartType part, const SndMetaDa
     : WMOsection(levels, part, 7) {
     addOnNewLine("31313");
     add(meta.WMOradCorrection + meta.WMOsondeType + meta.WMOtrackingType);
-    add("8" + WMOgroup::twoDigits(meta.hour) + WMOgroup::twoDigits(meta.min));
+    add("8" + WMOgroup::GGgg(meta.hour, meta.min));
 }

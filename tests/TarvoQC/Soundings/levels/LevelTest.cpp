@@ -121,6 +121,34 @@ TEST(Levels, AnnouncesItsStepsAndSortsByPressure) {
     EXPECT_EQ(drop.levels->windHeightOffset(101.0), -24.0); // no fall rate there
 }
 
+// Without observations at the surface its levels have only a time, which is the least of an upsonde and the greatest of
+// a drop; the smallest pressure comes latest in the one and first in the other.
+TEST(Levels, ALevelWithoutPressureDoesntUpsetTheOrder) {
+    const auto listed = [](const MadeLevels& made) {
+        std::string text;
+        for (const Level& level : made.levels->levels()) {
+            double pressure = 0.0;
+            text +=
+                (level.getFieldData(LFpres, pressure) ? std::to_string(std::lround(pressure)) : level.LTname()) + "|";
+        }
+        return text;
+    };
+    MadeLevels up;
+    up.setting.ascending = true;
+    up.pres = everySecond({{0, 1010}, {60, 890}});
+    up.alt = everySecond({{0, 30}, {60, 1080}});
+    up.tdry = up.rh = everySecond({{0, 20}, {60, 8}});
+    up.west(everySecond({{0, 3}, {60, 33}}));
+    up.run();
+    // The ends of the data twice each, for temperature and wind; two standard levels.
+    EXPECT_EQ(listed(up), "Surface Thermodynamic|Surface Wind|890|890|925|1000|1010|1010|");
+
+    MadeDrop drop;
+    drop.run();
+    // Made ahead of the five at 1000 mb, which are no later.
+    EXPECT_THAT(listed(drop), testing::EndsWith("985|Surface Thermodynamic|Surface Wind|1000|1000|1000|1000|1000|"));
+}
+
 TEST(Levels, SubsetsAndPairs) {
     MadeLevels made;
     Levels& levels = made.run();

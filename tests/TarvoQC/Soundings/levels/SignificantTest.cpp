@@ -71,6 +71,16 @@ TEST(Significant, TheFirstOfEqualDeparturesWins) {
     EXPECT_EQ(drop.of(LevelType::GDLRH), "32 628; 64 756");
 }
 
+// The sample beside the one that splits a range is the last of its side.
+TEST(Significant, NeighboursOfALevelMayBeLevels) {
+    LineDrop drop;
+    drop.rh = everySecond({{0, 25}, {50, 80}, {100, 75}});
+    bump(drop.rh, 49, 49, -10.0);
+    drop.criteria.rhDelta = 9.9; // from 25 to the dent at 49 s the line misses 48 s by as much
+    drop.run();
+    EXPECT_EQ(drop.of(LevelType::GDLRH), "49 696; 50 700");
+}
+
 TEST(Significant, ASingleSampleBetweenAnchorsIsNone) {
     for (const auto& [times, expected] : {std::pair{Knots{{0, 25}, {40, 99}, {100, 75}}, ""},
                                           {Knots{{0, 25}, {40, 99}, {60, 55}, {100, 75}}, "40 660"}}) {

@@ -171,6 +171,8 @@ TEST(Standard, ExtrapolatesAltitudesToSurfacesJustBeyondTheData) {
                                                             {125.0, 160, false, 100, 0},
                                                             {125.1, 149, false, 0, 0},
                                                             {125.1, 148.9, false, 0, 150},
+                                                            {125.1, 180, false, 0, 200},
+                                                            {125.0, 180, false, 100, 200},
                                                             {160.0, 225, false, 150, 250},
                                                             {160.0, 224.9, false, 150, 0},
                                                             {160.0, 240, true, 150, 0}}) {
@@ -197,6 +199,16 @@ TEST(Standard, ExtrapolatesAltitudesToSurfacesJustBeyondTheData) {
                 found.push_back(level.getField(LFalt)->value());
             }
             EXPECT_THAT(found, testing::Pointwise(testing::DoubleNear(1e-6), expected)) << top << " " << bottom;
+            drop.tdry = everySecond({{0, -300}, {100, -290}}); // below 0 K
+            drop.run();
+            EXPECT_EQ(drop.count(LevelType::ExtrapAlt), 0);
         }
     }
+    MadeDrop dry;
+    dry.pres = everySecond({{0, 120}, {100, 145}});
+    dry.landed();
+    dry.tdry = everySecond({{0, 20}, {100, 30}}); // 8 deg C in 20 mb
+    dry.rh.removeAll();                           // 70 % are assumed
+    dry.run();
+    EXPECT_NEAR(dry.the(LevelType::ExtrapAlt, LFalt), 1000.0 + deltaZ(120.0, 100.0, 20.0, 20.4, 70.0, 70.0), 1e-6);
 }

@@ -46,6 +46,12 @@ TEST(Surface, ADropThatStopsEarlyHasTimesOnly) {
     drop.dz.removeAll(); // -12 m/s are assumed
     drop.run();
     EXPECT_EQ(drop.of(LevelType::LastWindAlt, {LFalt}), "14.88");
+
+    MadeDrop aloft; // the last wind at 100 m, and 20 m below that by its own time
+    aloft.setting.windOffset = 2.0;
+    aloft.west(everySecond({{0, 20}, {90, 11}}));
+    aloft.run();
+    EXPECT_EQ(aloft.of(LevelType::LastWindAlt, {LFtime, LFalt, LFpres}), "90 80 980");
 }
 
 TEST(Surface, UnreadableValuesCallForTheLowestOnes) {

@@ -1,3 +1,4 @@
+#include "Tropopause.h"
 #include "LevelProfiles.h"
 
 #include <gtest/gtest.h>
@@ -91,8 +92,22 @@ TEST(Tropopause, CarriesWhatCanBeReadThere) {
     EXPECT_EQ(profile.of(LevelType::TropopauseLevel, {LFrh, LFwspd, LFwdir, LFu, LFv}), "- 25 270 25 0");
 }
 
-// 9 and 10 samples, a kilometre apart from 4 km on, are too coarse for the splines but tell whether a search runs at
-// all.
+TEST(Tropopause, NeedsTenSamplesAnd200mb) {
+    for (const auto& [count, top, searched] :
+         {std::tuple{10, 200.0, true}, {9, 200, false}, {10, 200.1, false}, {10, 150, true}}) {
+        for (const bool ascending : {true, false}) {
+            Series pres;
+            Series alt;
+            for (int i = 0; i < count; ++i) {
+                const int up = ascending ? i : count - 1 - i;
+                pres.appendValue(top + 10.0 * (count - 1 - up), i);
+                alt.appendValue(500.0 * up, i);
+            }
+            EXPECT_EQ(Tropopause(&alt, &alt, &pres, 0.0, ascending).test200mb(), searched) << count << " " << top;
+        }
+    }
+}
+
 // At 1000 m 1 mb is 8.07 m: the steps are of 4.7 and 5.4 mb.
 TEST(Tropopause, FallbackNeedsFineSamples) {
     for (const auto& [spacing, count] : {std::pair{38.0, 1}, {44.0, 0}}) {

@@ -4,8 +4,10 @@
 
 // The last digits come of pi as 3.14159: half a turn is 180.000152 degrees then.
 TEST(Wind, speedAndDirectionOfComponents) {
-    const double cases[][4] = {{0, 0, 0, 0},          {-5, 0, 5, 90},        {0, -5, 5, 359.999924},
-                               {0, 5, 5, 180.000076}, {3, 4, 5, 216.870005}, {-3, -4, 5, 36.869853}};
+    const double cases[][4] = {{0, 0, 0, 0},           {-5, 0, 5, 90},
+                               {0, -5, 5, 359.999924}, {-0.03, -4, 4.000112498418, 0.429634}, // a little east of north
+                               {0, 5, 5, 180.000076},  {3, 4, 5, 216.870005},
+                               {-3, -4, 5, 36.869853}};
     for (const auto& [u, v, speed, direction] : cases) {
         double spd = -1;
         double dir = -1;

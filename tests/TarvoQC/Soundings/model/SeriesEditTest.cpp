@@ -22,6 +22,18 @@ TEST(Series, insertGoesBeforeTheFirstValueAtOrAfterItsTime) {
     }
 }
 
+TEST(Series, sortsByTimeAndKeepsTheOrderOfOneTime) {
+    Series series = makeSeries({{5, 1}, {2, 2}, {3, 3}, {2, 4}});
+    series.setAttribute(3, Value::QcKeep);
+    double out = 0.0;
+    ASSERT_TRUE(series.interpolate(4, 60, out)); // what a search remembers is of the order before
+    series.sortByTime();
+    EXPECT_THAT(samplesOf(series), ElementsAre(Sample{2, 2}, Sample{2, 4}, Sample{3, 3}, Sample{5, 1}));
+    EXPECT_TRUE(series.testAttribute(1, Value::QcKeep));
+    ASSERT_TRUE(series.interpolate(4, 60, out));
+    EXPECT_EQ(out, 2);
+}
+
 TEST(Series, timeTrims) {
     using Samples = std::vector<double>;
     const Samples all{1, 2, 2, 3, 5};

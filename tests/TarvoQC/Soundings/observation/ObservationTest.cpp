@@ -59,12 +59,33 @@ TEST(Observation, DropsWhatIsMissingOrNoNumber) {
     MadeSounding::fill(file.sPres(), {{0, -999}, {1, 500}, {2, nan}, {3, std::numeric_limits<double>::infinity()}});
     file.sPres()->appendValue(501, nan);
     file.sPres()->appendValue(502, -999.0);
+    file.sPres()->appendValue(-1e39, 4.0); // no number of the single precision of netCDF
+    file.sPres()->appendValue(503, 1e39);
+    file._launchAlt = 1e39;
     file._launchPres = nan;
     const Observation observation(&file);
     ASSERT_NE(observation.getSeries("RawTdry"), nullptr);
     EXPECT_TRUE(observation.getSeries("RawTdry")->empty());
     EXPECT_EQ(textOf(*observation.getSeries("RawPres")), "1:500");
+    EXPECT_FALSE(observation.getSndMetaData().launchAlt.avail(true));
     EXPECT_EQ(observation.getSeries("NoSuchSeries"), nullptr);
+    EXPECT_EQ(observation.getSeries("RawRH0"), nullptr) << "of one channel of RH";
+}
+
+// The launch observation stands first, and everything behind it in order of time.
+TEST(Observation, RawSeriesAscendFromTheLaunchObservation) {
+    MadeSounding file(true);
+    for (const auto& [time, pressure] :
+         {std::pair(-70.0, 990.0), {-1.001, 991}, {-1.0, 992}, {-0.5, 993}, {1, 994}, {1, 995}, {2, 996}, {3, 997}}) {
+        file.sTime()->appendValue(time, time);
+        file.sPres()->appendValue(pressure, time);
+    }
+    file._launchPres = 998.0;
+    const Observation observation(&file);
+    EXPECT_EQ(times(observation, "RawTime"), "-1 -1 -0.5 1 1 2 3");
+    EXPECT_EQ(textOf(*observation.getSeries("RawPres")), "-1:998 -1:992 -0.5:993 1:994 1:995 2:996 3:997");
+    EXPECT_EQ(observation.getSeries("RawPres")->attributes(0), Value::ObsSurface);
+    EXPECT_EQ(observation.GetMaxLastDataTime(), 3.0);
 }
 
 TEST(Observation, TailFramesWithoutDataDontExtendTheSounding) {

@@ -133,6 +133,15 @@ TEST(BuddyCheck, SlopesAreAboutTheTrend) {
     EXPECT_EQ(BuddyCheck().check(&steep, 1.0, nullptr), 0) << "10 a second, all of it trend";
 }
 
+// The trend of both is level, at 2 and 4: slopes of exactly 10 a second.
+TEST(BuddyCheck, ASlopeMustExceedTheLimit) {
+    for (const std::vector<double>& data : {std::vector<double>{0, 0, 10, 0, 0}, {10, 0, 0, 0, 10}}) {
+        Series judged = seriesOf("QCTdry", data);
+        EXPECT_EQ(BuddyCheck().check(&judged, 10.0, nullptr), 0);
+        EXPECT_EQ(BuddyCheck().check(&judged, 9.99, nullptr), 1);
+    }
+}
+
 TEST(BuddyCheck, KeptValuesStay) {
     Series judged = seriesOf("QCTdry", {5, 5, 5, 5, 15, 5, 5, 5, 5});
     judged.setAttribute(4, Value::QcKeep);
@@ -392,7 +401,7 @@ TEST(MonotonicPressure, AgainstTheLastGoodValue) {
     } const cases[] = {
         {false, {500, 501, 499, 502}, -9, "0 1 3", "2"},        {false, {500, 501, 501, 502}, -9, "0 1 2 3", ""},
         {false, {500, 510, 505, 508, 511}, -9, "0 1 4", "2 3"}, {false, {500, 510, 505, 508, 511}, 2, "0 1 2 3 4", ""},
-        {true, {500, 499, 501, 498}, -9, "0 1 3", "2"},
+        {true, {500, 499, 501, 498}, -9, "0 1 3", "2"},         {false, {1, 1, 2}, -9, "0 1 2", ""},
     };
     for (const auto& c : cases) {
         CheckRun run(pressures(c.ascending, c.data));

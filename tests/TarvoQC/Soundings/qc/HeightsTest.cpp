@@ -2,10 +2,12 @@
 #include "DynWindAdjustment.h"
 #include "DynamicAdjustment.h"
 #include "Position.h"
+#include "SeriesSpline.h"
 #include "SeriesText.h"
 #include "VerticalVelocity.h"
 #include "W.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 
 namespace {
@@ -70,6 +72,17 @@ TEST(Altitude, BridgesAGapInTemperatureAndStopsAtOneInPressure) {
     EXPECT_EQ(alt.data(0), 500.0);
 }
 
+// Dry air of 0 deg C: 7995.26 ln 2 = 5541.9 m from 2 to 1 mb.
+TEST(Altitude, StopsWhereTheMeanTemperatureHasNoWeights) {
+    const Series pres = made("QCPres", {1.0, 1.0, 2.0});
+    const Series zero = made("QCTdry", {0.0, 0.0, 0.0});
+    std::string log;
+    Series alt(pres, "QCAltUp");
+    Altitude().calculate(alt, pres, zero, zero, 60.0, 10.0, Altitude::BACKWARD, log);
+    EXPECT_EQ(timesOf(alt), "1 2");
+    EXPECT_EQ(log, "Upward integration starts @ 10.0m and stops @ 5551.9m\n");
+}
+
 // A degree of latitude at the equator is 110.567 km, one of longitude 111.320 km: 10 m/s move 9.0443e-5 and 8.9831e-5
 // degrees in a second.
 TEST(Position, FollowsTheWindFromTheLaunch) {
@@ -121,6 +134,25 @@ TEST(DynWindAdjustment, AddsAccelerationTimesFallRateOverGravity) {
     const Series noFallRate("QCDz");
     ASSERT_TRUE(DynWindAdjustment().adjust(&noFallRate, &u, 10.0));
     EXPECT_EQ(textOf(u), textOf(before)) << "without a fall rate";
+}
+
+// Over the last 4 s the short wavelength takes over from the long one.
+TEST(DynWindAdjustment, EndsWithTheShortWavelength) {
+    Series u("QCu");
+    Series dz("QCDz");
+    for (int i = 0; i <= 60; ++i) {
+        u.appendValue(5.0 + 2.0 * std::sin(0.9 * i), i);
+        dz.appendValue(-9.80665, i);
+    }
+    const Series before = u;
+    const BSpline<double> longWave = splineOf(before, 20.0);
+    const BSpline<double> shortWave = splineOf(before, 4.0);
+    ASSERT_TRUE(DynWindAdjustment().adjust(&dz, &u, 20.0));
+    for (const auto& [i, share] : {std::pair(55, 1.0), {56, 1.0}, {57, 0.75}, {59, 0.25}, {60, 0.0}}) {
+        EXPECT_GT(std::abs(shortWave.slope(i) - longWave.slope(i)), 0.1) << "the two can be told apart";
+        EXPECT_NEAR(u.data(i) - before.data(i), share * longWave.slope(i) + (1.0 - share) * shortWave.slope(i), 1e-9)
+            << i;
+    }
 }
 
 // dz/dt = -287.04 Tv / (p g) dp/dt: in dry air of 0 deg C at 500 mb, 1 mb/s is a fall of 15.9902 m/s.

@@ -26,9 +26,37 @@ TEST(Motion, TimeConstantsUntilSettled) {
     EXPECT_NEAR(AmbientPoint::numTimeConstants(-10.0, 0.1), 4.605170186, 1e-9);
 }
 
-TEST(Motion, DryBiasAtFreezing) {
+// By hand at -40 deg C: K = 0.5227 + 1.136 + 0.4576 - 0.0574 - 0.0032 = 2.0557, M = 1.0757 + 8.16 + 14.4144 + 3.7312 -
+// 2.6624 = 24.7189. At 30 deg C: K = -0.0487, M = 0.6473.
+TEST(Motion, DryBiasGoesByTheTemperature) {
     EXPECT_NEAR(biasCorrect(50.0, 0.0), 50.80, 0.005);
     EXPECT_EQ(biasCorrect(100.0, 0.0), 100.0);
+    EXPECT_NEAR(biasCorrect(50.0, -40.0), 67.310374, 1e-6);
+    EXPECT_NEAR(biasCorrect(20.0, 30.0), 20.091133, 1e-6);
+}
+
+// At 0 deg C 0.471 and 0.482 % become 0.9992 and 1.0103. At 4 s the temperature is known across just 10 s, at 15 s not.
+TEST(Motion, DryBiasTakesOutWhatIsBelow1PercentOrHasNoTemperature) {
+    Series rh("QCRH");
+    const double data[] = {0.4, 50.0, 0.471, 0.482, 50.0, 50.0};
+    const double times[] = {-1.0, 0.0, 1.0, 2.0, 4.0, 15.0};
+    for (int i = 0; i < 6; ++i) {
+        rh.appendValue(data[i], times[i]);
+    }
+    rh.setAttribute(0, Value::ObsFlight);
+    Series raw(rh, "RawRH");
+    Series tdry("QCTdry");
+    for (const double time : {0.0, 1.0, 2.0, 3.0, 13.0, 23.1}) {
+        tdry.appendValue(0.0, time);
+    }
+    EXPECT_EQ(TDDryBiasCorr().correct(&rh, &raw, &tdry, 10.0), 2);
+    EXPECT_EQ(timesOf(rh), "-1 0 2 4");
+    EXPECT_EQ(rh.data(0), 0.4) << "the launch value is no value of the sensor";
+    EXPECT_NEAR(rh.data(1), 50.80, 0.005);
+    EXPECT_NEAR(rh.data(2), 1.0103, 1e-4);
+    for (int i = 0; i <= raw.lastIndex(); ++i) {
+        EXPECT_EQ(raw.testAttribute(i, Value::DryBiasCorrection), i == 2) << i;
+    }
 }
 
 TEST(Motion, ValuesCorrectedAtTheSourceLoseTheirFloorButForTheFirst) {
@@ -58,6 +86,9 @@ TEST(Motion, AirThatIsNoneGivesNoTimeToSettle) {
     EXPECT_EQ(time(0.0, -10.0), 0.0);
     EXPECT_EQ(time(-5.0, -10.0), 0.0);
     EXPECT_EQ(time(500.0, -300.0), 0.0);
+    const Series none("none");
+    EXPECT_EQ(bead.temperature(&none, &pres, 500.0, -10.0, 25.0, 0.1, 400.0, 676.0, 0.61).time, 0.0);
+    EXPECT_EQ(bead.temperature(&tdry, &none, 500.0, -10.0, 25.0, 0.1, 400.0, 676.0, 0.61).time, 0.0);
 }
 
 TEST(Motion, HumidityTimeToSettle) {

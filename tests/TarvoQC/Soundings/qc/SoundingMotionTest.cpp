@@ -1,4 +1,6 @@
+#include "Hydrostatics.h"
 #include "QcRun.h"
+#include "VerticalVelocity.h"
 
 #include <cmath>
 #include <gmock/gmock.h>
@@ -104,6 +106,56 @@ TEST(SoundingMotion, AWindWhoseFallRateAgreesWithNeitherOtherGoes) {
     EXPECT_EQ(good.sounding->getSeries("QCWspd")->lastIndex(), 99);
 }
 
+// The hydrostatic rate is 9.37 m/s there, and without a limit of its own 2.5 m/s off it are allowed.
+TEST(SoundingMotion, FallRatesMayDifferBy2Point5WithoutALimit) {
+    for (const auto& [rate, kept] : {std::pair("-6.95", 100), {"-6.75", 99}}) {
+        EvenDrop run(evenDrop(rate));
+        run.config.set.remove("WindVVdelta");
+        run.process();
+        EXPECT_EQ(run.sounding->getSeries("QCWspd")->lastIndex() + 1, kept) << rate;
+    }
+}
+
+TEST(SoundingMotion, RatesGoByTheWavelengthOfThePressureOr10s) {
+    CsvText text(false);
+    text.fields("Time,Pressure,Temperature");
+    for (int i = 0; i < 100; ++i) {
+        text.data(std::to_string(0.5 * i) + "," + std::to_string(900.0 + 0.5 * i + 2.0 * std::sin(0.3 * i)) + ",20");
+    }
+    EvenDrop run(text);
+    run.config.set.set("DropsondeHitSfc", 0.0);
+    for (const double wavelength : {0.0, 6.0}) {
+        run.config.set.set("PresSmoothWL", wavelength);
+        run.process();
+        Series dz("QCDz");
+        ASSERT_TRUE(VerticalVelocity().verticalVelocity(
+            run.sounding->getSeries("QCPres"), run.sounding->getSeries("QCTdry"), run.sounding->getSeries("QCRH"), &dz,
+            wavelength == 0.0 ? 10.0 : wavelength));
+        EXPECT_EQ(run.series("QCDz"), textOf(dz));
+    }
+}
+
+// The launch wind isn't judged, nor is the last one.
+TEST(SoundingMotion, WindsAreJudgedFromFourOn) {
+    for (const bool launched : {false, true}) {
+        for (const int winds : {3, 4}) {
+            CsvText text(false);
+            if (launched) {
+                text.line("Speed,10").line("Direction,90");
+            }
+            text.fields("Time,Pressure,Speed,Direction,Ascent");
+            for (int i = 0; i < 10; ++i) {
+                text.data(std::to_string(i) + ",900," + (i < winds ? "10,90,0" : ",,0"));
+            }
+            QcRun run(text);
+            run.process();
+            const auto item = testing::HasSubstr("failed the vertical velocity check: 3");
+            EXPECT_EQ(testing::Value(run.summary.items("QC for Winds"), testing::Contains(item)), winds == 4);
+            EXPECT_EQ(run.sounding->getSeries("QCWspd")->lastIndex() + 1, (winds == 4 ? 1 : 3) + (launched ? 1 : 0));
+        }
+    }
+}
+
 TEST(SoundingMotion, TellsAFastFall) {
     EvenDrop run;
     run.process();
@@ -120,6 +172,38 @@ TEST(SoundingMotion, TellsAFastFall) {
     EXPECT_EQ(items[1], "Percentage of points with excessive fall rate:  100");
     EXPECT_EQ(items[2], "Sounding diagnosed as a fast fall: <b><font color=\"red\">Yes</font></b>");
     EXPECT_EQ(run.errors(), "- This appears to be a fast fall sounding.\n");
+}
+
+// 99 rates count, of which those behind the first 35 to 40 are some 1.5 times the theoretical 9.5 m/s.
+TEST(SoundingMotion, PercentOfAFastFallIsCut) {
+    CsvText text(false);
+    text.fields("Time,Pressure,Temperature");
+    for (int i = 0; i < 100; ++i) {
+        const double pressure = 900.0 + 0.5 * std::min(i, 38) + 0.8 * std::max(i - 38, 0);
+        text.data(std::to_string(0.5 * i) + "," + std::to_string(pressure) + ",20");
+    }
+    EvenDrop run(text);
+    run.config.set.set("DropSondeMass", 205.0);
+    run.process();
+    const auto items = run.summary.items("Fast Fall Test");
+    ASSERT_EQ(items.size(), 3u);
+    const int fast = std::stoi(items[0].substr(items[0].rfind(' ')));
+    ASSERT_NEAR(fast, 61, 5);
+    EXPECT_EQ(items[1], "Percentage of points with excessive fall rate:  " + std::to_string(fast * 100 / 99));
+    EXPECT_GE(fast * 100 % 99, 50) << "rounded it would be more";
+}
+
+TEST(SoundingMotion, ParachuteHasItsDefaults) {
+    EvenDrop run;
+    run.config.set.set("WindDisableW", 0.0);
+    run.process();
+    const std::string w = run.series("QCW");
+    EXPECT_NE(w, "");
+    for (const char* key : {"ChuteArea", "DragCoef", "DropSondeMass"}) {
+        run.config.set.remove(key);
+    }
+    run.process();
+    EXPECT_EQ(run.series("QCW"), w) << "676 cm2, 0.61 and 400 g";
 }
 
 TEST(SoundingMotion, AFastFallNeedsRates) {
@@ -142,6 +226,15 @@ TEST(SoundingMotion, TiltsThePressureToAKnownSurfacePressure) {
     EXPECT_EQ(pres.data(0), 900.0);
     EXPECT_NEAR(pres.data(50), 925.0 + 25.0 * 1.95 / 49.5, 1e-9);
     EXPECT_NEAR(pres.data(99), 951.45, 1e-9);
+
+    run.config.override("LaunchPresOverride", 899.0); // takes part, at -1 s
+    run.process();
+    EXPECT_EQ(run.sounding->getSeries("QCPres")->data(0), 899.0);
+    EXPECT_NEAR(run.sounding->getSeries("QCPres")->data(51), 925.0 + 26.0 * 1.95 / 50.5, 1e-9);
+    run.config.set.set("DropsondeHitSfc", 0.0);
+    run.process();
+    EXPECT_EQ(run.sounding->getSeries("QCPres")->data(51), 925.0);
+    EXPECT_THAT(run.summary.items("Pressure Adjustment"), ElementsAre());
 }
 
 TEST(SoundingMotion, LeavesThePressureWhereTheSurfacePressureIsNone) {
@@ -197,6 +290,38 @@ TEST(SoundingMotion, LaunchValuesOutOfTheirRangeArentKnown) {
     EXPECT_EQ(run.summary.items("Ambient Equilibration")[2], "Ambient pressure: 880mb") << "one that is in";
 }
 
+TEST(SoundingMotion, HeightsMayUseAnIgnoredLaunch) {
+    EvenDrop run(evenDrop().line("Pressure,899"));
+    run.config.override("IgnoreLaunchPres", 1.0);
+    for (const auto& [useIgnored, first] : {std::pair(1.0, -1.0), {0.0, 0.0}}) {
+        run.config.set.set("UseIgnoredLaunch", useIgnored);
+        run.process();
+        EXPECT_EQ(run.sounding->getSeries("QCAltUp")->time(0), first);
+        EXPECT_EQ(run.sounding->getSeries("QCPres")->time(0), 0.0);
+    }
+}
+
+TEST(SoundingMotion, AnAscentNeedsTheAltitudeOfItsLaunch) {
+    CsvText text(true);
+    text.fields("Time,Pressure,Temperature").data("0,1000,20").data("1,999,20");
+    QcRun run(text);
+    run.config.override("SfcAltitude", 30.0);
+    run.process();
+    EXPECT_EQ(run.series("QCAltUp"), "");
+    EXPECT_THAT(run.summary.items("QC Height Integration"), ElementsAre());
+    QcRun known(text.line("Altitude,30"));
+    known.config.override("SfcAltitude", 30.0);
+    known.process();
+    EXPECT_THAT(known.summary.items("QC Height Integration"), ElementsAre("Downward integration starts @ 30.0m"));
+    EXPECT_EQ(timesOf(*known.sounding->getSeries("QCAltUp")), "0 1");
+    known.config.override("IgnoreLaunchAlt", 1.0); // though ignored values may be used
+    known.process();
+    EXPECT_EQ(known.series("QCAltUp"), "");
+    known.config.override("LaunchAltOverride", 50.0);
+    known.process();
+    EXPECT_THAT(known.summary.items("QC Height Integration"), ElementsAre("Downward integration starts @ 50.0m"));
+}
+
 TEST(SoundingMotion, HeightsPassOverAFirstPressureThatIsNone) {
     CsvText text(false);
     text.fields("Time,Pressure,Temperature").data("0,0,20").data("1,901,20").data("2,902,20");
@@ -240,6 +365,36 @@ TEST(SoundingMotion, EquilibrationTakesTheHeadAndSaysWhy) {
     EXPECT_EQ(attributes.at("RHEquilTime"), "2.00");
 }
 
+// 5.86 time constants of 2.72 s from 25 to -10 deg C but for 0.1, in 500 mb. Of the RH sensor 10.22 s at 500 mb: the
+// 30922 of 17.67 * 35 K * 50 % are 138 % at -10 deg C, and those to 5 % take 3.32 of them.
+TEST(SoundingMotion, EquilibrationIsWorkedOutFromTheLaunch) {
+    CsvText text(false);
+    text.line("Pressure,500").line("Temperature,-10").line("RH,50").fields("Time,Pressure,Temperature,RH");
+    for (int i = 0; i < 60; ++i) {
+        text.data(std::to_string(i) + ",500,-10,50");
+    }
+    EvenDrop run(text);
+    run.config.set.remove("LaunchTdryOverride");
+    run.config.set.set("CabinTemp", 25.0);
+    for (const char* none : {"TdryEquilTimeOverride", "RHEquilTimeOverride", "PresEquilTimeOverride"}) {
+        run.config.override(none, 0.0);
+    }
+    run.process();
+    const auto attributes = run.sounding->attributes();
+    EXPECT_EQ(attributes.at("TdryEquilTime"), "15.92");
+    EXPECT_EQ(attributes.at("PresEquilTime"), "15.92");
+    EXPECT_EQ(attributes.at("RHEquilTime"), "33.92");
+    const auto items = run.summary.items("Ambient Equilibration");
+    ASSERT_EQ(items.size(), 11u);
+    EXPECT_EQ(items[7], "Temperature equilibration at time: 15.9s, RS80 T sensor time constants: 5.9");
+    EXPECT_EQ(items[8], "RH equilibration at time: 33.9s, RS80 RH sensor time constants: 3.3");
+    EXPECT_EQ(items[9], "Pressure: same equilibration time used as for temperature");
+    for (const auto& [name, time] : {std::pair("QCTdry", 16.0), {"QCPres", 16.0}, {"QCVVPres", 16.0}, {"QCRH", 34.0}}) {
+        EXPECT_EQ(run.sounding->getSeries(name)->time(0), -1.0) << name;
+        EXPECT_EQ(run.sounding->getSeries(name)->time(1), time) << name;
+    }
+}
+
 namespace {
 
 /// The even drop with further lines at its end.
@@ -275,17 +430,59 @@ TEST(SoundingMotion, SplashIsTheLastUsableFrame) {
 }
 
 TEST(SoundingMotion, SurfaceValuesNeedRecentSamples) {
-    CsvText text = evenDrop();
-    for (const char* row :
-         {"50,950,,50,10,90,", "50.5,950.5,,50,10,90,", "51,951,,50,10,90,", "51.5,951.5,,50,10,90,"}) {
-        text.data(row);
+    const auto lastTime = [](const EvenDrop& run, const char* name) {
+        const Series& series = *run.sounding->getSeries(name);
+        return series.time(series.lastIndex());
+    };
+    for (const char* dry : {"QCTdry", "QCRH"}) {
+        const std::string cells = dry == std::string("QCTdry") ? ",,50,10,90," : ",20,,10,90,";
+        CsvText text = evenDrop();
+        for (const char* row : {"50,950", "50.5,950.5", "51,951"}) {
+            text.data(row + cells);
+        }
+        EvenDrop recent(text);
+        recent.process();
+        EXPECT_NEAR(lastTime(recent, dry), 51.54, 1e-9) << "1.5 s before the splash";
+        EvenDrop run(text.data("51.5,951.5" + cells));
+        run.process();
+        EXPECT_EQ(lastTime(run, dry), 49.5) << "2 s before the splash";
+        for (const char* name : {"QCPres", "QCTdry", "QCRH"}) {
+            EXPECT_TRUE(name == std::string(dry) || std::abs(lastTime(run, name) - 52.04) < 1e-9) << name;
+        }
+    }
+}
+
+TEST(SoundingMotion, SurfacePressureIsThatOfTheAirBelow) {
+    for (const auto& [humidity, assumed] : {std::pair("50", 50.0), {"", 70.0}}) {
+        CsvText text(false);
+        text.fields("Time,Pressure,Temperature,RH");
+        for (int i = 0; i < 100; ++i) {
+            text.data(std::to_string(0.5 * i) + "," + std::to_string(900.0 + 0.5 * i) + ",20," + humidity);
+        }
+        EvenDrop run(text);
+        run.process();
+        const Series& dz = *run.sounding->getSeries("QCDz");
+        const double way = 0.54 * dz.data(dz.lastIndex());
+        double pressure = 0.0;
+        ASSERT_TRUE(run.sounding->getRawTermPres(pressure));
+        EXPECT_NEAR(pressure, hydroP(949.5, 20.0, 20.0, assumed, assumed, 0.0, way), 1e-9) << assumed;
+    }
+}
+
+// 98.88 % at 48 s, and 3 % more at the splash.
+TEST(SoundingMotion, SurfaceRHIsLimited) {
+    CsvText text(false);
+    text.fields("Time,Pressure,Temperature,RH");
+    for (int i = 0; i < 100; ++i) {
+        text.data(std::to_string(0.5 * i) + "," + std::to_string(900.0 + 0.5 * i) + ",20," +
+                  (i > 96 ? "" : std::to_string(1.03 * i)));
     }
     EvenDrop run(text);
     run.process();
-    EXPECT_EQ(run.sounding->getSeries("QCTdry")->time(run.sounding->getSeries("QCTdry")->lastIndex()), 49.5)
-        << "2 s before the splash";
-    EXPECT_NEAR(run.sounding->getSeries("QCPres")->time(run.sounding->getSeries("QCPres")->lastIndex()), 52.04, 1e-9);
-    EXPECT_NEAR(run.sounding->getSeries("QCRH")->time(run.sounding->getSeries("QCRH")->lastIndex()), 52.04, 1e-9);
+    const Series& rh = *run.sounding->getSeries("QCRH");
+    EXPECT_NEAR(rh.time(rh.lastIndex()), 50.04, 1e-9);
+    EXPECT_EQ(rh.data(rh.lastIndex()), 100.0);
+    EXPECT_THAT(run.summary.items("Surface Observation"), testing::Contains("Extrapolated surface rh: 100.0%"));
 }
 
 TEST(SoundingMotion, WithoutTemperatureTheSondeFalls12MetresASecond) {
@@ -317,6 +514,29 @@ TEST(SoundingMotion, GpsAloneCondemnsOnlyASondeThatDoesntFall) {
         run.process();
         EXPECT_EQ(run.sounding->getSeries("QCWspd")->lastIndex() + 1, kept) << rate;
     }
+}
+
+TEST(SoundingMotion, LagsThatCannotBeWorkedOutAreTold) {
+    EvenDrop run;
+    run.process();
+    const std::string tdry = run.series("QCTdry");
+    const std::string wspd = run.series("QCWspd");
+    for (const char* quantity : {"Tdry", "Wind"}) {
+        run.config.override(std::string(quantity) + "DynCor", 1.0);
+        run.config.override(std::string(quantity) + "DynCorWL", 1000.0);
+    }
+    run.process();
+    EXPECT_EQ(run.errors(), "- Unable to dynamically adjust temperature\n- Unable to dynamically adjust winds\n");
+    EXPECT_THAT(run.summary.items("QC for Temperature"),
+                testing::Contains("Unable to dynamically adjust temperature (usually due to spline fit failure)"));
+    EXPECT_THAT(run.summary.items("QC for Winds"),
+                testing::Contains("Unable to dynamically adjust winds (usually due to spline fit failure)"));
+    EXPECT_EQ(run.series("QCTdry"), tdry);
+    EXPECT_EQ(run.series("QCWspd"), wspd);
+    run.config.override("TdryDynCor", 0.0);
+    run.config.override("WindDynCor", 0.0);
+    run.process();
+    EXPECT_EQ(run.errors(), "");
 }
 
 TEST(SoundingMotion, DryBiasIsTakenOutOfTheSensorsThatHaveIt) {

@@ -154,6 +154,20 @@ TEST(Sounding, ALaunchWindOrPositionExistsAsAPairOrNotAtAll) {
     EXPECT_EQ(onlyLatitude.series("QCLat"), "");
 }
 
+TEST(Sounding, PositionsStartOnTheGlobe) {
+    for (const auto& [lat, lon, good] :
+         {std::tuple("90", "-180", true), {"90.1", "-80", false}, {"25", "999", false}}) {
+        QcRun run(drop().line(std::string("Latitude,") + lat).line(std::string("Longitude,") + lon));
+        run.process();
+        for (const char* name : {"QCLat", "QCLon"}) {
+            EXPECT_EQ(timesOf(*run.sounding->getSeries(name)), good ? "-1 0 0.5 1" : "") << name << lat << lon;
+        }
+        for (const char* name : {"QCGpsLat", "QCGpsLon"}) {
+            EXPECT_EQ(timesOf(*run.sounding->getSeries(name)), good ? "-1 0 0.5 1" : "0 0.5 1") << name << lat << lon;
+        }
+    }
+}
+
 TEST(Sounding, AWindOfALaunchAloneGoesWithItsDirection) {
     CsvText text(false);
     text.line("Speed,10").line("Direction,270").fields("Time,Pressure,Speed,Direction");
@@ -298,10 +312,16 @@ TEST_P(PostSplash, IsTold) {
 
 TEST(Sounding, TwoSamplesDontTellASplash) {
     CsvText text(false);
-    text.fields("Time,Pressure,Sats").data("0,900,1").data("0.5,890,0");
+    text.fields("Time,Pressure,Sats").data("0,900,1").data("1,890,0");
     QcRun run(text);
     run.process();
     EXPECT_THAT(run.summary.items("Post-splash Test"), ElementsAre());
+    QcRun pressures(text.data("1.5,880,"));
+    pressures.process();
+    EXPECT_THAT(pressures.summary.items("Post-splash Test"), ElementsAre(kNotMax));
+    QcRun satellites(CsvText(false).fields("Time,Pressure,Sats").data("0,,1").data("1,,0").data("2,900,0"));
+    satellites.process();
+    EXPECT_THAT(satellites.summary.items("Post-splash Test"), ElementsAre(kGpsEnds));
 }
 
 INSTANTIATE_TEST_SUITE_P(Sounding, PostSplash, testing::ValuesIn(kSplashes),

@@ -42,7 +42,8 @@ TEST(MandatoryHeights, GiveWayToHydrostaticsOnly) {
 }
 
 // The eye of a hurricane from 700 mb: no level has all air around it, and 1000 and 925 mb lie below the sea. Dry air
-// again: at 27 deg C 695 m from 920 to 850 mb and 1706 m on to 700; at 17 deg C 1465 m from 1010 to 850 mb.
+// again: at 27 deg C 695 m from 920 to 850 mb, 968 m from 949, and 1706 m on to 700; at 17 deg C 1465 m from 1010 to
+// 850 mb.
 TEST(MandatoryHeights, RestOnTheSeaWithoutAnyOther) {
     struct Case {
         const char* what;
@@ -55,7 +56,9 @@ TEST(MandatoryHeights, RestOnTheSeaWithoutAnyOther) {
         {"drop", "XXAA 6212/", "99920 270//", "85695 270// 70401 270//", {695, 2401}},
         {"ship", "UUAA ABCD 6212/", "99920 270//", "85695 270// 70401 270//", {695, 2401}},
         {"usual air", "XXAA 6212/", "99010 170//", "85465 170// 70114 170//", {1465, 3114}},
-        {"temperature missing", "XXAA 6212/", "99920 /////", "85695 270// 70401 270//", {1695, 3401}},
+        {"extrapolated", "XXAA 6212/", "99920 /////", "85695 270// 70401 270//", {695, 2401}},
+        {"less deep", "XXAA 6212/", "99949 /////", "85968 270// 70674 270//", {968, 2674}},
+        {"temperatures missing", "XXAA 6212/", "99920 /////", "85695 ///// 70401 270//", {1695, 3401}},
         {"surface missing", "XXAA 6212/", "99/// /////", "85695 270// 70401 270//", {1695, 3401}},
     };
     for (const Case& test : cases) {

@@ -76,6 +76,7 @@ TEST(UnLevels, ReadsTheGroups) {
         {"99100 00100 36005", 100, -0.1, -0.1, 360, 5},      {"99099 00099 00620", 1099, 0.0, -49.0, 5, 120},
         {"99013 122// /////", 1013, 12.2, -999, -999, -999}, {"99013 ///50 27///", 1013, -999, -999, -999, -999},
         {"99013 1X250 2X035", 1013, -999, -999, -999, -999}, {"99013 1225 //035", 1013, 12.2, -999, -999, -999},
+        {"99013 12250 36535", 1013, 12.2, 7.2, 5, 35},       {"99013 12250 37035", 1013, 12.2, 7.2, -999, -999},
     };
     for (const auto& c : cases) {
         const UnLevels read(partA(std::string(c.groups) + " 88999 77999"));
@@ -123,7 +124,11 @@ TEST(UnLevels, HeightsFollowTheTable) {
         for (const std::string& indicator : test.indicators) {
             text.append(" ").append(indicator).append(test.digits).append(" /////");
         }
-        expectColumn(UnLevels(text + " 88999 77999"), UnLevels::MANDATORY, UnLevels::HEIGHT, test.heights);
+        const UnLevels read(text + " 88999 77999");
+        expectColumn(read, UnLevels::MANDATORY, UnLevels::HEIGHT, test.heights);
+        expectColumn(read, UnLevels::MANDATORY, UnLevels::PRES,
+                     test.head == headA ? std::vector<double>{1000, 925, 850, 700, 500, 400, 300, 250, 200, 150, 100}
+                                        : std::vector<double>{70, 50, 30, 20, 10, 7, 5, 3, 2, 1});
     }
 }
 

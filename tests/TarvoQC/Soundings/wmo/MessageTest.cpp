@@ -78,10 +78,12 @@ TEST(WMO, ElevenGroupsFillALine) {
     for (int i = 0; i < 8; ++i) {
         made.add(T::GDLTdry, {{LFpres, 200.0 + 50.0 * i}});
     }
-    const WMO wmo(made.levels, TempMsgType::Temp, SndMetaData(), true, "", "");
+    SndMetaData meta;
+    meta.day = 5;
+    const WMO wmo(made.levels, TempMsgType::Temp, meta, true, "", "");
     std::vector<std::string> lines = wmo.textLines();
     ASSERT_EQ(lines.size(), 6u);
-    EXPECT_EQ(lines[2], "TTBB  5000/ 99999 00/// ///// 11550 ///// 22500 ///// 33450 ///// ");
+    EXPECT_EQ(lines[2], "TTBB  5500/ 99999 00/// ///// 11550 ///// 22500 ///// 33450 ///// ");
     EXPECT_EQ(lines[3], "44400 ///// 55350 ///// 66300 ///// 77250 ///// 88200 ///// 00/// ");
     EXPECT_EQ(lines[4], "///// ");
     EXPECT_EQ(lines[5], "31313 0//// 80000 = ");

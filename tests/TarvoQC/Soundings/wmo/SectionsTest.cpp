@@ -124,6 +124,21 @@ TEST(WMOsection1, HalfPastGoesToTheNextHour) {
     EXPECT_EQ(date(launch(29, 23, 45)), "5100/") << "the last day of February 2024";
 }
 
+TEST(WMOsection1, ALaunchTimeThatIsNoneIsSlashes) {
+    MadeLevels made;
+    for (const SndMetaData& meta :
+         {launch(0, 9, 0), launch(32, 9, 0), launch(-999, -999, -999, -999), launch(5, 24, 0), launch(5, 9, 60)}) {
+        EXPECT_EQ(textOf(WMOsection1temp(made.levels, Part::D, TempMsgType::Temp, meta)), "TTDD  ///// 72469");
+        const bool isTime = meta.hour == 9 && meta.min == 0;
+        EXPECT_EQ(textOf(WMOsection7(made.levels, Part::B, meta)),
+                  isTime ? "|31313 09608 80900" : "|31313 09608 8////");
+    }
+    made.add(T::RELLocation, {{LFtime, -1.0}, {LFpres, 400.0}, {LFlat, 24.7}, {LFlon, -80.1}});
+    WMOsection10 section(made.levels, Part::A);
+    section.set62626({"EYE", -1, false, false, "", ""}, launch(5, 24, 0));
+    EXPECT_EQ(section.groups()[1].text(), "62626 EYE");
+}
+
 TEST(WMOsection1, TempDropWithAndWithoutWindAndPosition) {
     MadeLevels made;
     standard(made, 850.0);
