@@ -283,7 +283,7 @@ TEST(OptionsDialog, AMaskChangesNoTextByItself) {
     for (const auto& [key, text] : texts) {
         EXPECT_EQ(options.item(key).text(), text);
     }
-    options.type(*dialog.findChild<QLineEdit*>("CallSign"), "xyz");
+    typeOver(*dialog.findChild<QLineEdit*>("CallSign"), "xyz");
     EXPECT_EQ(options.item("CallSign").text(), "XYZ");
 }
 
