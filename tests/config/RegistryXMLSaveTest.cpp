@@ -165,7 +165,7 @@ TEST_F(RegistryXMLSaveTest, WhatIsNotOursStaysAndComesOutAsUtf8) {
         ASSERT_EQ(store.status(), 0) << store.statusText();
         store.set("Length", 3.0);
         store.save(false);
-        EXPECT_EQ(contentOf(path), replaced(replaced(foreign, " 2.5 ", "3.000000"), "one\ntwo", title));
+        EXPECT_EQ(readFile(path), replaced(replaced(foreign, " 2.5 ", "3.000000"), "one\ntwo", title));
     }
 }
 

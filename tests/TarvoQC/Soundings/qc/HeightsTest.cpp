@@ -74,8 +74,8 @@ TEST(Altitude, BridgesAGapInTemperatureAndStopsAtOneInPressure) {
 
 // Dry air of 0 deg C: 7995.26 ln 2 = 5541.9 m from 2 to 1 mb.
 TEST(Altitude, StopsWhereTheMeanTemperatureHasNoWeights) {
-    const Series pres = made("QCPres", {1.0, 1.0, 2.0});
-    const Series zero = made("QCTdry", {0.0, 0.0, 0.0});
+    const Series pres = seriesOf("QCPres", {1.0, 1.0, 2.0});
+    const Series zero = seriesOf("QCTdry", {0.0, 0.0, 0.0});
     std::string log;
     Series alt(pres, "QCAltUp");
     Altitude().calculate(alt, pres, zero, zero, 60.0, 10.0, Altitude::BACKWARD, log);
