@@ -7,10 +7,7 @@
 /// programs that link them directly would be missing here.
 namespace PictureFiles {
 
-QStringList toolbar();
-QStringList flags();
-QStringList letters();
-/// Every name that the program may ask for.
+QStringList named(const QString& folder, const QString& pattern = "*");
 QStringList all();
 
 QImage load(const QString& name);

@@ -1,8 +1,8 @@
 // Every option of the options dialog, by clicks and keys.
 
 #include "ConfigForms.h"
-#include "ModalAnswers.h"
 #include "ParameterTable.h"
+#include "QtHands.h"
 #include "RegistryXML.h"
 #include "ShippedConfiguration.h"
 #include "SndMetaData.h"
@@ -85,15 +85,6 @@ public:
         return *dialog.findChild<QDialogButtonBox*>()->button(which);
     }
     void apply() { button(QDialogButtonBox::Apply).click(); }
-    /// Types over what stands there, and leaves the field.
-    void type(QLineEdit& edit, const QString& text) {
-        edit.setFocus();
-        edit.selectAll();
-        QTest::keyClick(&edit, Qt::Key_Delete);
-        QTest::keyClick(&edit, Qt::Key_Home);
-        QTest::keyClicks(&edit, text);
-        QTest::keyClick(&edit, Qt::Key_Return);
-    }
 
     std::unique_ptr<RegistryXML> registry;
     TarvoConfigSet set;
@@ -175,16 +166,16 @@ TEST_P(EveryLimit, RefusesAndAnEmptyFieldStoresNothing) {
     for (const QString& wrong :
          {QString::number(field.max + step, 'g', 9), QString::number(field.min - step, 'g', 9), QString("many")}) {
         answers.forget();
-        options.type(edit, wrong);
+        typeOver(edit, wrong);
         ASSERT_THAT(answers.texts(), ElementsAre(message)) << wrong.toStdString();
         EXPECT_EQ(answers.boxes()[0].title, "ERROR");
         EXPECT_EQ(answers.boxes()[0].icon, QMessageBox::Warning);
         EXPECT_EQ(edit.text(), before);
     }
     answers.forget();
-    options.type(edit, QString::number(field.min, 'g', 6));
+    typeOver(edit, QString::number(field.min, 'g', 6));
     EXPECT_EQ(edit.text().toDouble(), field.min) << "the limit itself is accepted";
-    options.type(edit, "");
+    typeOver(edit, "");
     options.apply();
     EXPECT_THAT(answers.boxes(), IsEmpty());
     const double kept = item.isImmediateSave() ? field.min : before.toDouble();
@@ -205,7 +196,7 @@ TEST(OptionsDialog, EachOptionStandsOnce) {
 TEST(OptionsDialog, CancelChangesNothing) {
     Options options;
     const auto before = options.set.dump();
-    options.type(options.child<QLineEdit>("PresQCWL"), "44");
+    typeOver(options.child<QLineEdit>("PresQCWL"), "44");
     options.child<QCheckBox>("PresMonoCheck").toggle();
     QSignalSpy saved(options.controller, &TarvoAdvConfigController::saveConfiguration);
     options.button(QDialogButtonBox::Cancel).click();
@@ -220,7 +211,7 @@ TEST(OptionsDialog, CancelChangesNothing) {
 
 TEST(OptionsDialog, OkAppliesAndCloses) {
     Options options;
-    options.type(options.child<QLineEdit>("PresQCWL"), "600");
+    typeOver(options.child<QLineEdit>("PresQCWL"), "600");
     QSignalSpy saved(options.controller, &TarvoAdvConfigController::saveConfiguration);
     options.button(QDialogButtonBox::Ok).click();
     EXPECT_EQ(options.item("PresQCWL").value(), 600.0);
@@ -267,7 +258,7 @@ TEST(OptionsDialog, RefusedTextsStayAndReachNoItem) {
     ModalAnswers answers;
     auto& mail = options.child<QLineEdit>("TempEmailAddress");
     const std::string before = options.item("TempEmailAddress").text();
-    options.type(mail, "nobody");
+    typeOver(mail, "nobody");
     EXPECT_THAT(answers.texts(), ElementsAre("'nobody' is not an acceptable value for the email address!"));
     EXPECT_EQ(mail.text(), "nobody");
     options.apply();
@@ -389,19 +380,6 @@ TEST(OptionsDialog, ApplyTellsOfTheFieldThatIsBeingEdited) {
     EXPECT_EQ(drag.text(), before);
 }
 
-TEST(OptionsDialog, LevelCriteriaHaveTheirUnits) {
-    const std::pair<const char*, const char*> labels[] = {{"WspdLevelDelta", "Wind speed (kt)"},
-                                                          {"Wspd850LevelDelta", "Wind speed below 850 mb (kt)"},
-                                                          {"TropSmoothWL", "Tropopause smoothing (s)"}};
-    for (const auto& [key, label] : labels) {
-        for (const OptionField& field : config_forms::processing()) {
-            if (std::string(field.key) == key) {
-                EXPECT_STREQ(field.label, label);
-            }
-        }
-    }
-}
-
 TEST(OptionsDialog, TheSearchFindsAnOption) {
     Options options;
     auto& search = options.child<QLineEdit>("_search");
@@ -428,7 +406,7 @@ TEST(OptionsDialog, TheSearchFindsAnOption) {
 TEST(OptionsDialog, TwoSetsKeepTheirOwnValues) {
     Options one;
     Options two;
-    one.type(one.child<QLineEdit>("TdryOffset"), "0.5");
+    typeOver(one.child<QLineEdit>("TdryOffset"), "0.5");
     one.apply();
     two.apply();
     EXPECT_EQ(one.item("TdryOffset").value(), 0.5);

@@ -67,17 +67,7 @@ TEST_F(ConfigurationTest, YesSavesForTheNextWindow) {
     EXPECT_EQ(number("WindQCWL"), 17.0);
 }
 
-TEST_F(ConfigurationTest, NoForgets) {
-    openTwo();
-    view().configSet()->set("WindQCWL", 17.0);
-    answers.press(kTitle, QMessageBox::No);
-    trigger("_actionClose");
-    EXPECT_THAT(answers.texts(), ElementsAre(kQuestion));
-    EXPECT_EQ(stored("WindQCWL"), "30");
-    EXPECT_THAT(openFiles(), ElementsAre("two.csv"));
-}
-
-TEST_F(ConfigurationTest, ClosingTheProgramAsksForEveryWindow) {
+TEST_F(ConfigurationTest, NoForgetsAndEveryWindowIsAskedFor) {
     openTwo();
     view().configSet()->set("WindQCWL", 17.0);
     choose("_menuWindow", "&2 two.csv");
@@ -94,39 +84,27 @@ TEST_F(ConfigurationTest, ClosingTheProgramAsksForEveryWindow) {
 }
 
 TEST_F(ConfigurationTest, NoToAllEndsTheProgramWithoutFurtherQuestions) {
-    openTwo();
-    view().configSet()->set("WindQCWL", 17.0);
-    choose("_menuWindow", "&2 two.csv");
-    view().configSet()->set("WindQCWL", 18.0);
-    answers.press(kTitle, QMessageBox::NoToAll);
-    QTimer::singleShot(0, [this] { trigger("_actionQuit"); });
-    bool hung = false;
-    QTimer limit;
-    QObject::connect(&limit, &QTimer::timeout, [&hung] {
-        hung = true;
-        QApplication::exit();
-    });
-    limit.start(10000);
-    QApplication::exec();
-    EXPECT_FALSE(hung);
-    EXPECT_THAT(answers.texts(), ElementsAre(kQuestion));
-    EXPECT_EQ(stored("WindQCWL"), "30");
-}
-
-TEST_F(ConfigurationTest, NoToAllInOneWindowEndsTheProgramToo) {
-    openTwo();
-    view().configSet()->set("WindQCWL", 17.0);
-    answers.press(kTitle, QMessageBox::NoToAll);
-    QTimer::singleShot(0, [this] { trigger("_actionClose"); });
-    bool hung = false;
-    QTimer limit;
-    QObject::connect(&limit, &QTimer::timeout, [&hung] {
-        hung = true;
-        QApplication::exit();
-    });
-    limit.start(10000);
-    QApplication::exec();
-    EXPECT_FALSE(hung);
+    for (const char* command : {"_actionQuit", "_actionClose"}) {
+        SCOPED_TRACE(command);
+        openTwo();
+        answers.forget();
+        view().configSet()->set("WindQCWL", 17.0);
+        choose("_menuWindow", "&2 two.csv");
+        view().configSet()->set("WindQCWL", 18.0);
+        answers.press(kTitle, QMessageBox::NoToAll);
+        QTimer::singleShot(0, [&] { trigger(command); });
+        bool hung = false;
+        QTimer limit;
+        QObject::connect(&limit, &QTimer::timeout, [&hung] {
+            hung = true;
+            QApplication::exit();
+        });
+        limit.start(10000);
+        QApplication::exec();
+        EXPECT_FALSE(hung);
+        EXPECT_THAT(answers.texts(), ElementsAre(kQuestion));
+        EXPECT_EQ(stored("WindQCWL"), "30");
+    }
 }
 
 TEST_F(ConfigurationTest, WhatTheUserEnteredForOneSoundingIsNoChangeOfTheConfiguration) {

@@ -82,10 +82,10 @@ TEST_F(DatabaseTest, ANewUserGetsTheDefaultOne) {
                                   "  - Browse to an existing file.\n"
                                   "  - Browse to a directory, then enter the name of the database file to create.\n"
                                   "  - Just hit OK, to use/create the default database file (soundings.sqlite)"));
-    ASSERT_THAT(answers.texts(), ElementsAre("A valid sounding database was not specified.\n"
-                                             "Tarvo will create a database at: \n   \"" +
-                                             made + "\"."));
-    EXPECT_EQ(answers.boxes()[0].title, "Tarvo Sounding Database Create");
+    ASSERT_THAT(answers.told(),
+                ElementsAre("Tarvo Sounding Database Create: A valid sounding database was not specified.\n"
+                            "Tarvo will create a database at: \n   \"" +
+                            made + "\"."));
     EXPECT_EQ(stored("SoundingDBPath"), made);
     EXPECT_THAT(names(made), IsEmpty());
     start();
@@ -182,11 +182,11 @@ TEST_F(DatabaseTest, AnOlderVersionIsSetAside) {
     answers.forget();
     fs::remove(aside);
     start();
-    ASSERT_THAT(answers.texts(),
-                ElementsAre("Your sounding database has an older version 1, which is incompatible with the current "
+    ASSERT_THAT(answers.told(),
+                ElementsAre("Tarvo Database Upgrade: Your sounding database has an older version 1, which is "
+                            "incompatible with the current "
                             "version 2 used by Tarvo. It will be renamed to \"soundings_1.sqlite\" and Tarvo will "
                             "create an empty database for your session."));
-    EXPECT_EQ(answers.boxes()[0].title, "Tarvo Database Upgrade");
     EXPECT_THAT(names(aside), ElementsAre("old"));
     EXPECT_THAT(names(old), IsEmpty());
     EXPECT_EQ(number(old, "pragma user_version"), 2);
@@ -227,8 +227,8 @@ TEST_F(DatabaseTest, AFailureIsToldAndEndsNothing) {
     testing::internal::CaptureStdout();
     open(makeSounding("two.csv"));
     EXPECT_THAT(testing::internal::GetCapturedStdout(), HasSubstr("full"));
-    EXPECT_THAT(answers.texts(), ElementsAre("Unable to add sounding \"" + path("two.csv") + kUnable));
-    EXPECT_EQ(answers.boxes()[0].title, "Sounding Database Error");
+    EXPECT_THAT(answers.told(),
+                ElementsAre("Sounding Database Error: Unable to add sounding \"" + path("two.csv") + kUnable));
     EXPECT_GT(inView<QTableWidget>("_levelsGrid").rowCount(), 0) << "the tabs are filled all the same";
     EXPECT_THAT(names(database()), ElementsAre("one.csv"));
 }

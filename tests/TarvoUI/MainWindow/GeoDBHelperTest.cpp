@@ -50,9 +50,11 @@ TEST_F(GeoDBHelperTest, AMissingOneIsAskedFor) {
               "specified at: \n\"C:\\ne1to50m.sqlite\".\n\nPlease locate the geographic database that comes with "
               "Tarvo \ninstallation. The database is named \"ne1to50m.sqlite\" and \nit is normally found in the "
               "directory \"\\Geodata\" under the \nmain Tarvo installation directory on your computer.");
-    EXPECT_THAT(answers.texts(), ElementsAre("A valid geographic database was not specified at C:\\ne1to50m.sqlite. " +
-                                             std::string(kEnd)));
-    EXPECT_EQ(answers.boxes()[0].title, "Tarvo Geographic Database Error");
+    EXPECT_THAT(
+        answers.told(),
+        ElementsAre(
+            "Tarvo Geographic Database Error: A valid geographic database was not specified at C:\\ne1to50m.sqlite. " +
+            std::string(kEnd)));
     EXPECT_EQ(stored("GeoDBPath"), "C:\\ne1to50m.sqlite");
 
     answers.forget();

@@ -209,11 +209,10 @@ TEST_F(OpeningTest, TheHundredAndFirstIsRefused) {
     answers.forget();
     const std::string late = makeSounding("late.csv");
     open(late);
-    ASSERT_EQ(answers.boxes().size(), 1U);
-    EXPECT_EQ(answers.boxes()[0].title, "ERROR");
-    EXPECT_EQ(answers.boxes()[0].text,
-              "Cannot open file \"" + late +
-                  "\". Maximum of 100 soundings can be open at a time.\nYou must close one before opening another.");
+    ASSERT_THAT(
+        answers.told(),
+        ElementsAre("ERROR: Cannot open file \"" + late +
+                    "\". Maximum of 100 soundings can be open at a time.\nYou must close one before opening another."));
     EXPECT_EQ(openFiles().size(), 100U);
     EXPECT_EQ(recent().size(), 20U);
     EXPECT_EQ(recent()[0], path("s99.csv"));

@@ -1,10 +1,8 @@
 // The program from its start, in a process of its own.
 
+#include "StartedProgram.h"
 #include "TemporaryFolder.h"
 
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QProcess>
 #include <gmock/gmock.h>
 
 using testing::ElementsAre;
@@ -15,21 +13,12 @@ class StartTest : public testing::Test {
 protected:
     /// Starts in the home; boxes become titles and texts, and a shown window the line "shown". -1 for a crash.
     int run() {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("HOME", QString::fromStdString(home.path().string()));
-        environment.remove("XDG_CONFIG_HOME");
-        QProcess program;
-        program.setProcessEnvironment(environment);
-        program.start(MAINWINDOW_PROGRAM, QStringList());
-        const bool ended = program.waitForFinished(60000) && program.exitStatus() == QProcess::NormalExit;
+        const StartedProgram program(MAINWINDOW_PROGRAM, home.path());
         lines.clear();
-        for (const QByteArray& line : program.readAllStandardOutput().split('\n')) {
-            const QJsonObject said = QJsonDocument::fromJson(line).object();
-            if (!said.isEmpty()) {
-                lines.push_back((said["title"].toString() + ": " + said["text"].toString()).toStdString());
-            }
+        for (const auto& box : program.boxes()) {
+            lines.push_back(box.title + ": " + box.text);
         }
-        return ended ? program.exitCode() : -1;
+        return program.exitStatus();
     }
     std::string xml() const { return (home / ".config/Tarvo/tarvo.xml").string(); }
 

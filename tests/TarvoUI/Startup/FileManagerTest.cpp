@@ -32,16 +32,12 @@ public:
     Managed(const fs::path& user, const fs::path& resource) : FileManager(pathText(user), pathText(resource)) {}
 };
 
-TEST_F(FileManagerTest, ExistingFileIsLeftAlone) {
+TEST_F(FileManagerTest, OnlyAMissingFileIsCopied) {
+    Managed(_user, _resource).checkExistence(false);
+    EXPECT_EQ(readFile(_user), "ours");
     writeFile(_user, "mine");
     Managed(_user, _resource).checkExistence(true);
     EXPECT_EQ(readFile(_user), "mine");
-    EXPECT_TRUE(_answers.boxes().empty());
-}
-
-TEST_F(FileManagerTest, MissingFileIsCopiedWithoutWordWhenToldSo) {
-    Managed(_user, _resource).checkExistence(false);
-    EXPECT_EQ(readFile(_user), "ours");
     EXPECT_TRUE(_answers.boxes().empty());
 }
 
@@ -50,19 +46,19 @@ TEST_F(FileManagerTest, BackupNameGetsItsVersionBeforeTheLastExtension) {
     Managed(_user, _resource).upgradeVersion(1.2345678);
     EXPECT_EQ(readFile(_folder / "mine.v1_1.23457.txt"), "mine");
     EXPECT_EQ(readFile(_user), "ours");
+    writeFile(_folder / "plain", "mine");
+    Managed(_folder / "plain", _resource).upgradeVersion(3.0);
+    EXPECT_EQ(readFile(_folder / "plain_3"), "mine");
 }
 
-TEST_F(FileManagerTest, BackupOfAFileWithoutExtensionGetsItsVersionAtTheEnd) {
-    writeFile(_folder / "mine", "mine");
-    Managed(_folder / "mine", _resource).upgradeVersion(3.0);
-    EXPECT_EQ(readFile(_folder / "mine_3"), "mine");
-}
-
-TEST_F(FileManagerTest, UpgradeWithoutResourceKeepsTheFile) {
+TEST_F(FileManagerTest, WithoutItsResourceTheFileStays) {
     writeFile(_user, "mine");
     Managed(_user, ":nothing.txt").upgradeVersion(1.0);
     EXPECT_EQ(readFile(_user), "mine");
     EXPECT_EQ(readFile(_folder / "mine.v1_1.txt"), "mine");
+    Managed(_user, ":nothing.txt").updateFile();
+    EXPECT_EQ(readFile(_user), "mine");
+    ASSERT_THAT(_answers.told(), testing::ElementsAre("Tarvo File Update: Unable to access the resource :nothing.txt"));
 }
 
 TEST_F(FileManagerTest, UpdateGoesBySizeAlone) {
@@ -74,9 +70,9 @@ TEST_F(FileManagerTest, UpdateGoesBySizeAlone) {
     writeFile(_user, "mine, longer");
     Managed(_user, _resource).updateFile();
     EXPECT_EQ(readFile(_user), "ours");
-    ASSERT_EQ(_answers.boxes().size(), 1U);
-    EXPECT_EQ(_answers.boxes()[0].title, "Tarvo File Update");
-    EXPECT_EQ(_answers.boxes()[0].text, "Your mine.v1.txt appears to be out of date. Tarvo will update it.");
+    ASSERT_THAT(
+        _answers.told(),
+        testing::ElementsAre("Tarvo File Update: Your mine.v1.txt appears to be out of date. Tarvo will update it."));
 }
 
 TEST_F(FileManagerTest, UpdateMakesAMissingFileEvenOfAnEmptyResource) {
@@ -86,28 +82,16 @@ TEST_F(FileManagerTest, UpdateMakesAMissingFileEvenOfAnEmptyResource) {
     EXPECT_EQ(_answers.boxes().size(), 1U);
 }
 
-TEST_F(FileManagerTest, UpdateWithoutResourceWarnsAndKeepsTheFile) {
-    writeFile(_user, "mine");
-    Managed(_user, ":nothing.txt").updateFile();
-    EXPECT_EQ(readFile(_user), "mine");
-    ASSERT_EQ(_answers.boxes().size(), 1U);
-    EXPECT_EQ(_answers.boxes()[0].title, "Tarvo File Update");
-    EXPECT_EQ(_answers.boxes()[0].text, "Unable to access the resource :nothing.txt");
-}
-
-TEST_F(FileManagerTest, CopyMakesOneFolderAndIsWritable) {
+TEST_F(FileManagerTest, ACopyIsWritableMakesOneFolderAndReplacesAReadOnlyFile) {
     fs::permissions(_resource, fs::perms::owner_read);
-    Managed(_user, _resource).copyFile(pathText(_resource), pathText(_folder / "new/copy.txt"));
-    EXPECT_EQ(readFile(_folder / "new/copy.txt"), "ours");
-    EXPECT_NE(fs::status(_folder / "new/copy.txt").permissions() & fs::perms::owner_write, fs::perms::none);
-}
-
-TEST_F(FileManagerTest, CopyReplacesAReadOnlyFileAndLeavesNothingElse) {
     writeFile(_user, "mine");
     fs::permissions(_user, fs::perms::owner_read);
-    Managed(_user, _resource).copyFile(pathText(_resource), pathText(_user));
-    EXPECT_EQ(readFile(_user), "ours");
-    EXPECT_EQ(_folder.size(), 2);
+    for (const fs::path& copy : {_user, _folder / "new/copy.txt"}) {
+        Managed(_user, _resource).copyFile(pathText(_resource), pathText(copy));
+        EXPECT_EQ(readFile(copy), "ours");
+        EXPECT_NE(fs::status(copy).permissions() & fs::perms::owner_write, fs::perms::none);
+    }
+    EXPECT_EQ(_folder.size(), 3) << "and nothing beside them";
 }
 
 struct Fatal {
@@ -131,7 +115,7 @@ TEST_F(FileManagerTest, EveryFailureOfACopyEndsTheProgram) {
     for (const Fatal& fatal : kCases) {
         const QString source = placed(fatal.source, _folder);
         const QString destination = placed(fatal.destination, _folder);
-        const StartedProgram run(_folder.path(), {source, destination});
+        const StartedProgram run(STARTUP_PROGRAM, _folder.path(), {source, destination});
         const QString message = QString(fatal.message)
                                     .replace("%1", source)
                                     .replace("%2", destination)

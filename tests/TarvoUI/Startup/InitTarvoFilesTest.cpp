@@ -34,7 +34,7 @@ bool ownerMayWrite(const fs::path& path) {
 /// A home with the files of a first run in it.
 class UsedHome {
 public:
-    UsedHome() { EXPECT_EQ(StartedProgram(path()).exitStatus(), 0); }
+    UsedHome() { EXPECT_EQ(StartedProgram(STARTUP_PROGRAM, path()).exitStatus(), 0); }
 
     const fs::path& path() const { return _home.path(); }
     fs::path files() const { return path() / ".config" / "Tarvo"; }
@@ -55,25 +55,22 @@ double versionOf(const std::string& text) {
 }
 
 TEST(ConfigVersion, IsTheNumberBehindTheFirstMarker) {
-    EXPECT_DOUBLE_EQ(versionOf("<!--\n  @version: 2.09\n-->\n@version: 3\n"), 2.09);
-    EXPECT_DOUBLE_EQ(versionOf("x @version:10.5"), 10.5);
-    EXPECT_DOUBLE_EQ(versionOf(shippedConfiguration()), 2.09);
-}
-
-TEST(ConfigVersion, IsMinusOneWithoutMarker) {
-    EXPECT_DOUBLE_EQ(versionOf(""), -1.0);
-    EXPECT_DOUBLE_EQ(versionOf("@Version: 2.09\nversion: 3\n"), -1.0);
+    const std::pair<std::string, double> cases[] = {{"<!--\n  @version: 2.09\n-->\n@version: 3\n", 2.09},
+                                                    {"x @version:10.5", 10.5},
+                                                    {shippedConfiguration(), 2.09},
+                                                    {"", -1.0},
+                                                    {"@Version: 2.09\nversion: 3\n", -1.0},
+                                                    {"@version: new", 0.0}};
+    for (const auto& [text, version] : cases) {
+        EXPECT_DOUBLE_EQ(versionOf(text), version) << text.substr(0, 40);
+    }
     QFile missing("/nonexistent/tarvo.xml");
     EXPECT_DOUBLE_EQ(InitTarvoFiles::configVersion(&missing), -1.0);
 }
 
-TEST(ConfigVersion, IsZeroWhenNoNumberFollows) {
-    EXPECT_DOUBLE_EQ(versionOf("@version: new"), 0.0);
-}
-
 TEST(InitTarvoFiles, FirstRunInAnEmptyHomeMakesEverything) {
     const TemporaryFolder home;
-    const StartedProgram run(home.path());
+    const StartedProgram run(STARTUP_PROGRAM, home.path());
 
     EXPECT_EQ(run.exitStatus(), 0);
     EXPECT_EQ(run.boxTexts(), QStringList({kNoConfiguration, kOldManual, kOldLog, kOldTableB, kOldTableD}));
@@ -94,7 +91,7 @@ TEST(InitTarvoFiles, FirstRunInAnEmptyHomeMakesEverything) {
     EXPECT_EQ(std::distance(fs::directory_iterator(files), fs::directory_iterator()), 6);
 }
 
-TEST(InitTarvoFiles, FirstRunWritesThePlacesIntoTheSettings) {
+TEST(InitTarvoFiles, FirstRunWritesThePlacesIntoTheSettingsAndTheSecondIsSilent) {
     const UsedHome home;
     const std::string files = home.files().string();
     const std::string settings = readFile(home.settings());
@@ -102,22 +99,18 @@ TEST(InitTarvoFiles, FirstRunWritesThePlacesIntoTheSettings) {
     EXPECT_THAT(settings, HasSubstr("\nTarvoManual=" + files + "/TarvoManual.pdf\n"));
     EXPECT_THAT(settings, HasSubstr("\nConfigLog=" + files + "/TarvoConfigLog.txt\n"));
     EXPECT_THAT(settings, HasSubstr("\nBufrDir=" + files + "/\n"));
+    const StartedProgram again(STARTUP_PROGRAM, home.path());
+    EXPECT_EQ(again.exitStatus(), 0);
+    EXPECT_EQ(again.boxTexts(), QStringList());
 }
 
 TEST(InitTarvoFiles, FirstRunWorksWhereTheDesktopKeepsSettingsElsewhere) {
     const TemporaryFolder home;
     const TemporaryFolder elsewhere;
-    const StartedProgram run(home.path(), {}, QString::fromStdString((elsewhere / "conf").string()));
+    const StartedProgram run(STARTUP_PROGRAM, home.path(), {}, QString::fromStdString((elsewhere / "conf").string()));
     EXPECT_EQ(run.exitStatus(), 0);
     EXPECT_EQ(readFile(home / ".config/Tarvo/tarvo.xml"), shippedConfiguration());
     EXPECT_TRUE(fs::exists(elsewhere / "conf/Tarvo/TarvoQt.ini"));
-}
-
-TEST(InitTarvoFiles, SecondRunIsSilent) {
-    const UsedHome home;
-    const StartedProgram run(home.path());
-    EXPECT_EQ(run.exitStatus(), 0);
-    EXPECT_EQ(run.boxTexts(), QStringList());
 }
 
 TEST(InitTarvoFiles, OlderConfigurationIsKeptUnderItsVersion) {
@@ -126,7 +119,7 @@ TEST(InitTarvoFiles, OlderConfigurationIsKeptUnderItsVersion) {
     writeFile(home.configuration(), mine);
     writeFile(home.files() / "tarvo_0.25.xml", "an older backup");
 
-    const StartedProgram run(home.path());
+    const StartedProgram run(STARTUP_PROGRAM, home.path());
     EXPECT_EQ(
         run.boxTexts(),
         QStringList({"Your configuration file \"tarvo.xml\" has an older version of 0.25. Tarvo will upgrade it to "
@@ -137,21 +130,16 @@ TEST(InitTarvoFiles, OlderConfigurationIsKeptUnderItsVersion) {
 
 TEST(InitTarvoFiles, BackupNameHasTheShortNumberAndTheBoxTwoDecimals) {
     const UsedHome home;
-    writeFile(home.configuration(), configurationOf("@version: 2.0"));
-    const StartedProgram run(home.path());
-    EXPECT_TRUE(fs::exists(home.files() / "tarvo_2.xml"));
-    ASSERT_EQ(run.boxes().size(), 1U);
-    EXPECT_THAT(run.boxes()[0].text, HasSubstr("renamed as \"tarvo_2.00.xml\"."));
-}
-
-TEST(InitTarvoFiles, ConfigurationWithoutVersionCountsAsMinusOne) {
-    const UsedHome home;
-    writeFile(home.configuration(), "<mine/>\n");
-    const StartedProgram run(home.path());
-    ASSERT_EQ(run.boxes().size(), 1U);
-    EXPECT_THAT(run.boxes()[0].text, HasSubstr("an older version of -1.00. "));
-    EXPECT_EQ(readFile(home.files() / "tarvo_-1.xml"), "<mine/>\n");
-    EXPECT_EQ(readFile(home.configuration()), shippedConfiguration());
+    for (const auto& [line, backup, told] : {std::tuple{"@version: 2.0", "tarvo_2.xml", "version of 2.00. "},
+                                             {"", "tarvo_-1.xml", "version of -1.00. "}}) {
+        const std::string mine = configurationOf(line);
+        writeFile(home.configuration(), mine);
+        const StartedProgram run(STARTUP_PROGRAM, home.path());
+        EXPECT_EQ(readFile(home.files() / backup), mine);
+        EXPECT_EQ(readFile(home.configuration()), shippedConfiguration());
+        ASSERT_EQ(run.boxes().size(), 1U);
+        EXPECT_THAT(run.boxes()[0].text, HasSubstr(told));
+    }
 }
 
 TEST(InitTarvoFiles, EqualOrNewerConfigurationStays) {
@@ -159,7 +147,7 @@ TEST(InitTarvoFiles, EqualOrNewerConfigurationStays) {
     for (const char* version : {"@version: 2.09", "@version: 2.1", "@version: 10"}) {
         const std::string mine = configurationOf(version);
         writeFile(home.configuration(), mine);
-        EXPECT_EQ(StartedProgram(home.path()).boxTexts(), QStringList()) << version;
+        EXPECT_EQ(StartedProgram(STARTUP_PROGRAM, home.path()).boxTexts(), QStringList()) << version;
         EXPECT_EQ(readFile(home.configuration()), mine) << version;
     }
 }
@@ -172,20 +160,20 @@ TEST(InitTarvoFiles, PlacesOfTheUserCountAndStay) {
     fs::create_directories(home / ".config/Tarvo");
     writeFile(home / ".config/Tarvo/TarvoQt.ini", "[General]\nXMLdir=" + folder + "\nTarvoManual=" + manual + "\n");
 
-    const StartedProgram run(home.path());
+    const StartedProgram run(STARTUP_PROGRAM, home.path());
     EXPECT_EQ(run.exitStatus(), 0);
     EXPECT_EQ(readFile(folder + "tarvo.xml"), shippedConfiguration());
     EXPECT_TRUE(fs::exists(manual));
     EXPECT_TRUE(fs::exists(folder + "TarvoConfigLog.txt"));
     EXPECT_FALSE(fs::exists(home / ".config/Tarvo/tarvo.xml"));
-    EXPECT_EQ(StartedProgram(home.path()).boxTexts(), QStringList());
+    EXPECT_EQ(StartedProgram(STARTUP_PROGRAM, home.path()).boxTexts(), QStringList());
 }
 
 TEST(InitTarvoFiles, EmptyFolderInTheSettingsCountsAsNotSet) {
     const TemporaryFolder home;
     fs::create_directories(home / ".config/Tarvo");
     writeFile(home / ".config/Tarvo/TarvoQt.ini", "[General]\nXMLdir=\n");
-    EXPECT_EQ(StartedProgram(home.path()).exitStatus(), 0);
+    EXPECT_EQ(StartedProgram(STARTUP_PROGRAM, home.path()).exitStatus(), 0);
     EXPECT_EQ(readFile(home / ".config/Tarvo/tarvo.xml"), shippedConfiguration());
 }
 
@@ -195,7 +183,7 @@ TEST(InitTarvoFiles, FolderBelowAMissingOneEndsTheProgram) {
     fs::create_directories(home / ".config/Tarvo");
     writeFile(home / ".config/Tarvo/TarvoQt.ini", "[General]\nXMLdir=" + folder + "/\n");
 
-    const StartedProgram run(home.path());
+    const StartedProgram run(STARTUP_PROGRAM, home.path());
     EXPECT_EQ(run.exitStatus(), 1);
     const QString fatal = "Fatal: Tarvo is unable to create the directory " + QString::fromStdString(folder) +
                           " for :tarvo.xml. \nHint: check your directory permissions.";
@@ -207,7 +195,7 @@ TEST(InitTarvoFiles, FolderBelowAMissingOneEndsTheProgram) {
 TEST(InitTarvoFiles, HomeThatTakesNoFilesEndsTheProgramWithTheText) {
     const TemporaryFolder home;
     writeFile(home / ".config", "in the way");
-    const StartedProgram run(home.path());
+    const StartedProgram run(STARTUP_PROGRAM, home.path());
     EXPECT_EQ(run.exitStatus(), 1);
     ASSERT_EQ(run.boxes().size(), 2U);
     EXPECT_THAT(run.boxes()[1].text,

@@ -255,9 +255,8 @@ TEST_F(Synoptic, AStationIsRemovedOrProcessed) {
     };
     emit station(-80.0)->process("/data/one.csv");
     EXPECT_TRUE(opened.isEmpty());
-    ASSERT_EQ(answers.boxes().size(), 1U);
-    EXPECT_EQ(answers.boxes()[0].title, "File Open Error");
-    EXPECT_EQ(answers.boxes()[0].text, "Tarvo cannot open sounding\n\"/data/one.csv\"\nFile not found!");
+    ASSERT_THAT(answers.told(),
+                ElementsAre("File Open Error: Tarvo cannot open sounding\n\"/data/one.csv\"\nFile not found!"));
     const std::string real = path("real.csv");
     writeFile(real, "FileFormat,CSV\n");
     emit station(-80.0)->process(QString::fromStdString(real));

@@ -2,8 +2,8 @@
 
 #include "CommView.h"
 #include "Levels.h"
-#include "ModalAnswers.h"
 #include "OpenSounding.h"
+#include "QtHands.h"
 #include "QtText.h"
 #include "WMO.h"
 
@@ -55,16 +55,7 @@ protected:
     Widget& child(const char* name) {
         return *view.findChild<Widget*>(name);
     }
-    /// Types over what stands there and leaves the field.
-    void type(const char* name, const char* text) {
-        auto& edit = child(name);
-        edit.setFocus();
-        edit.selectAll();
-        QTest::keyClick(&edit, Qt::Key_Delete);
-        QTest::keyClick(&edit, Qt::Key_Home);
-        QTest::keyClicks(&edit, text);
-        QTest::keyClick(&edit, Qt::Key_Return);
-    }
+    void type(const char* name, const char* text) { typeOver(child(name), text); }
     void choose(const char* name, const char* text) {
         auto& combo = child<QComboBox>(name);
         const int wanted = combo.findText(text);
@@ -112,8 +103,12 @@ TEST_F(CommTab, Remarks) {
     ASSERT_TRUE(child<QComboBox>("_azimuth").isEnabled());
     choose("_azimuth", "45 (NE)");
     EXPECT_THAT(remarks(), HasSubstr("EYEWALL 045"));
-    type("_retrans", "04");
-    EXPECT_THAT(remarks(), HasSubstr("REXMT OF OB 04 "));
+    for (const auto& [typed, coded] : {std::pair("04", "04"), std::pair("4", "04"), std::pair("12", "12")}) {
+        type("_retrans", typed);
+        EXPECT_THAT(remarks(), HasSubstr(std::string("REXMT OF OB ") + coded + " ")) << typed;
+    }
+    type("_retrans", "");
+    EXPECT_THAT(remarks(), Not(HasSubstr("REXMT")));
     type("_atcf", "al092021");
     EXPECT_THAT(remarks(), HasSubstr("ATCF AL092021 "));
     tick("_lastReport");
@@ -197,25 +192,6 @@ TEST_F(CommTab, WhatWasWrittenByHandStays) {
     EXPECT_THAT(remarks(), Not(HasSubstr("BY HAND"))) << "an entry is written at once";
 }
 
-TEST_F(CommTab, RetransmissionOfOneDigitAndOfNone) {
-    type("_retrans", "4");
-    EXPECT_THAT(remarks(), HasSubstr("REXMT OF OB 04 "));
-    type("_retrans", "12");
-    EXPECT_THAT(remarks(), HasSubstr("REXMT OF OB 12 "));
-    type("_retrans", "");
-    EXPECT_THAT(remarks(), Not(HasSubstr("REXMT")));
-}
-
-TEST_F(CommTab, KermitIsWhereTheOptionsSayNow) {
-    sounding.config.set("DisableKermit", 0.0);
-    sounding.config.set("KermitPath", std::string("/bin/no such program"));
-    view.update();
-    EXPECT_FALSE(child<QPushButton>("_sendMsg").isEnabled());
-    sounding.config.set("KermitPath", std::string("/bin/true"));
-    view.update();
-    EXPECT_TRUE(child<QPushButton>("_sendMsg").isEnabled());
-}
-
 TEST_F(CommTab, IsPrintedAcrossThePaperWhoeverPrintedBefore) {
     sounding.printer.setPageOrientation(QPageLayout::Portrait);
     ModalAnswers answers; // which give the dialog up
@@ -237,8 +213,8 @@ TEST_F(CommTab, SendNeedsKermitAndAMessage) {
     const auto canSend = [this](const std::string& path, bool disabled) {
         sounding.config.set("KermitPath", path);
         sounding.config.set("DisableKermit", disabled ? 1.0 : 0.0);
-        CommView other(&sounding.doc, &sounding.printer, nullptr);
-        return other.findChild<QPushButton*>("_sendMsg")->isEnabled();
+        view.update(); // it is where the options say now
+        return child<QPushButton>("_sendMsg").isEnabled();
     };
     EXPECT_TRUE(canSend("/bin/true", false));
     EXPECT_FALSE(canSend("/bin/true", true));

@@ -201,10 +201,11 @@ TEST(RawView, WhatCanBeMarked) {
     tab.choose("Set Ignore Attribute");
     tab.select({{0, RH}, {kRow, RH}});
     tab.choose("Set Keep Attribute");
-    EXPECT_THAT(tab.answers.texts(),
-                ElementsAre("No launch param(s) or time field(s) can be selected;\n" + only,
-                            "No launch param(s) can be selected;\nNo time field(s) can be selected;\n" + only));
-    EXPECT_EQ(tab.answers.boxes().front().title, "Selection Error");
+    EXPECT_THAT(
+        tab.answers.told(),
+        ElementsAre("Selection Error: No launch param(s) or time field(s) can be selected;\n" + only,
+                    "Selection Error: No launch param(s) can be selected;\nNo time field(s) can be selected;\n" +
+                        only));
     EXPECT_EQ(tab.answers.boxes().front().icon, QMessageBox::Warning);
     EXPECT_EQ(tab.marked(), 1);
     EXPECT_EQ(tab.requests->count(), 1);

@@ -1,7 +1,7 @@
 #include "Levels.h"
 #include "LevelsView.h"
-#include "ModalAnswers.h"
 #include "OpenSounding.h"
+#include "QtHands.h"
 #include "QtText.h"
 #include "SummaryView.h"
 #include "TemporaryFolder.h"
@@ -9,8 +9,6 @@
 #include "WMOView.h"
 
 #include <QDesktopServices>
-#include <QFileDialog>
-#include <QLineEdit>
 #include <QTextEdit>
 #include <QUrl>
 #include <QUrlQuery>
@@ -34,21 +32,13 @@ QString colorAt(const QTableWidget& grid, int row, int column) {
     return grid.item(row, column)->background().color().name();
 }
 
+QString pathIn(const fs::path& path) {
+    return QString::fromStdString(path.string());
+}
+
 void press(QTableWidget& grid, int row, int column) {
     grid.scrollToItem(grid.item(row, column));
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, grid.visualItemRect(grid.item(row, column)).center());
-}
-
-/// Answers the next save dialog with a path, and a filter unless that stays as it is.
-void saveAs(ModalAnswers& answers, const std::string& title, const fs::path& path, const char* filter = nullptr) {
-    answers.operate(title, [path, filter](QDialog& dialog) {
-        if (filter != nullptr) {
-            static_cast<QFileDialog&>(dialog).selectNameFilter(filter);
-        }
-        auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
-        name->setText(QString::fromStdString(path.string()));
-        dialog.accept();
-    });
 }
 
 const QString kRed = QColor("red").name();
@@ -213,7 +203,7 @@ TEST_F(LevelsTab, SortingKeepsRowAndLevelTogether) {
 TEST_F(LevelsTab, SavesTheRowsInTheirOrder) {
     const TemporaryFolder folder;
     grid.sortByColumn(3, Qt::DescendingOrder);
-    saveAs(answers, "Tarvo - Save Levels", folder / "mine", "All files(*.*)");
+    answerSave(answers, "Tarvo - Save Levels", pathIn(folder / "mine"), "All files(*.*)");
     view.save();
     const std::string text = readFile(folder / "mine.csv");
     EXPECT_THAT(text, testing::StartsWith("Fields,Index,Type,Time,Pres,Tdry,DPdep,RH,Wdir,Wspd,Wspd(kt),Alt\n"
@@ -221,17 +211,16 @@ TEST_F(LevelsTab, SavesTheRowsInTheirOrder) {
     EXPECT_LT(text.find("Surface Thermodynamic"), text.find("Uppermost Winds"));
     const auto before = readFile(folder / "mine.csv");
     answers.press("Tarvo - Save Levels", QMessageBox::No);
-    saveAs(answers, "Tarvo - Save Levels", folder / "mine", "All files(*.*)");
+    answerSave(answers, "Tarvo - Save Levels", pathIn(folder / "mine"), "All files(*.*)");
     grid.sortByColumn(3, Qt::AscendingOrder);
     view.save();
     EXPECT_EQ(readFile(folder / "mine.csv"), before) << "not the file that the dialog asked about";
     ASSERT_EQ(answers.boxes().size(), 1u);
     EXPECT_EQ(answers.boxes()[0].icon, QMessageBox::Question);
     answers.forget();
-    saveAs(answers, "Tarvo - Save Levels", folder / "nowhere/mine");
+    answerSave(answers, "Tarvo - Save Levels", pathIn(folder / "nowhere/mine"));
     view.save();
-    ASSERT_EQ(answers.boxes().size(), 1u);
-    EXPECT_EQ(answers.boxes()[0].text, "Tarvo can't save the file.");
+    ASSERT_THAT(answers.texts(), ElementsAre("Tarvo can't save the file."));
 }
 
 TEST_F(LevelsTab, SavesByItself) {
@@ -331,12 +320,12 @@ TEST_F(WMOTab, MailAndFileCarryTheMessage) {
 
     const TemporaryFolder folder;
     sounding.config.set("TempAppendNNNN", 1.0);
-    saveAs(answers, "Tarvo - Save WMO", folder / "message");
+    answerSave(answers, "Tarvo - Save WMO", pathIn(folder / "message"));
     view.save();
     EXPECT_THAT(readFile(folder / "message.txt"), testing::EndsWith("31313 09608 81200 61616 =\nNNNN"));
     writeFile(folder / "kept.txt", "precious");
     answers.press("Tarvo - Save WMO", QMessageBox::No);
-    saveAs(answers, "Tarvo - Save WMO", folder / "kept", "All files(*.*)");
+    answerSave(answers, "Tarvo - Save WMO", pathIn(folder / "kept"), "All files(*.*)");
     view.save();
     EXPECT_EQ(readFile(folder / "kept.txt"), "precious");
     answers.forget();
@@ -378,8 +367,7 @@ TEST_F(WMOTab, AMailProgramThatDoesNotOpenIsTold) {
     QDesktopServices::setUrlHandler("mailto", &view, "noSuchSlot");
     click("_email");
     QDesktopServices::unsetUrlHandler("mailto");
-    ASSERT_EQ(answers.boxes().size(), 1u);
-    EXPECT_EQ(answers.boxes()[0].text, "Unable to open the email program!");
+    ASSERT_THAT(answers.texts(), ElementsAre("Unable to open the email program!"));
     EXPECT_EQ(answers.boxes()[0].icon, QMessageBox::Warning);
 }
 
@@ -477,15 +465,14 @@ TEST(SummaryTab, ListsTopicsWithTheirItems) {
     sounding.config.set("SumAutoSaveFmtTxt", 1.0);
     view.autoSave();
     EXPECT_EQ(readFile(folder / "D20210801_120003Summary.txt"), text.toStdString() + "\n");
-    saveAs(answers, "Tarvo - Save Summary", folder / "summary.pdf");
+    answerSave(answers, "Tarvo - Save Summary", pathIn(folder / "summary.pdf"));
     sounding.printer.setPageOrientation(QPageLayout::Landscape); // as the Main tab leaves it
     view.save();
     EXPECT_THAT(readFile(folder / "summary.pdf"), testing::StartsWith("%PDF"));
     EXPECT_EQ(sounding.printer.pageLayout().orientation(), QPageLayout::Portrait);
-    saveAs(answers, "Tarvo - Save Summary", folder / "nowhere/summary.pdf");
+    answerSave(answers, "Tarvo - Save Summary", pathIn(folder / "nowhere/summary.pdf"));
     view.save();
-    ASSERT_EQ(answers.boxes().size(), 1u);
-    EXPECT_EQ(answers.boxes()[0].text, "Tarvo can't save the file.");
+    ASSERT_THAT(answers.texts(), ElementsAre("Tarvo can't save the file."));
 }
 
 #include "MessageTabsTest.moc"

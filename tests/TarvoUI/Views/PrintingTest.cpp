@@ -1,13 +1,12 @@
 // Text on paper: what is in the PDF files that the tabs print.
 
 #include "Listing.h"
-#include "ModalAnswers.h"
 #include "OpenSounding.h"
+#include "QtHands.h"
 #include "RawView.h"
 #include "TimeLimit.h"
 
 #include <QElapsedTimer>
-#include <QFileDialog>
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
 #include <QProcess>
@@ -142,10 +141,7 @@ TEST_F(Printing, PagesCopiesAndOrder) {
 
 TEST_F(Printing, ASavedFileAndAPreviewKnowNothingOfThePrintBefore) {
     ModalAnswers answers;
-    answers.operate("Tarvo - Save T", [this](QDialog& dialog) {
-        dialog.findChild<QLineEdit*>("fileNameEdit")->setText(file());
-        dialog.accept();
-    });
+    answerSave(answers, "Tarvo - Save T", file());
     QPrinter& printer = sounding.printer;
     const auto print = [&printer] {
         printer.setPrintRange(QPrinter::PageRange);

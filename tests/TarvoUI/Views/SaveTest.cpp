@@ -1,13 +1,12 @@
 // Saving from the Raw and the QC tab, and saving by itself after a run.
 
-#include "ModalAnswers.h"
 #include "OpenSounding.h"
 #include "QCView.h"
+#include "QtHands.h"
 #include "RawView.h"
 #include "TarvoSettings.h"
 
 #include <QDir>
-#include <QFileDialog>
 #include <gmock/gmock.h>
 
 using testing::ElementsAre;
@@ -28,23 +27,9 @@ public:
         view->update();
     }
 
-    /// Saves with the dialog of \p title answered by a filter and a name, and keeps what the dialog offered.
+    /// Saves with the dialog of \p title answered by a filter and a name; without a name it is given up.
     void saveAs(const char* title, const QString& filter, const QString& name) {
-        answers.operate(title, [=](QDialog& dialog) {
-            auto& asked = dynamic_cast<QFileDialog&>(dialog);
-            filters = asked.nameFilters();
-            selected = asked.selectedNameFilter();
-            folderOffered = asked.directory().path();
-            nameOffered = asked.findChild<QLineEdit*>("fileNameEdit")->text();
-            if (name.isEmpty()) {
-                dialog.reject();
-                return;
-            }
-            asked.selectNameFilter(filter);
-            emit asked.filterSelected(filter);
-            asked.findChild<QLineEdit*>("fileNameEdit")->setText(path(name));
-            dialog.accept();
-        });
+        answerSave(answers, title, name.isEmpty() ? "" : path(name), filter, &offered);
         view->save();
     }
     QString path(const QString& name) const { return QString::fromStdString((folder / name.toStdString()).string()); }
@@ -52,10 +37,7 @@ public:
     TemporaryFolder folder;
     ModalAnswers answers;
     std::unique_ptr<View> view;
-    QStringList filters;
-    QString selected;
-    QString folderOffered;
-    QString nameOffered;
+    SaveOffer offered;
 };
 
 /// What the files of a folder hold.
@@ -69,6 +51,14 @@ std::vector<std::string> contentsOf(const TemporaryFolder& folder) {
     return contents;
 }
 
+template <typename View>
+void expectSaved(const char* dialog, const char* filter, const char* start) {
+    SaveTab<View> tab;
+    tab.saveAs(dialog, filter, "data");
+    EXPECT_THAT(contentsOf(tab.folder), ElementsAre(StartsWith(start))) << filter;
+    EXPECT_THAT(tab.answers.texts(), IsEmpty());
+}
+
 const char* const kRawDialog = "Tarvo - Save Raw";
 const char* const kQcDialog = "Tarvo - Save QC";
 const char* const kCsv = "Comma Separated (*.csv)";
@@ -79,11 +69,10 @@ TEST(Save, RawOffersItsFormatsAndName) {
     SaveTab<RawView> tab;
     tab.config.set("RawSaveDir", tab.folder.path().string());
     tab.saveAs(kRawDialog, kCsv, "");
-    EXPECT_EQ(tab.filters.join("|").toStdString(),
-              "TROVE (*.trv)|netCDF (*.nc)|Comma Separated (*.csv)|KIVU ZOR (*.zor)");
-    EXPECT_EQ(tab.selected.toStdString(), "netCDF (*.nc)");
-    EXPECT_EQ(tab.nameOffered.toStdString(), "D20210914_043120RAW");
-    EXPECT_EQ(tab.folderOffered.toStdString(), tab.folder.path().string());
+    EXPECT_EQ(tab.offered.filters, "TROVE (*.trv)|netCDF (*.nc)|Comma Separated (*.csv)|KIVU ZOR (*.zor)");
+    EXPECT_EQ(tab.offered.selected, "netCDF (*.nc)");
+    EXPECT_EQ(tab.offered.name, "D20210914_043120RAW");
+    EXPECT_EQ(tab.offered.folder, tab.folder.path().string());
     EXPECT_EQ(tab.folder.size(), 0);
 }
 
@@ -91,15 +80,15 @@ TEST(Save, QcOffersItsFormatsAndName) {
     SaveTab<QCView> tab;
     tab.config.set("QCSaveDir", "/no/such/folder");
     tab.saveAs(kQcDialog, kCsv, "");
-    EXPECT_EQ(tab.filters.join("|").toStdString(), "TROVE (*.trv)|netCDF (*.nc)|NOAA FRD (*.frd)|Comma Separated "
-                                                   "(*.csv)|KIVU ZOR (*.zor)|WMO BUFR (*.bfr)");
-    EXPECT_EQ(tab.selected.toStdString(), "netCDF (*.nc)");
-    EXPECT_EQ(tab.nameOffered.toStdString(), "D20210914_043120QC");
-    EXPECT_EQ(tab.folderOffered, QDir::homePath());
+    EXPECT_EQ(tab.offered.filters, "TROVE (*.trv)|netCDF (*.nc)|NOAA FRD (*.frd)|Comma Separated "
+                                   "(*.csv)|KIVU ZOR (*.zor)|WMO BUFR (*.bfr)");
+    EXPECT_EQ(tab.offered.selected, "netCDF (*.nc)");
+    EXPECT_EQ(tab.offered.name, "D20210914_043120QC");
+    EXPECT_EQ(tab.offered.folder, QDir::homePath().toStdString());
     tab.config.set("FixedSrcEnabled", 1.0);
     tab.config.set("FixedSrcDir", tab.folder.path().string());
     tab.saveAs(kQcDialog, kCsv, "");
-    EXPECT_EQ(tab.folderOffered.toStdString(), tab.folder.path().string());
+    EXPECT_EQ(tab.offered.folder, tab.folder.path().string());
     EXPECT_EQ(tab.text("QCSaveDir"), "/no/such/folder"); // nothing was saved
 }
 
@@ -115,29 +104,15 @@ TEST(Save, TheExtensionOfTheFilterIsAdded) {
     }
 }
 
-TEST(Save, EveryFormatOfTheRawTab) {
+TEST(Save, EveryFormatOfTheTabs) {
     for (const auto& [filter, start] : {std::pair("TROVE (*.trv)", "Data Type:"),
                                         {"netCDF (*.nc)", "CDF\1"},
                                         {kCsv, "FileFormat,CSV"},
                                         {"KIVU ZOR (*.zor)", "Data Type/Direction:"}}) {
-        SaveTab<RawView> tab;
-        tab.saveAs(kRawDialog, filter, "data");
-        EXPECT_THAT(contentsOf(tab.folder), ElementsAre(StartsWith(start))) << filter;
-        EXPECT_THAT(tab.answers.texts(), IsEmpty());
+        expectSaved<RawView>(kRawDialog, filter, start);
+        expectSaved<QCView>(kQcDialog, filter, start);
     }
-}
-
-TEST(Save, EveryFormatOfTheQcTab) {
-    for (const auto& [filter, start] : {std::pair("TROVE (*.trv)", "Data Type:"),
-                                        {"netCDF (*.nc)", "CDF\1"},
-                                        {"NOAA FRD (*.frd)", " ==="},
-                                        {kCsv, "FileFormat,CSV"},
-                                        {"KIVU ZOR (*.zor)", "Data Type/Direction:"}}) {
-        SaveTab<QCView> tab;
-        tab.saveAs(kQcDialog, filter, "data");
-        EXPECT_THAT(contentsOf(tab.folder), ElementsAre(StartsWith(start))) << filter;
-        EXPECT_THAT(tab.answers.texts(), IsEmpty());
-    }
+    expectSaved<QCView>(kQcDialog, "NOAA FRD (*.frd)", " ===");
 }
 
 TEST(Save, AFileIsOnlyReplacedByConsent) {
@@ -179,8 +154,7 @@ TEST(AutoSave, WritesEachFormatThatIsOnAndTellsOfEachFailure) {
         tab.config.set(std::string("QCAutoSaveFmt") + format, 1.0);
     }
     tab.view->autoSave();
-    EXPECT_THAT(tab.answers.texts(), ElementsAre("Tarvo can't save the file to format .zor"));
-    EXPECT_EQ(tab.answers.boxes().front().title, "File Save Error");
+    EXPECT_THAT(tab.answers.told(), ElementsAre("File Save Error: Tarvo can't save the file to format .zor"));
     EXPECT_EQ(tab.answers.boxes().front().icon, QMessageBox::Warning);
     EXPECT_THAT(contentsOf(tab.folder), UnorderedElementsAre(StartsWith(" ==="), StartsWith("Data Type:"),
                                                              StartsWith("CDF\1"), StartsWith("FileFormat,CSV")));

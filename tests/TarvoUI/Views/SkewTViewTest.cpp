@@ -1,15 +1,13 @@
 #include "SkewTView.h"
 
 #include "Levels.h"
-#include "ModalAnswers.h"
 #include "OpenSounding.h"
+#include "QtHands.h"
 #include "TemporaryFolder.h"
+#include "TextEdits.h"
 
 #include <QDir>
-#include <QFileDialog>
 #include <QImage>
-#include <QLineEdit>
-#include <QtTest/QtTest>
 #include <gmock/gmock.h>
 
 namespace {
@@ -17,8 +15,6 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-
-const char* const kSaveDialog = "Tarvo - Save Skew-T";
 
 class SkewTTab : public testing::Test {
 protected:
@@ -48,15 +44,7 @@ protected:
     }
     QImage picture() { return view->diagram()->grab().toImage(); }
     void saveAs(const QString& filter, const QString& path) {
-        answers.operate(kSaveDialog, [=](QDialog& dialog) {
-            auto& asked = dynamic_cast<QFileDialog&>(dialog);
-            offered = asked.nameFilters().join(";;") + " " + asked.selectedNameFilter() + " " +
-                      asked.findChild<QLineEdit*>("fileNameEdit")->text();
-            asked.selectNameFilter(filter);
-            emit asked.filterSelected(filter);
-            asked.findChild<QLineEdit*>("fileNameEdit")->setText(path);
-            dialog.accept();
-        });
+        answerSave(answers, "Tarvo - Save Skew-T", path, filter, &offered);
         view->save();
     }
     QString path(const char* name) const { return QString::fromStdString((folder / name).string()); }
@@ -65,12 +53,7 @@ protected:
         saveAs("SVG Image (*.svg)", path("count.svg"));
         const std::string svg = readFile(folder / "count.svg");
         std::filesystem::remove(folder / "count.svg");
-        int count = 0;
-        for (std::size_t at = svg.find("fill=\"red\"/>"); at != std::string::npos;
-             at = svg.find("fill=\"red\"/>", at + 1)) {
-            ++count;
-        }
-        return count;
+        return countOf(svg, "fill=\"red\"/>");
     }
     int levelsWithTemperature() {
         int count = 0;
@@ -86,7 +69,7 @@ protected:
     ModalAnswers answers;
     TemporaryFolder folder;
     std::unique_ptr<SkewTView> view;
-    QString offered;
+    SaveOffer offered;
 };
 
 } // namespace
@@ -174,8 +157,8 @@ TEST_F(SkewTTab, SavesByTheExtensionInTheSizeAskedFor) {
     }
     EXPECT_EQ(folder.size(), 7) << "and nothing beside them";
     EXPECT_THAT(answers.texts(), IsEmpty());
-    EXPECT_EQ(offered.toStdString(), "JPEG Image (*.jpeg);;PNG Image (*.png);;SVG Image (*.svg) PNG Image (*.png) "
-                                     "D20210914_043120skewt");
+    EXPECT_EQ(offered.filters, "JPEG Image (*.jpeg)|PNG Image (*.png)|SVG Image (*.svg)");
+    EXPECT_EQ(offered.selected + " " + offered.name, "PNG Image (*.png) D20210914_043120skewt");
     std::string directory;
     sounding.config.text("SkewTPlotSaveDir", directory);
     EXPECT_EQ(directory, folder.path().string());
@@ -185,9 +168,9 @@ TEST_F(SkewTTab, TellsOfASaveThatFails) {
     view->save(); // the dialog is given up
     saveAs("PNG Image (*.png)", path("no/such/place.png"));
     saveAs("SVG Image (*.svg)", path("no/such/place.svg"));
-    EXPECT_THAT(answers.texts(),
-                ElementsAre("Empty file name", "Tarvo can't save the file.", "Tarvo can't save the file."));
-    EXPECT_EQ(answers.boxes()[0].title, "File Name Error");
+    EXPECT_THAT(answers.told(),
+                ElementsAre("File Name Error: Empty file name", "File Save Error: Tarvo can't save the file.",
+                            "File Save Error: Tarvo can't save the file."));
     EXPECT_EQ(answers.boxes()[0].icon, QMessageBox::Warning);
     EXPECT_EQ(folder.size(), 0);
 }

@@ -1,15 +1,13 @@
 #include "XYgraphView.h"
 
-#include "ModalAnswers.h"
 #include "Pictures.h"
+#include "QtHands.h"
 #include "RawView.h"
 #include "TarvoMainWindow.h"
 #include "TarvoSettings.h"
 #include "TarvoViewController.h"
 #include "TemporaryFolder.h"
 
-#include <QFileDialog>
-#include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
 #include <QRegularExpression>
@@ -109,14 +107,7 @@ protected:
         return image;
     }
     void saveAs(const QString& path, const char* filter) {
-        answers.operate("Tarvo - Save XY Plot", [=](QDialog& dialog) {
-            auto& files = static_cast<QFileDialog&>(dialog);
-            files.selectNameFilter(filter);
-            files.setDirectory(QFileInfo(path).path());
-            files.selectFile(path);
-            files.findChild<QLineEdit*>("fileNameEdit")->setText(path);
-            static_cast<QDialog&>(files).accept();
-        });
+        answerSave(answers, "Tarvo - Save XY Plot", path, filter);
         view->save();
     }
 
@@ -311,26 +302,20 @@ TEST_F(XYgraph, RefusesAnEmptyName) {
     open("summer_up_20220705.csv");
     answers.forget();
     view->save(); // the dialog is given up
-    ASSERT_EQ(answers.boxes().size(), 1U);
-    EXPECT_EQ(answers.boxes()[0].title, "File Name Error");
-    EXPECT_EQ(answers.boxes()[0].text, "Empty file name");
+    ASSERT_THAT(answers.told(), ElementsAre("File Name Error: Empty file name"));
     EXPECT_EQ(answers.boxes()[0].icon, QMessageBox::Warning);
 }
 
-TEST_F(XYgraph, PreviewPrintsAPage) {
-    open("summer_up_20220705.csv");
-    QPrinter printer;
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(QString::fromStdString((folder / "page.pdf").string()));
-    view->xyPreview(&printer);
-    const std::string page = readFile(folder / "page.pdf");
-    EXPECT_EQ(page.substr(0, 5), "%PDF-");
-    EXPECT_GT(page.size(), 5000U);
-}
-
-TEST_F(XYgraph, PrintsToPDFByItsDialog) {
+TEST_F(XYgraph, PrintsToPDFByItsPreviewAndItsDialog) {
     open("summer_up_20220705.csv");
     const QString path = QString::fromStdString((folder / "print.pdf").string());
+    QPrinter printer;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(path);
+    view->xyPreview(&printer);
+    EXPECT_EQ(readFile(folder / "print.pdf").substr(0, 5), "%PDF-");
+    EXPECT_GT(readFile(folder / "print.pdf").size(), 5000U);
+    writeFile(folder / "print.pdf", "");
     answers.operate("Tarvo - Print XY Graph", [&](QDialog& dialog) {
         dialog.findChild<QLineEdit*>("filename")->setText(path); // without printers a file is what is left
         dialog.accept();
