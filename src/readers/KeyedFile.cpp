@@ -63,29 +63,15 @@ void KeyedFile::describeSonde() {
     _descriptionText = _sondeId + " " + trimBoth(_descriptionText);
 }
 
-std::array<Series*, 15> KeyedFile::allFrameSeries() {
-    return {&_sTime, &_sPres, &_sTdry, &_sRh0, &_sRh1,    &_sRh2,  &_sWdir, &_sWspd,
-            &_sDz,   &_sLon,  &_sLat,  &_sAlt, &_sGpsalt, &_sSats, &_sWe};
-}
-
 void KeyedFile::reserveFrames() {
-    for (Series* series : allFrameSeries()) {
+    for (Series* series : {&_sTime, &_sPres, &_sTdry, &_sRh0, &_sRh1, &_sRh2, &_sWdir, &_sWspd, &_sDz, &_sLon, &_sLat,
+                           &_sAlt, &_sGpsalt, &_sSats, &_sWe}) {
         series->reserve(lines().size());
     }
 }
 
-std::vector<Series*> KeyedFile::frameSeries() {
-    std::vector<Series*> used;
-    for (Series* series : allFrameSeries()) {
-        if (!series->empty()) {
-            used.push_back(series);
-        }
-    }
-    return used;
-}
-
 void KeyedFile::countFrom(double launch) {
-    for (Series* series : frameSeries()) {
+    for (Series* series : recordSeries()) {
         for (int i = 0; i <= series->lastIndex(); ++i) {
             series->setTime(i, series->time(i) - launch);
         }

@@ -68,13 +68,9 @@ protected:
 
     /// Makes room for as many frames as there are lines.
     void reserveFrames();
-    /// The series that carry data, all of one length.
-    std::vector<Series*> frameSeries();
     /// Makes the times relative: every time tag, and the data of sTime, become seconds from \p launch.
     void countFrom(double launch);
 
 private:
-    std::array<Series*, 15> allFrameSeries();
-
     double _absent;
 };

@@ -238,7 +238,7 @@ void OmbraFile::removeEarlyData() {
     const auto afterLaunch =
         std::find_if(_sTime.begin(), _sTime.end(), [&](const Value& frame) { return frame.time() >= _launchTime; });
     const auto firstKept = static_cast<int>(afterLaunch - _sTime.begin()) - 1;
-    for (Series* series : frameSeries()) {
+    for (Series* series : recordSeries()) {
         series->removeIf([&](int index, const Value&) { return index < firstKept; });
     }
 }

@@ -162,6 +162,8 @@ protected:
     /// Sets the codes that messages describe the system with; most systems differ in \p sondeType only.
     void takeWmoCodes(const char* sondeType);
     void takeLaunch(const WrittenTime& launch);
+    /// The series that carry data, as a rule all of one length.
+    std::vector<Series*> recordSeries();
     /// Adds to the error text that the calendar has no such launch time; for formats that take any.
     void checkLaunchTime();
     void registerRHchan(int channel) { _rhChannels.insert(channel); }
@@ -217,8 +219,6 @@ protected:
 
 private:
     std::int64_t nearLaunch(std::int64_t time) const;
-    /// The series that carry one value for each record.
-    std::vector<Series*> recordSeries();
     void dropRepeated();
 
     bool _valid;

@@ -386,7 +386,8 @@ void CommView::clearSendStatus() {
 }
 
 void CommView::zmodemFinished(int exitCode, QProcess::ExitStatus status) {
-    const bool success = _process != nullptr && _process->hasSent(exitCode, status);
+    const bool success =
+        exitCode == 0 && status == QProcess::NormalExit && (_process == nullptr || _process->hasSent());
     _sendStatus->setText(success ? "ARWO message transfer success" : "ARWO message transfer failed");
     if (!success) {
         tellFailure("Is the ARWO computer available? \n\nAre the com port and baud rate set correctly? \n\n"

@@ -14,8 +14,8 @@ public:
 
     /// Starts the program; the signals of QProcess tell how it goes.
     void transmit();
-    /// Whether the file went over, once the program has ended with \p exitCode and \p status.
-    bool hasSent(int exitCode, ExitStatus status);
+    /// Whether the file went over, for a program that has ended well; to be asked once.
+    bool hasSent();
     /// What Kermit is told to do.
     std::string commands() const;
 
