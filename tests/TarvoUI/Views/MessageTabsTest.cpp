@@ -120,6 +120,22 @@ protected:
     QTableWidget& grid;
 };
 
+/// The two in view.
+class MessageTabs : public testing::Test {
+protected:
+    MessageTabs() {
+        for (TarvoView* view : views) {
+            view->update();
+            view->show();
+        }
+    }
+
+    OpenedSounding sounding{kExample};
+    LevelsView levels{&sounding.doc, &sounding.printer, nullptr};
+    WMOView message{&sounding.doc, &sounding.printer, nullptr};
+    const std::vector<TarvoView*> views{&levels, &message};
+};
+
 } // namespace
 
 TEST_F(LevelsTab, ShowsTheSetAsItIs) {
@@ -382,13 +398,8 @@ TEST_F(WMOTab, WithoutAMessageNothingIsCounted) {
     EXPECT_EQ(counts(), "Modified groups: 0, Original groups: 0");
 }
 
-TEST(MessageTabs, HaveRoomForLargeType) {
-    OpenedSounding sounding(kExample);
-    LevelsView levels(&sounding.doc, &sounding.printer, nullptr);
-    WMOView message(&sounding.doc, &sounding.printer, nullptr);
-    for (TarvoView* view : std::initializer_list<TarvoView*>{&levels, &message}) {
-        view->update();
-        view->show();
+TEST_F(MessageTabs, HaveRoomForLargeType) {
+    for (TarvoView* view : views) {
         for (const int points : {8, 20}) {
             view->setStyleSheet(QString("* {font-size:%1pt}").arg(points));
             QApplication::processEvents();
@@ -401,13 +412,8 @@ TEST(MessageTabs, HaveRoomForLargeType) {
     }
 }
 
-TEST(MessageTabs, TheTabKeyGoesToTheNextWidget) {
-    OpenedSounding sounding(kExample);
-    LevelsView levels(&sounding.doc, &sounding.printer, nullptr);
-    WMOView message(&sounding.doc, &sounding.printer, nullptr);
-    for (TarvoView* view : std::initializer_list<TarvoView*>{&levels, &message}) {
-        view->update();
-        view->show();
+TEST_F(MessageTabs, TheTabKeyGoesToTheNextWidget) {
+    for (TarvoView* view : views) {
         auto* grid = view->findChild<QTableWidget*>();
         grid->setCurrentCell(1, 1);
         QTest::keyClick(grid, Qt::Key_Tab);
@@ -426,22 +432,15 @@ TEST_F(WMOTab, GroupsStayLegibleInANarrowWindow) {
     }
 }
 
-TEST(MessageTabs, StandWhenQcIsSwitchedOff) {
-    OpenedSounding sounding(kExample);
-    LevelsView levels(&sounding.doc, &sounding.printer, nullptr);
-    WMOView message(&sounding.doc, &sounding.printer, nullptr);
+TEST_F(MessageTabs, StandWhenQcIsSwitchedOff) {
     SummaryView summary(&sounding.doc, &sounding.printer, nullptr);
-    const std::initializer_list<TarvoView*> views{&levels, &message, &summary};
-    for (TarvoView* view : views) {
-        view->update();
-    }
     ASSERT_GT(message.findChild<QTableWidget*>()->rowCount(), 0);
     const TemporaryFolder folder;
     sounding.config.set("QCAutoSaveDir", folder.path().string());
     sounding.config.set("WmoAutoSaveFmtTxt", 1.0);
     sounding.config.set("DoQC", 0.0);
     sounding.doc.process();
-    for (TarvoView* view : views) {
+    for (TarvoView* view : std::initializer_list<TarvoView*>{&levels, &message, &summary}) {
         view->update();
         view->autoSave();
     }
