@@ -279,6 +279,7 @@ bool LevelsView::saveLevelsCsvTo(const QString& name) const {
         return false;
     }
     std::vector<int> order;
+    order.reserve(static_cast<std::size_t>(_levelsGrid->rowCount()));
     for (int row = 0; row < _levelsGrid->rowCount(); ++row) {
         order.push_back(levelIndex(row));
     }
