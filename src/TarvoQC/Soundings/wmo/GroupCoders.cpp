@@ -167,9 +167,12 @@ std::string WMOgroup::GeoRegion(double lat, double lon) {
     return isPacific ? "PN" : "NT";
 }
 
+bool WMOgroup::isTimeOfDay(int hour, int minute) {
+    return hour >= 0 && hour <= 23 && minute >= 0 && minute <= 59;
+}
+
 std::string WMOgroup::GGgg(int hour, int minute) {
-    const bool isTime = hour >= 0 && hour <= 23 && minute >= 0 && minute <= 59;
-    return isTime ? twoDigits(hour) + twoDigits(minute) : "////";
+    return isTimeOfDay(hour, minute) ? twoDigits(hour) + twoDigits(minute) : "////";
 }
 
 std::string WMOgroup::YYGGgg(int day, int hour, int minute) {

@@ -33,7 +33,8 @@ std::string marsden(double lat, double lon, const std::string& quadrant);
 
 /// The area of an abbreviated header: "PA" and "PN" the Pacific, "NT" the Atlantic. Degrees.
 std::string GeoRegion(double lat, double lon);
-/// Hour and minute of a time of day.
+bool isTimeOfDay(int hour, int minute);
+/// Hour and minute of a time of day; slashes for what is none.
 std::string GGgg(int hour, int minute);
 /// The group of the abbreviated header.
 std::string YYGGgg(int day, int hour, int minute);

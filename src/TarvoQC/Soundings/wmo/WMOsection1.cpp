@@ -54,7 +54,7 @@ void WMOsection1::addPart(const std::string& codeForm) {
 }
 
 std::string WMOsection1::dateGroup(const SndMetaData& meta, int dayOffset, const std::string& last) const {
-    if (meta.day < 1 || meta.day > 31 || WMOgroup::GGgg(meta.hour, meta.min) == "////") {
+    if (meta.day < 1 || meta.day > 31 || !WMOgroup::isTimeOfDay(meta.hour, meta.min)) {
         return "////" + last;
     }
     int day = meta.day;

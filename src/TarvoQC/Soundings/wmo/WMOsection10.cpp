@@ -34,7 +34,7 @@ bool positionText(const Level& level, std::string& text) {
 /// The time of day of a level, s; past midnight it begins anew.
 bool clockOf(const Level& level, const SndMetaData& meta, int& seconds) {
     double time = 0.0;
-    if (!level.getFieldData(LFtime, time) || WMOgroup::GGgg(meta.hour, meta.min) == "////") {
+    if (!level.getFieldData(LFtime, time) || !WMOgroup::isTimeOfDay(meta.hour, meta.min)) {
         return false;
     }
     seconds = static_cast<int>(time) + meta.hour * 3600 + meta.min * 60 + meta.sec;
