@@ -41,6 +41,7 @@ QString descriptionOf(const QString& name) {
 TarvoConfigMgt::TarvoConfigMgt(const QString& settings, QDialog* parent, SoundingDB* soundingDB)
     : QDialog(parent), _settings(settings), _soundingDB(soundingDB) {
     makeForm();
+    letStyleSheetsForget(*this);
     initConfigSet();
     updateConfigCombo();
 }

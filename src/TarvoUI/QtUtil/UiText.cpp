@@ -3,6 +3,9 @@
 #include "Missing.h"
 #include "Text.h"
 
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QLineEdit>
 #include <algorithm>
 
 QString numberText(double value, int decimals) {
@@ -17,6 +20,16 @@ std::string convertData(double value, int width, const char* format) {
 
 QString textStyleSheet(int size, const QString& family) {
     return "* {font-size:" + QString::number(size) + QString("pt; font-family:\"%1\";}").arg(family);
+}
+
+void letStyleSheetsForget(const QWidget& form) {
+    const QString nothing = "/* */";
+    for (QComboBox* combo : form.findChildren<QComboBox*>()) {
+        combo->view()->parentWidget()->setStyleSheet(nothing);
+        if (combo->isEditable()) {
+            combo->lineEdit()->setStyleSheet(nothing);
+        }
+    }
 }
 
 QString durationText(double seconds) {

@@ -53,6 +53,7 @@ SynopticWidget::SynopticWidget(SpatiaLiteDB& geoDB, SoundingDB* soundingDB, QPri
     inFrame->setContentsMargins(0, 0, 0, 0);
     inFrame->addWidget(_map);
     connectForm();
+    letStyleSheetsForget(*this);
     showSoundings();
     _level = stationLevel(_levelSelect->currentText());
     addStationModel(_level);

@@ -60,6 +60,7 @@ void CommView::makeForm() {
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(_topLabel);
     layout->addWidget(scrolled(form, this));
+    letStyleSheetsForget(*form);
 }
 
 QLineEdit* CommView::addEdit(QFormLayout* form, const char* label, const char* name, const char* mask,

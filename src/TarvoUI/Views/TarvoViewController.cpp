@@ -82,8 +82,9 @@ TarvoViewController::TarvoViewController(QPrinter* printer, SoundingDB* sounding
 }
 
 TarvoViewController::~TarvoViewController() {
-    // The tabs go ahead of the document and the configuration that they borrow.
-    _viewWidget->disconnect();
+    // The tabs go ahead of the document and the configuration that they borrow. Connections of Qt itself must stay: by
+    // them its style sheets and screen readers hear that a widget goes, and forget it.
+    disconnect(_viewWidget, &QTabWidget::currentChanged, nullptr, nullptr);
     delete _viewWidget;
 }
 

@@ -3,6 +3,7 @@
 #include "DesktopTest.h"
 #include "MadeGeography.h"
 
+#include <QAccessible>
 #include <algorithm>
 #include <filesystem>
 
@@ -222,6 +223,23 @@ TEST_F(OpeningTest, TheHundredAndFirstIsRefused) {
     EXPECT_EQ(view().windowTitle(), "late.csv");
     trigger("_actionCloseAll");
     EXPECT_THAT(openFiles(), IsEmpty());
+}
+
+TEST_F(OpeningTest, AScreenReaderFindsNothingOfAClosedSounding) {
+    start();
+    open(makeSounding("one.csv"));
+    std::map<QAccessible::Id, std::string> parts;
+    for (QWidget* part : view().findChildren<QWidget*>()) {
+        if (QAccessibleInterface* told = QAccessible::queryAccessibleInterface(part)) {
+            parts[QAccessible::uniqueId(told)] = part->objectName().toStdString();
+        }
+    }
+    ASSERT_GT(parts.size(), 100U);
+    trigger("_actionCloseAll");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    for (const auto& [id, name] : parts) {
+        EXPECT_EQ(QAccessible::accessibleInterface(id), nullptr) << name;
+    }
 }
 
 TEST_F(OpeningTest, DescentOpensByItselfWithTheSecondSet) {
