@@ -29,10 +29,12 @@ void requestStop(int signal) {
     stopSignal = signal;
 }
 
+} // namespace
+
 /// Holds the stopping signals back for as long as it lives: they arrive only in poll(), so that none falls between the
 /// look at stopSignal and the wait. A signal that the caller ignores (nohup, a job in the background of a script) stays
 /// ignored. A reader of our output that has gone stops the run like the others.
-class StopSignals {
+class WorkerPool::StopSignals {
 public:
     StopSignals() {
         stopSignal = 0;
@@ -79,6 +81,8 @@ private:
     std::array<struct sigaction, kSignals.size()> _before{};
     sigset_t _maskBefore{};
 };
+
+namespace {
 
 using Length = std::uint64_t; // ahead of each message
 
@@ -272,6 +276,28 @@ void WorkerPool::hear(const std::vector<BatchJob>& jobs, Workers& workers, const
     }
 }
 
+/// Takes in what the workers say within \p wait seconds, and kills the ones whose time is over. False if a signal came.
+bool WorkerPool::await(Workers& workers, const StopSignals& signals, double wait) const {
+    std::vector<pollfd> polled;
+    for (const Worker& worker : workers) {
+        polled.push_back({worker.socket, POLLIN, 0});
+        wait = worker.idle() ? wait : std::min(wait, _limits.timeout - worker.seconds());
+    }
+    if (signals.poll(polled, wait) < 0) {
+        return false;
+    }
+    for (std::size_t i = 0; i < workers.size(); ++i) {
+        if (polled[i].revents != 0) {
+            workers[i].receive();
+        }
+        if (!workers[i].idle() && !workers[i].closed && workers[i].seconds() >= _limits.timeout) {
+            kill(workers[i].pid, SIGKILL);
+            workers[i].timedOut = true;
+        }
+    }
+    return true;
+}
+
 int WorkerPool::run(const std::vector<BatchJob>& jobs, const Listener& listener, std::size_t first) {
     // What the plan freed lies scattered over the heap. Left so, every worker would gather it up again, and copy the
     // whole heap of a long list in doing so.
@@ -305,25 +331,9 @@ int WorkerPool::run(const std::vector<BatchJob>& jobs, const Listener& listener,
             }
             ++next;
         }
-        std::vector<pollfd> polled;
-        double wait = looksOn || atWork() == 0 ? 0.0 : _limits.timeout;
-        for (const Worker& worker : workers) {
-            polled.push_back({worker.socket, POLLIN, 0});
-            wait = worker.idle() ? wait : std::min(wait, _limits.timeout - worker.seconds());
+        if (await(workers, signals, looksOn || atWork() == 0 ? 0.0 : _limits.timeout)) {
+            hear(jobs, workers, listener);
         }
-        if (signals.poll(polled, wait) < 0) {
-            continue;
-        }
-        for (std::size_t i = 0; i < workers.size(); ++i) {
-            if (polled[i].revents != 0) {
-                workers[i].receive();
-            }
-            if (!workers[i].idle() && !workers[i].closed && workers[i].seconds() >= _limits.timeout) {
-                kill(workers[i].pid, SIGKILL);
-                workers[i].timedOut = true;
-            }
-        }
-        hear(jobs, workers, listener);
     }
     for (Worker& worker : workers) {
         if (worker.idle()) {

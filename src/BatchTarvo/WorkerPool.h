@@ -34,6 +34,7 @@ public:
     int run(const std::vector<BatchJob>& jobs, const Listener& listener, std::size_t first = 0);
 
 private:
+    class StopSignals;
     struct Worker;
 
     using Workers = std::vector<Worker>;
@@ -42,6 +43,7 @@ private:
     [[noreturn]] void serve(const std::vector<BatchJob>& jobs, int socket);
     bool assign(const std::vector<BatchJob>& jobs, std::size_t index, Workers& workers,
                 const std::function<void()>& inWorker);
+    bool await(Workers& workers, const StopSignals& signals, double wait) const;
     void hear(const std::vector<BatchJob>& jobs, Workers& workers, const Listener& listener);
     FileReport loss(const BatchJob& job, Worker& worker) const;
 

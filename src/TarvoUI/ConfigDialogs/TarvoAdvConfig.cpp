@@ -25,6 +25,26 @@ TarvoWidgetValidator::ValidatorType validatorOf(const OptionField& field) {
     return field.kind == OptionField::Int ? TarvoWidgetValidator::IntValidator : TarvoWidgetValidator::DoubleValidator;
 }
 
+QWidget* addChoice(QFormLayout* form, QGroupBox* group, const OptionField& field) {
+    auto* widget = new QWidget(group);
+    auto* buttons = new QButtonGroup(widget);
+    buttons->setObjectName(field.key);
+    auto* line = new QVBoxLayout(widget);
+    line->setContentsMargins(0, 0, 0, 0);
+    for (std::size_t i = 0; i < field.choices.size(); ++i) {
+        auto* button = new QRadioButton(field.choices[i], widget);
+        button->setObjectName(QString("%1_%2").arg(field.key).arg(i));
+        buttons->addButton(button, static_cast<int>(i));
+        line->addWidget(button);
+    }
+    if (*field.label == '\0') {
+        form->addRow(widget); // the title of the group says it
+    } else {
+        form->addRow(field.label, widget);
+    }
+    return widget;
+}
+
 } // namespace
 
 TarvoAdvConfig::TarvoAdvConfig(TarvoConfigSet* configSet, const char* title, const std::vector<OptionField>& fields)
@@ -87,22 +107,7 @@ void TarvoAdvConfig::addField(QFormLayout* form, QGroupBox* group, const OptionF
         widget->setObjectName(field.key);
         form->addRow(widget);
     } else if (field.kind == OptionField::Choice) {
-        widget = new QWidget(group);
-        auto* buttons = new QButtonGroup(widget);
-        buttons->setObjectName(field.key);
-        auto* line = new QVBoxLayout(widget);
-        line->setContentsMargins(0, 0, 0, 0);
-        for (std::size_t i = 0; i < field.choices.size(); ++i) {
-            auto* button = new QRadioButton(field.choices[i], widget);
-            button->setObjectName(QString("%1_%2").arg(field.key).arg(i));
-            buttons->addButton(button, static_cast<int>(i));
-            line->addWidget(button);
-        }
-        if (*field.label == '\0') {
-            form->addRow(widget); // the title of the group says it
-        } else {
-            form->addRow(field.label, widget);
-        }
+        widget = addChoice(form, group, field);
     } else if (field.kind == OptionField::Font) {
         auto* fonts = new QFontComboBox(group);
         fonts->lineEdit()->setObjectName(field.key);
@@ -111,32 +116,7 @@ void TarvoAdvConfig::addField(QFormLayout* form, QGroupBox* group, const OptionF
         row.widgets.push_back(fonts->lineEdit());
         form->addRow(field.label, fonts);
     } else {
-        auto* text = new QLineEdit(group);
-        text->setObjectName(field.key);
-        text->setAccessibleName(field.label);
-        if (field.mask != nullptr) {
-            text->setInputMask(field.mask);
-        }
-        widget = text;
-        if (field.kind == OptionField::Path) {
-            auto* button = new QPushButton("Browse...", group);
-            button->setObjectName(QString(field.key) + "_browse");
-            button->setAutoDefault(false);
-            connect(button, &QPushButton::clicked, this, [this, text, &field] {
-                const QString path = browse(field.key, text->text());
-                if (!path.isEmpty()) {
-                    text->setText(path);
-                }
-            });
-            auto* line = new QHBoxLayout;
-            line->addWidget(text, 1);
-            line->addWidget(button);
-            form->addRow(field.label, line);
-            row.widgets.push_back(button);
-            row.widgets.push_back(form->labelForField(line));
-        } else {
-            form->addRow(field.label, text);
-        }
+        widget = addText(form, group, row);
     }
     row.widgets.push_back(widget);
     if (QWidget* label = form->labelForField(widget)) {
@@ -147,6 +127,36 @@ void TarvoAdvConfig::addField(QFormLayout* form, QGroupBox* group, const OptionF
         part->setToolTip(tip);
     }
     _rows.push_back(std::move(row));
+}
+
+QWidget* TarvoAdvConfig::addText(QFormLayout* form, QGroupBox* group, Row& row) {
+    const OptionField& field = *row.field;
+    auto* text = new QLineEdit(group);
+    text->setObjectName(field.key);
+    text->setAccessibleName(field.label);
+    if (field.mask != nullptr) {
+        text->setInputMask(field.mask);
+    }
+    if (field.kind == OptionField::Path) {
+        auto* button = new QPushButton("Browse...", group);
+        button->setObjectName(QString(field.key) + "_browse");
+        button->setAutoDefault(false);
+        connect(button, &QPushButton::clicked, this, [this, text, key = field.key] {
+            const QString path = browse(key, text->text());
+            if (!path.isEmpty()) {
+                text->setText(path);
+            }
+        });
+        auto* line = new QHBoxLayout;
+        line->addWidget(text, 1);
+        line->addWidget(button);
+        form->addRow(field.label, line);
+        row.widgets.push_back(button);
+        row.widgets.push_back(form->labelForField(line));
+    } else {
+        form->addRow(field.label, text);
+    }
+    return text;
 }
 
 /// Key and meaning, which has the unit, and what the set and its defaults say.

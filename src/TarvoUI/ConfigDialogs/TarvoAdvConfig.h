@@ -76,6 +76,7 @@ private:
 
     void makePage(const char* title);
     void addField(QFormLayout* form, QGroupBox* group, const OptionField& field);
+    QWidget* addText(QFormLayout* form, QGroupBox* group, Row& row);
     QString toolTipOf(const OptionField& field) const;
     static setType typeOf(const OptionField& field);
     /// Whether a text may go into the option of a field.
