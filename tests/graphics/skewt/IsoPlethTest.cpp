@@ -69,9 +69,9 @@ void expectLines(const std::vector<Place>& on, double within, const Place& betwe
 TEST(IsoPleths, runThroughTheirPlaces) {
     expectLines<IsoTherms>({{-60.0, 300.0}, {30.0, 1000.0}}, 1e-9, {-55.0, 300.0}, kBlue, LineType::Solid, "|r-40",
                            0.5);
-    // 303.15 * 0.5^0.288 = 248.29 K, 283.15 * 0.85^0.288 = 270.21 K, 373.15 * 0.2^0.288 = 234.73 K
-    expectLines<Adiabats>({{-24.86, 500.0}, {-2.94, 850.0}, {-38.42, 200.0}, {20.0, 1000.0}}, 1e-3, {25.0, 1000.0},
-                          kBlack, LineType::Solid, "|c100", 1.0);
+    // 303.15 * 0.5^0.288 = 248.29 K, 283.15 * 0.85^0.288 = 270.21 K, 373.15 * 0.2^0.288 = 234.73 K, at 100 mb 192.25 K
+    expectLines<Adiabats>({{-24.86, 500.0}, {-2.94, 850.0}, {-38.42, 200.0}, {-80.90, 100.0}, {20.0, 1000.0}}, 1e-3,
+                          {25.0, 1000.0}, kBlack, LineType::Solid, "|c100", 1.0);
     // Named by their values at 1000 mb, and up to 200 mb.
     expectLines<PAdiabats>({{-20.0, 1000.0}, {-5.0, 1000.0}, {20.0, 1000.0}, {35.0, 1000.0}}, 2e-3, {17.5, 1000.0},
                            kGreen, LineType::Solid, "|c 20", std::log(200.0 / 1050.0) / std::log(100.0 / 1050.0));
