@@ -9,7 +9,6 @@
 #include <QImage>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPrinter>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -64,38 +63,25 @@ int pixelsOf(const QImage& image, QRgb colour) {
 
 } // namespace
 
-TEST(SkewTAdapterQt, zoomsIntoABoxOf21Pixels) {
+TEST(SkewTAdapterQt, zoomsIntoABoxOf21PixelsFromAnyCorner) {
     Window window;
     window.show();
     window.drag({300, 300}, {320, 400});
     window.drag({300, 300}, {400, 320});
-    EXPECT_EQ(window.adapter.plots, 0);
-    EXPECT_DOUBLE_EQ(window.skewT->limits().pTop, 100.0);
-    window.drag({300, 300}, {321, 321});
-    EXPECT_EQ(window.adapter.plots, 1);
-    // y 1 - 300 / 600 of the page is 0.43 / 0.83 of the plot, 1 - 321 / 600 is 0.395 / 0.83.
-    EXPECT_NEAR(window.skewT->limits().pTop, 1050.0 * std::pow(100.0 / 1050.0, 0.43 / 0.83), 1e-6);
-    EXPECT_NEAR(window.skewT->limits().pBottom, 1050.0 * std::pow(100.0 / 1050.0, 0.395 / 0.83), 1e-6);
-    window.adapter.unzoom();
-    EXPECT_EQ(window.adapter.plots, 2);
-    EXPECT_DOUBLE_EQ(window.skewT->limits().pTop, 100.0);
-}
-
-TEST(SkewTAdapterQt, zoomsFromAnyCornerAndNotBeyondThePlot) {
-    Window window;
-    window.show();
-    window.drag({500, 400}, {300, 200}); // to the upper left
-    const Limits limits = window.skewT->limits();
-    EXPECT_NEAR(limits.pTop, 1050.0 * std::pow(100.0 / 1050.0, (1.0 - 200.0 / 600.0 - 0.07) / 0.83), 1e-6);
-    EXPECT_NEAR(limits.pBottom, 1050.0 * std::pow(100.0 / 1050.0, (1.0 - 400.0 / 600.0 - 0.07) / 0.83), 1e-6);
-    window.adapter.unzoom();
-    window.drag({400, 300}, {5000, 5000});
-    EXPECT_NEAR(window.skewT->limits().pBottom, 1050.0, 1e-6);
-    EXPECT_NEAR(window.skewT->limits().tmax, 40.0, 1e-6);
-    window.adapter.unzoom();
     QTest::mousePress(&window.adapter, Qt::RightButton, Qt::NoModifier, {100, 100});
     QTest::mouseRelease(&window.adapter, Qt::RightButton, Qt::NoModifier, {400, 400});
+    EXPECT_EQ(window.adapter.plots, 0);
     EXPECT_DOUBLE_EQ(window.skewT->limits().pTop, 100.0);
+    const QPoint corners[] = {{300, 300}, {321, 321}};
+    for (const int first : {0, 1}) {
+        window.drag(corners[first], corners[1 - first]);
+        // y 1 - 300 / 600 of the page is 0.43 / 0.83 of the plot, 1 - 321 / 600 is 0.395 / 0.83.
+        EXPECT_NEAR(window.skewT->limits().pTop, 1050.0 * std::pow(100.0 / 1050.0, 0.43 / 0.83), 1e-6);
+        EXPECT_NEAR(window.skewT->limits().pBottom, 1050.0 * std::pow(100.0 / 1050.0, 0.395 / 0.83), 1e-6);
+        window.adapter.unzoom();
+        EXPECT_EQ(window.adapter.plots, 2 * first + 2);
+        EXPECT_DOUBLE_EQ(window.skewT->limits().pTop, 100.0);
+    }
 }
 
 TEST(SkewTAdapterQt, rubberBandStaysInTheWidget) {
@@ -127,7 +113,7 @@ TEST(SkewTAdapterQt, extentsAreTheWholePageWithoutABox) {
 TEST(SkewTAdapterQt, manyNewSizesAreDrawnOnce) {
     Window window(800, 600, 1000);
     window.show();
-    for (int width = 810; width <= 900; width += 10) {
+    for (const int width : {810, 850, 900}) {
         window.adapter.resize(width, 700);
         QTest::qWait(5);
     }
@@ -138,13 +124,6 @@ TEST(SkewTAdapterQt, manyNewSizesAreDrawnOnce) {
     window.adapter.setSkewT(nullptr);
     window.adapter.resizeTimeout();
     EXPECT_EQ(window.adapter.plots, 1);
-}
-
-TEST(SkewTAdapterQt, isAsLargeAsItsParent) {
-    QWidget parent;
-    parent.resize(640, 480);
-    EXPECT_EQ(SkewTAdapterQt(&parent, -1, -1, 5, 500).size(), QSize(640, 480));
-    EXPECT_EQ(SkewTAdapterQt(&parent, 300, -1, 5, 500).size(), QSize(300, 480));
 }
 
 TEST(SkewTAdapterQt, savedPictureHasTheSizeAskedFor) {
@@ -193,17 +172,6 @@ TEST(SkewTAdapterQt, newSamplesAreAddedAtOnce) {
     window.adapter.markPoints(false);
     EXPECT_LT(differences(window.picture(), grown, 0), 200) << "all stays, but for what lies over what";
     EXPECT_GT(differences(window.picture(), before, 0), 1200);
-}
-
-TEST(SkewTAdapterQt, pageForThePrinter) {
-    Window window;
-    const TemporaryFolder folder;
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(QString::fromStdString((folder / "plot.pdf").string()));
-    window.adapter.drawElements(&printer);
-    EXPECT_EQ(readFile(folder / "plot.pdf").substr(0, 5), "%PDF-");
-    EXPECT_GT(readFile(folder / "plot.pdf").size(), 5000U);
 }
 
 /// The diagram without its letters, which differ from machine to machine, as it was when people had looked at it and

@@ -60,10 +60,9 @@ TEST(SQLite, failuresNameTheFile) {
     const std::string nowhere = (folder / "no/such.sqlite").string();
     EXPECT_THAT(thrownBy([&] { SQLiteDB(nowhere, false, kCreate); }),
                 HasSubstr("SQLiteDB: cannot open " + nowhere + ": "));
-    writeFile(folder / "text.sqlite", "This is no database, however long it may be.");
     const std::string text = (folder / "text.sqlite").string();
+    writeFile(text, "This is no database, however long it may be.");
     SQLiteDB db(text, false, SQLITE_OPEN_READWRITE);
-    EXPECT_THAT(thrownBy([&] { db.table_names(); }), AllOf(HasSubstr(text), HasSubstr("not a database")));
     EXPECT_THAT(thrownBy([&] { db.exec("nonsense"); }), AllOf(HasSubstr(text), HasSubstr("nonsense")));
 }
 
@@ -91,14 +90,6 @@ TEST(SQLite, transactionsAreWholeOrNothing) {
         kept.commit();
     }
     EXPECT_EQ(count(), 1);
-}
-
-TEST(SQLite, aLockedFileSaysSo) {
-    Made db;
-    SQLiteDB other(db.dbPath(), false, SQLITE_OPEN_READWRITE);
-    sqlite3_busy_timeout(other.handle(), 20);
-    SQLiteDB::Transaction held(db);
-    EXPECT_THAT(thrownBy([&] { other.exec("delete from t"); }), HasSubstr("locked"));
 }
 
 TEST(SQLite, versionOfASchema) {

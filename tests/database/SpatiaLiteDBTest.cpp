@@ -67,12 +67,9 @@ TEST(SpatiaLite, readsShapesByTheirBox) {
     db.queryGeometry("town", "geometry", 20, 20, 30, 30, "name");
     EXPECT_THAT(db.points(), IsEmpty());
     EXPECT_THROW(db.queryGeometry("no such", "geometry", 0, 0, 1, 1), std::string);
-}
 
-TEST(SpatiaLite, filesWithoutGeometry) {
-    const TemporaryFolder folder;
-    const std::string path = (folder / "plain.sqlite").string();
-    SQLiteDB(path, false, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE).exec("create table t (n integer)");
-    EXPECT_THAT(SpatiaLiteDB(path).geometryTables(), IsEmpty());
+    const std::string plain = (folder / "plain.sqlite").string();
+    SQLiteDB(plain, false, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE).exec("create table t (n integer)");
+    EXPECT_THAT(SpatiaLiteDB(plain).geometryTables(), IsEmpty());
     EXPECT_THROW(SpatiaLiteDB((folder / "none.sqlite").string()), std::string);
 }

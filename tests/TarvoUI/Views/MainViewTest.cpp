@@ -5,6 +5,7 @@
 #include <QScrollArea>
 #include <QSignalSpy>
 #include <QtTest/QtTest>
+#include <cstring>
 #include <gmock/gmock.h>
 
 namespace {
@@ -122,45 +123,34 @@ TEST(MainView, AnOverrideIsAnItemWhileItsEditHoldsText) {
 }
 
 TEST(MainView, DeletingTheLastCharacterRemovesTheOverrideAndWhatIsNoNumberIsZero) {
-    for (const char* text : {"7", "a", "-"}) {
-        MainTab tab;
+    MainTab tab;
+    for (const auto& [text, number] : {std::pair("7", 7.0), {"a", 0.0}, {"-", 0.0}, {"nan", 0.0}, {"1013,2", 0.0}}) {
         tab.type("_overridePres", text);
-        EXPECT_EQ(tab.number("LaunchPresOverride"), std::atof(text)) << text;
-        QTest::keyClick(tab.find<QLineEdit>("_overridePres"), Qt::Key_Backspace);
+        EXPECT_EQ(tab.number("LaunchPresOverride"), number) << text;
+        for (std::size_t i = 0; i < std::strlen(text); ++i) {
+            ASSERT_TRUE(tab.config.exists("LaunchPresOverride")) << text;
+            QTest::keyClick(tab.find<QLineEdit>("_overridePres"), Qt::Key_Backspace);
+        }
         EXPECT_FALSE(tab.config.exists("LaunchPresOverride")) << text;
     }
-    MainTab tab;
-    for (const char* text : {"nan", "inf", "1013,2"}) {
-        tab.find<QLineEdit>("_overridePres")->clear();
-        tab.type("_overridePres", text);
-        EXPECT_EQ(tab.number("LaunchPresOverride"), 0.0) << text;
-    }
 }
 
-TEST(MainView, TheFirstCharacterTakesTheCheckAway) {
-    const std::pair<const char*, const char*> rows[] = {{"Pres", ""},      {"Tdry", "Rh "},   {"Rh", ""},
-                                                        {"Wspd", "Wdir "}, {"Wdir", "Wspd "}, {"Lat", "Lon "},
-                                                        {"Lon", "Lat "},   {"Alt", ""}};
-    for (const auto& [name, left] : rows) {
-        MainTab tab;
-        tab.click(std::string("_ignore") + name);
-        tab.type(std::string("_override") + name, "1");
-        EXPECT_EQ(ignored(tab), left) << name;
-        EXPECT_EQ(overridden(tab), std::string(name) + " ");
-    }
-}
-
-TEST(MainView, IgnoredTogether) {
+TEST(MainView, IgnoredTogetherAndNoLongerWithAnOverride) {
     struct Case {
         const char* box;
         const char* ignored; ///< after the box was checked, then what remains once it is unchecked: nothing
         const char* keptOverrides;
+        const char* left; ///< after the first character of an override
     };
     const Case cases[] = {
-        {"Pres", "Pres ", "Tdry Rh Wspd Wdir Lat Lon Alt "}, {"Tdry", "Tdry Rh ", "Pres Wspd Wdir Lat Lon Alt "},
-        {"Rh", "Rh ", "Pres Tdry Wspd Wdir Lat Lon Alt "},   {"Wspd", "Wspd Wdir ", "Pres Tdry Rh Lat Lon Alt "},
-        {"Wdir", "Wspd Wdir ", "Pres Tdry Rh Lat Lon Alt "}, {"Lat", "Lat Lon ", "Pres Tdry Rh Wspd Wdir Alt "},
-        {"Lon", "Lat Lon ", "Pres Tdry Rh Wspd Wdir Alt "},  {"Alt", "Alt ", "Pres Tdry Rh Wspd Wdir Lat Lon "},
+        {"Pres", "Pres ", "Tdry Rh Wspd Wdir Lat Lon Alt ", ""},
+        {"Tdry", "Tdry Rh ", "Pres Wspd Wdir Lat Lon Alt ", "Rh "},
+        {"Rh", "Rh ", "Pres Tdry Wspd Wdir Lat Lon Alt ", ""},
+        {"Wspd", "Wspd Wdir ", "Pres Tdry Rh Lat Lon Alt ", "Wdir "},
+        {"Wdir", "Wspd Wdir ", "Pres Tdry Rh Lat Lon Alt ", "Wspd "},
+        {"Lat", "Lat Lon ", "Pres Tdry Rh Wspd Wdir Alt ", "Lon "},
+        {"Lon", "Lat Lon ", "Pres Tdry Rh Wspd Wdir Alt ", "Lat "},
+        {"Alt", "Alt ", "Pres Tdry Rh Wspd Wdir Lat Lon ", ""},
     };
     for (const Case& c : cases) {
         MainTab tab;
@@ -168,14 +158,19 @@ TEST(MainView, IgnoredTogether) {
             tab.type(std::string("_override") + name, "1");
         }
         tab.requests->clear();
-        tab.click(std::string("_ignore") + c.box);
+        const std::string box = std::string("_ignore") + c.box;
+        tab.click(box);
         EXPECT_EQ(ignored(tab), c.ignored) << c.box;
         EXPECT_EQ(overridden(tab), c.keptOverrides) << c.box;
-        tab.click(std::string("_ignore") + c.box);
+        tab.click(box);
         EXPECT_EQ(ignored(tab), "") << c.box;
         EXPECT_EQ(overridden(tab), c.keptOverrides) << c.box;
         ASSERT_EQ(tab.requests->count(), 2);
         EXPECT_TRUE(tab.requests->at(0).front().toBool());
+        tab.click(box);
+        tab.type(std::string("_override") + c.box, "1");
+        EXPECT_EQ(ignored(tab), c.left) << c.box;
+        EXPECT_EQ(tab.shown(std::string("_override") + c.box), "1");
     }
 }
 
@@ -202,21 +197,15 @@ TEST(MainView, HeightFlagsAreItems) {
     }
 }
 
-TEST(MainView, TypedOverridesStayAfterARun) {
-    MainTab tab;
-    tab.type("_overridePres", "479.55");
-    tab.doc.process();
-    tab.view->update();
-    EXPECT_EQ(tab.shown("_overridePres"), "479.55");
-    EXPECT_EQ(tab.shown("_pres"), "480.0");
-    EXPECT_EQ(tab.editor().getSndMetaData(true).launchPres.value(), 479.55);
-}
-
 TEST(MainView, ShowsAnEndOfDropThatAnotherTabSet) {
     MainTab tab;
+    tab.type("_overridePres", "479.55");
     tab.config.add("LastDataTimeOverride", 500.5, false, false, true);
+    tab.doc.process();
     tab.view->update();
     EXPECT_EQ(tab.shown("_overrideEndTime"), "500.50");
+    EXPECT_EQ(tab.shown("_overridePres"), "479.55") << "as it was typed";
+    EXPECT_EQ(tab.shown("_pres"), "480.0");
     tab.click("_ignoreAlt"); // which writes all items
     EXPECT_EQ(tab.number("LastDataTimeOverride"), 500.5);
 }

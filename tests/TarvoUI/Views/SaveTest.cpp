@@ -12,14 +12,17 @@
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::StartsWith;
-using testing::UnorderedElementsAre;
 
 namespace {
+
+const char* const kRawDialog = "Tarvo - Save Raw";
+const char* const kQcDialog = "Tarvo - Save QC";
+const char* const kCsv = "Comma Separated (*.csv)";
 
 template <typename View>
 class SaveTab : public OpenSounding {
 public:
-    SaveTab() : OpenSounding(example(kFaulty)) {
+    explicit SaveTab(const std::string& sounding = example(kFaulty)) : OpenSounding(sounding) {
         QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
         doc.process();
         view = std::make_unique<View>(&doc, &printer, nullptr);
@@ -40,43 +43,35 @@ public:
     SaveOffer offered;
 };
 
-/// What the files of a folder hold.
-std::vector<std::string> contentsOf(const TemporaryFolder& folder) {
-    std::vector<std::string> contents;
-    for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
-        if (entry.is_regular_file()) {
-            contents.push_back(readFile(entry.path()));
-        }
-    }
-    return contents;
-}
+/// A filter of a dialog, the file that becomes of "data", and its beginning.
+using Format = std::tuple<const char*, const char*, const char*>;
 
+/// The files of a tab that saves in these formats.
 template <typename View>
-void expectSaved(const char* dialog, const char* filter, const char* start) {
+void expectSaved(const char* dialog, const std::vector<Format>& formats) {
     SaveTab<View> tab;
-    tab.saveAs(dialog, filter, "data");
-    EXPECT_THAT(contentsOf(tab.folder), ElementsAre(StartsWith(start))) << filter;
+    for (const auto& [filter, file, start] : formats) {
+        tab.saveAs(dialog, filter, "data");
+        EXPECT_THAT(readFile(tab.folder / file), StartsWith(start)) << filter;
+    }
+    tab.saveAs(dialog, kCsv, "OTHER.CSV");
+    EXPECT_THAT(readFile(tab.folder / "OTHER.CSV"), StartsWith("FileFormat,CSV"));
+    EXPECT_EQ(tab.folder.size(), static_cast<int>(formats.size()) + 1) << "and nothing beside them";
     EXPECT_THAT(tab.answers.texts(), IsEmpty());
 }
 
-const char* const kRawDialog = "Tarvo - Save Raw";
-const char* const kQcDialog = "Tarvo - Save QC";
-const char* const kCsv = "Comma Separated (*.csv)";
-
 } // namespace
 
-TEST(Save, RawOffersItsFormatsAndName) {
-    SaveTab<RawView> tab;
-    tab.config.set("RawSaveDir", tab.folder.path().string());
-    tab.saveAs(kRawDialog, kCsv, "");
-    EXPECT_EQ(tab.offered.filters, "TROVE (*.trv)|netCDF (*.nc)|Comma Separated (*.csv)|KIVU ZOR (*.zor)");
-    EXPECT_EQ(tab.offered.selected, "netCDF (*.nc)");
-    EXPECT_EQ(tab.offered.name, "D20210914_043120RAW");
-    EXPECT_EQ(tab.offered.folder, tab.folder.path().string());
-    EXPECT_EQ(tab.folder.size(), 0);
-}
-
-TEST(Save, QcOffersItsFormatsAndName) {
+TEST(Save, OffersTheFormatsAndANameInTheFolderOfTheTab) {
+    {
+        SaveTab<RawView> tab;
+        tab.config.set("RawSaveDir", tab.folder.path().string());
+        tab.saveAs(kRawDialog, kCsv, "");
+        EXPECT_EQ(tab.offered.filters, "TROVE (*.trv)|netCDF (*.nc)|Comma Separated (*.csv)|KIVU ZOR (*.zor)");
+        EXPECT_EQ(tab.offered.selected, "netCDF (*.nc)");
+        EXPECT_EQ(tab.offered.name, "D20210914_043120RAW");
+        EXPECT_EQ(tab.offered.folder, tab.folder.path().string());
+    }
     SaveTab<QCView> tab;
     tab.config.set("QCSaveDir", "/no/such/folder");
     tab.saveAs(kQcDialog, kCsv, "");
@@ -92,72 +87,53 @@ TEST(Save, QcOffersItsFormatsAndName) {
     EXPECT_EQ(tab.text("QCSaveDir"), "/no/such/folder"); // nothing was saved
 }
 
-TEST(Save, TheExtensionOfTheFilterIsAdded) {
-    for (const char* name : {"data.csv", "data", "DATA.CSV"}) {
-        SaveTab<QCView> tab;
-        tab.saveAs(kQcDialog, kCsv, name);
-        const std::string expected = name == std::string("data") ? "data.csv" : name;
-        EXPECT_THAT(readFile(tab.folder / expected), testing::HasSubstr("FileFormat,CSV")) << name;
-        EXPECT_EQ(tab.folder.size(), 1);
-        EXPECT_THAT(tab.answers.texts(), IsEmpty());
-        EXPECT_EQ(tab.text("QCSaveDir"), tab.folder.path().string());
-    }
+TEST(Save, EveryFormatOfTheTabsByItsExtension) {
+    std::vector<Format> formats{{"TROVE (*.trv)", "data.trv", "Data Type:"},
+                                {"netCDF (*.nc)", "data.nc", "CDF\1"},
+                                {kCsv, "data.csv", "FileFormat,CSV"},
+                                {"KIVU ZOR (*.zor)", "data.zor", "Data Type/Direction:"}};
+    expectSaved<RawView>(kRawDialog, formats);
+    formats.emplace_back("NOAA FRD (*.frd)", "data.frd", " ===");
+    expectSaved<QCView>(kQcDialog, formats);
 }
 
-TEST(Save, EveryFormatOfTheTabs) {
-    for (const auto& [filter, start] : {std::pair("TROVE (*.trv)", "Data Type:"),
-                                        {"netCDF (*.nc)", "CDF\1"},
-                                        {kCsv, "FileFormat,CSV"},
-                                        {"KIVU ZOR (*.zor)", "Data Type/Direction:"}}) {
-        expectSaved<RawView>(kRawDialog, filter, start);
-        expectSaved<QCView>(kQcDialog, filter, start);
-    }
-    expectSaved<QCView>(kQcDialog, "NOAA FRD (*.frd)", " ===");
-}
-
-TEST(Save, AFileIsOnlyReplacedByConsent) {
+TEST(Save, AFileIsOnlyReplacedByConsentAndAFailureIsTold) {
+    SaveTab<RawView> tab;
+    writeFile(tab.folder / "data.csv", "precious");
     for (const auto& [answer, replaced] : {std::pair(QMessageBox::No, false), std::pair(QMessageBox::Yes, true)}) {
-        SaveTab<RawView> tab;
-        writeFile(tab.folder / "data.csv", "precious");
         tab.answers.press(kRawDialog, answer);
         tab.saveAs(kRawDialog, kCsv, "data");
         EXPECT_EQ(readFile(tab.folder / "data.csv") == "precious", !replaced);
         ASSERT_EQ(tab.answers.boxes().size(), 1U);
-        EXPECT_EQ(tab.answers.boxes().front().icon, QMessageBox::Question);
+        EXPECT_EQ(tab.answers.boxes()[0].icon, QMessageBox::Question);
+        tab.answers.forget();
     }
-}
-
-TEST(Save, WhatCantBeWrittenIsTold) {
-    SaveTab<RawView> tab;
-    QDir().mkpath(tab.path("folder.csv/inside"));
-    tab.saveAs(kRawDialog, kCsv, "no/such/place.csv");
-    tab.saveAs(kRawDialog, "netCDF (*.nc)", "no/such/place.nc");
-    EXPECT_THAT(tab.answers.texts(), ElementsAre("Tarvo can't save the file.", "Tarvo can't save the file."));
-    EXPECT_EQ(tab.answers.boxes().back().title, "File Save Error");
-    EXPECT_EQ(tab.answers.boxes().back().icon, QMessageBox::Critical);
-    EXPECT_EQ(tab.folder.size(), 1); // no trace of what failed
+    EXPECT_EQ(tab.text("RawSaveDir"), tab.folder.path().string());
+    tab.saveAs(kRawDialog, kCsv, "no/such/place");
+    tab.saveAs(kRawDialog, "netCDF (*.nc)", "no/such/place");
+    const char* const failed = "File Save Error: Tarvo can't save the file.";
+    ASSERT_THAT(tab.answers.told(), ElementsAre(failed, failed));
+    EXPECT_EQ(tab.answers.boxes()[1].icon, QMessageBox::Critical);
+    EXPECT_EQ(tab.folder.size(), 1) << "no trace of what failed";
 }
 
 TEST(AutoSave, WritesEachFormatThatIsOnAndTellsOfEachFailure) {
     SaveTab<QCView> tab;
     tab.config.set("QCAutoSaveDir", tab.folder.path().string());
-    for (const char* format : {"Zor", "Frd", "Trv", "Nc", "Csv", "Bufr"}) {
-        tab.config.set(std::string("QCAutoSaveFmt") + format, 0.0);
+    QDir().mkpath(tab.path("D20210914_043120QC.zor/inside")); // where the file should stand
+    for (const double on : {0.0, 1.0}) {
+        for (const char* format : {"Zor", "Frd", "Trv", "Nc", "Csv"}) {
+            tab.config.set(std::string("QCAutoSaveFmt") + format, on);
+        }
+        tab.view->autoSave();
+        EXPECT_EQ(tab.folder.size(), on == 0.0 ? 1 : 5);
     }
-    tab.view->autoSave();
-    EXPECT_EQ(tab.folder.size(), 0);
-    EXPECT_THAT(tab.answers.texts(), IsEmpty());
-
-    // A folder stands where the file should.
-    QDir().mkpath(tab.path("D20210914_043120QC.zor/inside"));
-    for (const char* format : {"Zor", "Frd", "Trv", "Nc", "Csv"}) {
-        tab.config.set(std::string("QCAutoSaveFmt") + format, 1.0);
-    }
-    tab.view->autoSave();
-    EXPECT_THAT(tab.answers.told(), ElementsAre("File Save Error: Tarvo can't save the file to format .zor"));
+    ASSERT_THAT(tab.answers.told(), ElementsAre("File Save Error: Tarvo can't save the file to format .zor"));
     EXPECT_EQ(tab.answers.boxes().front().icon, QMessageBox::Warning);
-    EXPECT_THAT(contentsOf(tab.folder), UnorderedElementsAre(StartsWith(" ==="), StartsWith("Data Type:"),
-                                                             StartsWith("CDF\1"), StartsWith("FileFormat,CSV")));
+    for (const auto& [extension, start] :
+         {std::pair("frd", " ==="), {"trv", "Data Type:"}, {"nc", "CDF\1"}, {"csv", "FileFormat,CSV"}}) {
+        EXPECT_THAT(readFile(tab.folder / (std::string("D20210914_043120QC.") + extension)), StartsWith(start));
+    }
 }
 
 TEST(AutoSave, BufrTakesItsTablesFromTheFolderOfTheConfiguration) {
@@ -170,7 +146,7 @@ TEST(AutoSave, BufrTakesItsTablesFromTheFolderOfTheConfiguration) {
     EXPECT_EQ(tab.folder.size(), 0) << "no trace of what failed";
     TarvoSettings().setValue(TarvoSettings::kXmlDir, TARVO_SOURCE_DIR "/resources/bufr/");
     tab.view->autoSave();
-    EXPECT_THAT(readFile(tab.folder / "D20210914_043120QC.bfr"), testing::StartsWith("IUDA01 KWBC"));
+    EXPECT_THAT(readFile(tab.folder / "D20210914_043120QC.bfr"), StartsWith("IUDA01 KWBC"));
     EXPECT_EQ(tab.answers.texts().size(), 1U);
 }
 
@@ -181,36 +157,21 @@ TEST(AutoSave, AFolderThatIsGoneIsReplacedByTheHomeOnce) {
     tab.view->autoSave();
     tab.view->autoSave();
     const std::string home = QDir::homePath().toStdString() + "/";
-    std::vector<std::string> told;
-    for (const ModalAnswers::Box& box : tab.answers.boxes()) {
-        if (box.title == "Invalid Autosave Directory") {
-            told.push_back(box.text);
-            EXPECT_EQ(box.icon, QMessageBox::Information);
-        }
-    }
-    EXPECT_THAT(told,
-                ElementsAre("QC Autosave - QCAutoSaveDir \"/no/such/folder/\" no longer exists. Tarvo will use the "
-                            "home directory \"" +
+    ASSERT_THAT(tab.answers.told(),
+                ElementsAre("Invalid Autosave Directory: QC Autosave - QCAutoSaveDir \"/no/such/folder/\" no longer "
+                            "exists. Tarvo will use the home directory \"" +
                             home + "\"."));
+    EXPECT_EQ(tab.answers.boxes()[0].icon, QMessageBox::Information);
     EXPECT_EQ(tab.text("QCAutoSaveDir"), home);
-    EXPECT_TRUE(QFile::exists(QString::fromStdString(home) + "D20210914_043120QC.csv"));
+    EXPECT_TRUE(std::filesystem::exists(home + "D20210914_043120QC.csv"));
 }
 
-TEST(AutoSave, NamesWithBlanksAreKeptApart) {
+TEST(AutoSave, NamesKeepTheirBlanks) {
     const TemporaryFolder folder;
-    ModalAnswers answers;
-    for (const char* name : {"Flight 1.csv", "Flight 2.csv"}) {
-        writeFile(folder / name, readFile(OpenSounding::example("summer_up_20220705.csv")));
-        OpenSounding sounding((folder / name).string());
-        sounding.config.set("QCAutoSaveDir", folder.path().string());
-        sounding.config.set("QCAutoSaveFmtCsv", 1.0);
-        sounding.doc.process();
-        QCView view(&sounding.doc, &sounding.printer, nullptr);
-        view.update();
-        view.autoSave();
-    }
+    std::filesystem::copy(OpenSounding::example("summer_up_20220705.csv"), folder / "Flight 1.csv");
+    SaveTab<QCView> tab((folder / "Flight 1.csv").string());
+    tab.config.set("QCAutoSaveDir", folder.path().string());
+    tab.config.set("QCAutoSaveFmtCsv", 1.0);
+    tab.view->autoSave();
     EXPECT_TRUE(std::filesystem::exists(folder / "Flight 1QC.csv"));
-    EXPECT_TRUE(std::filesystem::exists(folder / "Flight 2QC.csv"));
-    EXPECT_EQ(folder.size(), 4);
-    EXPECT_THAT(answers.texts(), IsEmpty());
 }

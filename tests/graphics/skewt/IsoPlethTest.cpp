@@ -17,9 +17,9 @@ template <typename Set>
 struct Drawn {
     explicit Drawn(const Limits& limits) : set(adapter, {0.0, 1.0, 0.0, 1.0}, limits, SkewT::kSkew) { set.draw(); }
 
-    /// How far the drawn lines are from the place of a temperature (deg C) and pressure (mb), in data space.
-    double distance(double t, double p) const {
-        const Point at = set.toData(t, p);
+    /// How far the drawn lines are from a place of the data space, or that of a temperature (deg C) and pressure (mb).
+    double distance(double t, double p) const { return distance(set.toData(t, p)); }
+    double distance(const Point& at) const {
         double nearest = 1e9;
         for (const auto& drawn : adapter.lines) {
             const Point a = drawn.line.p1;
@@ -43,22 +43,42 @@ struct Drawn {
     Set set;
 };
 
+using Place = std::pair<double, double>; // deg C and mb
+
+/// All lines of a set have one look, some run through the places told, or near them, none through that between, and one
+/// ends at a label.
+template <typename Set>
+void expectLines(const std::vector<Place>& on, double within, const Place& between, unsigned colour, LineType type,
+                 const char* text, double labelY) {
+    const Drawn<Set> drawn(kLimits);
+    for (const auto& [t, p] : on) {
+        EXPECT_LT(drawn.distance(t, p), within) << t << " " << p;
+    }
+    EXPECT_GT(drawn.distance(between.first, between.second), 0.01);
+    for (const auto& line : drawn.adapter.lines) {
+        EXPECT_TRUE(line.colour == colour && line.type == type);
+    }
+    const auto* label = drawn.label(text);
+    ASSERT_NE(label, nullptr) << text;
+    EXPECT_NEAR(label->at.y, labelY, 1e-9) << text;
+    EXPECT_LT(drawn.distance(label->at), 1e-9) << text;
+}
+
 } // namespace
 
-TEST(IsoTherms, everyTenDegreesLabelledInTheMiddle) {
-    const Drawn<IsoTherms> drawn(kLimits);
-    EXPECT_THAT(drawn.adapter.textsOf(kBlue),
-                ElementsAre("|r-110", "|r-100", "|r-90", "|r-80", "|r-70", "|r-60", "|r-50", "|r-40", "|r-30", "|r-20",
-                            "|r-10", "|r0", "|r10", "|r20", "|r30"));
-    EXPECT_EQ(drawn.adapter.lines.size(), 15U);
-    // The line of -40 goes through the lower left corner and reaches the top.
-    EXPECT_NEAR(drawn.label("|r-40")->at.x, 4.0 / 9.0, 1e-9);
-    EXPECT_NEAR(drawn.label("|r-40")->at.y, 0.5, 1e-9);
-    // That of 0 leaves through the right side, at x 1 = 0.5 + y / 1.125.
-    EXPECT_NEAR(drawn.label("|r0")->at.x, 0.75, 1e-9);
-    EXPECT_NEAR(drawn.label("|r0")->at.y, 0.28125, 1e-9);
-    EXPECT_LT(drawn.distance(-60.0, 300.0), 1e-9);
-    EXPECT_GT(drawn.distance(-55.0, 300.0), 0.03);
+TEST(IsoPleths, runThroughTheirPlaces) {
+    expectLines<IsoTherms>({{-60.0, 300.0}, {30.0, 1000.0}}, 1e-9, {-55.0, 300.0}, kBlue, LineType::Solid, "|r-40",
+                           0.5);
+    // 303.15 * 0.5^0.288 = 248.29 K, 283.15 * 0.85^0.288 = 270.21 K, 373.15 * 0.2^0.288 = 234.73 K, at 100 mb 192.25 K
+    expectLines<Adiabats>({{-24.86, 500.0}, {-2.94, 850.0}, {-38.42, 200.0}, {-80.90, 100.0}, {20.0, 1000.0}}, 1e-3,
+                          {25.0, 1000.0}, kBlack, LineType::Solid, "|c100", 1.0);
+    // Named by their values at 1000 mb, and up to 200 mb.
+    expectLines<PAdiabats>({{-20.0, 1000.0}, {-5.0, 1000.0}, {20.0, 1000.0}, {35.0, 1000.0}}, 2e-3, {17.5, 1000.0},
+                           kGreen, LineType::Solid, "|c 20", std::log(200.0 / 1050.0) / std::log(100.0 / 1050.0));
+    // 8 g/kg: e = 1000 * 8 / 630 = 12.70 mb, dew point 10.51 deg C by Bolton's equation 11; at 500 mb 6.35 mb, 0.53.
+    expectLines<IsoMR>({{10.51, 1000.0}, {0.53, 500.0}}, 1.5e-3, {7.0, 1000.0}, kGrey, LineType::Dashed, "|r8", 0.0);
+    EXPECT_NE(Drawn<IsoMR>(kLimits).label("|r0.4"), nullptr);
+    EXPECT_EQ(Drawn<Adiabats>(kLimits).label("|c300"), nullptr) << "outside of the plot";
 }
 
 TEST(IsoTherms, labelsStayInAZoomedPlot) {
@@ -105,42 +125,6 @@ TEST(IsoPress, fromSideToSide) {
     EXPECT_NE(drawn.label("|r1000"), nullptr);
 }
 
-TEST(Adiabats, airOfOnePotentialTemperature) {
-    const Drawn<Adiabats> drawn(kLimits);
-    // 303.15 * 0.5^0.288 = 248.29 K, 283.15 * 0.85^0.288 = 270.21 K, 373.15 * 0.2^0.288 = 234.73 K
-    EXPECT_LT(drawn.distance(248.29 - 273.15, 500.0), 1e-3);
-    EXPECT_LT(drawn.distance(270.21 - 273.15, 850.0), 1e-3);
-    EXPECT_LT(drawn.distance(234.73 - 273.15, 200.0), 1e-3);
-    EXPECT_LT(drawn.distance(20.0, 1000.0), 1e-3);
-    EXPECT_GT(drawn.distance(25.0, 1000.0), 0.02);
-    for (const auto& line : drawn.adapter.lines) {
-        EXPECT_EQ(line.colour, kBlack);
-        EXPECT_EQ(line.type, LineType::Solid);
-    }
-    // The one of 100 deg C leaves through the top, at 373.15 * 0.1^0.288 = 192.25 K.
-    const auto* label = drawn.label("|c100");
-    ASSERT_NE(label, nullptr);
-    EXPECT_NEAR(label->at.y, 1.0, 1e-9);
-    EXPECT_NEAR(label->at.x, (192.25 - 273.15 + 40.0) / 80.0 + 8.0 / 9.0, 1e-4);
-    EXPECT_EQ(drawn.label("|c300"), nullptr) << "outside of the plot";
-}
-
-TEST(PAdiabats, saturatedAirUpTo200Mb) {
-    const Drawn<PAdiabats> drawn(kLimits);
-    for (double t = -20.0; t <= 35.0; t += 5.0) {
-        EXPECT_LT(drawn.distance(t, 1000.0), 2e-3) << "named by its value at 1000 mb: " << t;
-    }
-    EXPECT_GT(drawn.distance(17.5, 1000.0), 0.02);
-    const double top = std::log(200.0 / 1050.0) / std::log(100.0 / 1050.0);
-    const auto* label = drawn.label("|c 20");
-    ASSERT_NE(label, nullptr);
-    EXPECT_NEAR(label->at.y, top, 1e-9);
-    for (const auto& line : drawn.adapter.lines) {
-        EXPECT_EQ(line.colour, kGreen);
-        EXPECT_LE(line.line.p2.y, top + 1e-9);
-    }
-}
-
 TEST(PAdiabats, whatThereIsOfThemInOtherPlots) {
     EXPECT_TRUE(Drawn<PAdiabats>({-80.0, -40.0, 50.0, 199.0}).adapter.lines.empty());
     EXPECT_TRUE(Drawn<IsoMR>({-80.0, -40.0, 50.0, 199.0}).adapter.lines.empty());
@@ -151,20 +135,4 @@ TEST(PAdiabats, whatThereIsOfThemInOtherPlots) {
         return std::abs(drawn.line.p2.y - drawn.line.p1.y - 1.0 / 15.0) < 1e-9;
     });
     EXPECT_GT(whole, 100) << "15 steps within the plot";
-}
-
-TEST(IsoMR, linesOfOneMixingRatio) {
-    const Drawn<IsoMR> drawn(kLimits);
-    // 8 g/kg: e = 1000 * 8 / 630 = 12.70 mb, dew point 10.51 deg C by Bolton's equation 11; at 500 mb 6.35 mb, 0.53.
-    EXPECT_LT(drawn.distance(10.51, 1000.0), 1.5e-3);
-    EXPECT_LT(drawn.distance(0.53, 500.0), 1.5e-3);
-    EXPECT_GT(drawn.distance(7.0, 1000.0), 0.01);
-    const auto* label = drawn.label("|r8");
-    ASSERT_NE(label, nullptr);
-    EXPECT_NEAR(label->at.y, 0.0, 1e-12);
-    EXPECT_NE(drawn.label("|r0.4"), nullptr);
-    for (const auto& line : drawn.adapter.lines) {
-        EXPECT_EQ(line.colour, kGrey);
-        EXPECT_EQ(line.type, LineType::Dashed);
-    }
 }

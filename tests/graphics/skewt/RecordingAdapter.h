@@ -3,7 +3,6 @@
 #include "Geometry.h"
 #include "SkewTAdapter.h"
 
-#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -75,12 +74,6 @@ public:
     void print() override { ++prints; }
     bool savePlot(std::string /*file*/, int /*w*/, int /*h*/, skewt::PlotFileType /*type*/) override { return false; }
 
-    std::vector<DrawnLine> linesOf(unsigned colour) const {
-        std::vector<DrawnLine> found;
-        std::copy_if(lines.begin(), lines.end(), std::back_inserter(found),
-                     [colour](const DrawnLine& line) { return line.colour == colour; });
-        return found;
-    }
     std::vector<std::string> textsOf(unsigned colour) const {
         std::vector<std::string> found;
         for (const DrawnText& text : texts) {

@@ -50,53 +50,32 @@ TEST(SkewT, drawsInOrder) {
     EXPECT_EQ(diagram.adapter.inits, 1);
 }
 
-TEST(SkewT, leavesOutWhatIsMissing) {
+TEST(SkewT, zoomsToTheBoxWithinThePlotAndBack) {
     Diagram diagram;
-    diagram.skewT.brandNewPlot();
-    EXPECT_EQ(diagram.adapter.tdry.size(), 3U);    // at 1000, 850 and 400 mb
-    EXPECT_EQ(diagram.adapter.dp.size(), 4U);      // at 1000, 700, 400 and 300 mb
-    EXPECT_EQ(diagram.adapter.symbols.size(), 3U); // at 1000, 850 and 300 mb
-    const double y = std::log(850.0 / 1050.0) / std::log(100.0 / 1050.0);
-    EXPECT_NEAR(diagram.adapter.tdry[1].x, 0.08 + 0.82 * (50.0 / 80.0 + y / 1.125), 1e-12);
-    EXPECT_NEAR(diagram.adapter.tdry[1].y, 0.07 + 0.83 * y, 1e-12);
-}
-
-TEST(SkewT, zoomsToTheBoxAndBack) {
-    Diagram diagram;
-    // The middle half of the plot in both directions.
-    diagram.adapter.box = {0.08 + 0.205, 0.9 - 0.205, 0.07 + 0.2075, 0.9 - 0.2075};
-    diagram.skewT.zoomin();
-    const Limits zoomed = diagram.skewT.limits();
-    EXPECT_NEAR(zoomed.pBottom, 1050.0 * std::pow(100.0 / 1050.0, 0.25), 1e-9);
-    EXPECT_NEAR(zoomed.pTop, 1050.0 * std::pow(100.0 / 1050.0, 0.75), 1e-9);
-    // Along the lower edge of the box: 80 (0.25 - 0.25 / 1.125) - 40 and 80 (0.75 - 0.25 / 1.125) - 40.
-    EXPECT_NEAR(zoomed.tmin, -37.7778, 1e-3);
-    EXPECT_NEAR(zoomed.tmax, 2.2222, 1e-3);
-    EXPECT_EQ(diagram.adapter.finished, 1);
-    // What stood at the lower left corner of the box stands at that of the plot.
-    EXPECT_THAT(diagram.adapter.tdry, testing::SizeIs(1));
-    diagram.skewT.unzoom();
-    EXPECT_DOUBLE_EQ(diagram.skewT.limits().tmin, -40.0);
-    EXPECT_DOUBLE_EQ(diagram.skewT.limits().pTop, 100.0);
-    EXPECT_THAT(diagram.adapter.tdry, testing::SizeIs(3));
-}
-
-TEST(SkewT, zoomsOnlyIntoThePlot) {
-    Diagram diagram;
-    diagram.adapter.box = {0.0, 1.0, 0.0, 1.0};
-    diagram.skewT.zoomin();
-    EXPECT_NEAR(diagram.skewT.limits().tmin, -40.0, 1e-9);
-    EXPECT_NEAR(diagram.skewT.limits().tmax, 40.0, 1e-9);
-    EXPECT_NEAR(diagram.skewT.limits().pTop, 100.0, 1e-9);
-    EXPECT_NEAR(diagram.skewT.limits().pBottom, 1050.0, 1e-9);
-    const int drawn = diagram.adapter.finished;
-    diagram.adapter.box = {0.91, 0.99, 0.2, 0.4}; // beside the plot
-    diagram.skewT.zoomin();
-    EXPECT_NEAR(diagram.skewT.limits().tmin, -40.0, 1e-9);
-    EXPECT_EQ(diagram.adapter.finished, drawn);
-    diagram.adapter.box = {0.4, 0.4001, 0.4, 0.4001};
-    diagram.skewT.zoomin();
-    EXPECT_NEAR(diagram.skewT.limits().pTop, 100.0, 1e-9) << "less than labels can tell apart";
+    const Limits& limits = diagram.skewT.limits();
+    // From beyond a corner to the middle, and from a quarter beyond the other corner: along the lower edge of that box
+    // tmin is 80 (0.25 - 0.25 / 1.125) - 40, and tmax 80 (1 - 0.25 / 1.125) - 40.
+    const std::pair<PageBox, Limits> cases[] = {
+        {{0.0, 0.49, 0.0, 0.485}, {-40.0, 0.0, std::sqrt(1050.0 * 100.0), 1050.0}},
+        {{0.285, 1.0, 0.2775, 1.0}, {-37.7778, 22.2222, 100.0, 1050.0 * std::pow(100.0 / 1050.0, 0.25)}}};
+    for (const auto& [box, zoomed] : cases) {
+        diagram.adapter.box = box;
+        diagram.skewT.zoomin();
+        EXPECT_NEAR(limits.tmin, zoomed.tmin, 1e-3);
+        EXPECT_NEAR(limits.tmax, zoomed.tmax, 1e-3);
+        EXPECT_NEAR(limits.pTop, zoomed.pTop, 1e-9);
+        EXPECT_NEAR(limits.pBottom, zoomed.pBottom, 1e-9);
+        EXPECT_LT(diagram.adapter.tdry.size(), 3U);
+        diagram.skewT.unzoom();
+        EXPECT_EQ(diagram.adapter.tdry.size(), 3U);
+    }
+    for (const PageBox& box : {PageBox{0.91, 0.99, 0.2, 0.4}, PageBox{0.4, 0.4001, 0.4, 0.4001}}) {
+        diagram.adapter.box = box; // beside the plot, and less than labels can tell apart
+        diagram.skewT.zoomin();
+        EXPECT_DOUBLE_EQ(limits.tmin, -40.0);
+        EXPECT_DOUBLE_EQ(limits.pTop, 100.0);
+    }
+    EXPECT_EQ(diagram.adapter.finished, 4);
 }
 
 TEST(SkewT, addsSamplesOneByOne) {
