@@ -128,6 +128,10 @@ TEST(RawView, ShowsTheSamplesWithTheirDecimals) {
         tab.editor().selectRH(channel);
         tab.run();
         EXPECT_EQ(tab.text(tab.rowOf("536.50"), RH), rh);
+        tab.select({{kRow, RH}});
+        tab.choose("Set Keep Attribute");
+        const Series& shown = *tab.editor().getSeries("RawRH" + std::to_string(channel));
+        EXPECT_TRUE(shown.testAttribute(kRow, Value::QcKeep)) << channel;
     }
     RawTab without(OpenSounding::example(kFaulty), 0.0);
     EXPECT_THAT(without.menu(), ElementsAre()) << "nothing to mark without QC";

@@ -141,6 +141,7 @@ TEST_F(XYgraph, RHsShowRawOnlyAndGiveBackTheChoice) {
     open("D20210914_043120.2");
     click("_qc");
     click("_levels");
+    click("_raw");
     click("_RHs");
     EXPECT_THAT(curves(), ElementsAre("RH1", "RH2", "QC-Used RH"));
     EXPECT_FALSE(isEnabled("_raw") || isEnabled("_qc") || isEnabled("_levels"));
@@ -148,6 +149,7 @@ TEST_F(XYgraph, RHsShowRawOnlyAndGiveBackTheChoice) {
     EXPECT_FALSE(isChecked("_qc") || isChecked("_levels"));
     click("_tdryRH");
     EXPECT_TRUE(isChecked("_qc") && isChecked("_levels") && isEnabled("_raw"));
+    EXPECT_FALSE(isChecked("_raw"));
     EXPECT_THAT(curves(), Contains("Levels TdryStd"));
     click("_alt"); // at which levels are never plotted
     EXPECT_FALSE(isEnabled("_levels"));
