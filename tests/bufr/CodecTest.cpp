@@ -125,6 +125,14 @@ TEST(Values, BelowTheRangeAreWarnedOf) {
     EXPECT_THAT(said, HasSubstr("Warning: UNDERFLOW with element 12101 : value = -5.000000e+00, giving 65535"));
 }
 
+TEST(Values, UnsetAndMissingOnesHaveAllBitsSet) {
+    const Coded coded({12101, 1006, 2003, 8002}); // 16 + 64 + 4 + 6 bits, 6 to fill up
+    bufr_descriptor_set_dvalue(coded.at(0), bufr_missing_double());
+    bufr_descriptor_set_ivalue(coded.at(2), kBufrMissingInt);
+    EXPECT_EQ(coded.data(), std::string(11, '\xff') + octets({0xC0}));
+    EXPECT_EQ(said, "");
+}
+
 TEST(Values, StringsArePaddedAndCut) {
     const Coded coded({1006, 1006, 1006, 1006});
     const char* const texts[] = {"AF100", "", "123456789",
