@@ -156,12 +156,6 @@ void expectRows(const std::vector<Row>& rows, const Samples& samples, bool ascen
     }
 }
 
-std::string setOf(const std::string& example) {
-    return example.find("_up_") == std::string::npos ? "editsonde"
-           : example.rfind("polar", 0) == 0          ? "upsonde-10s"
-                                                     : "upsonde-1s";
-}
-
 class BufrDecoding : public testing::Test {
 protected:
     void SetUp() override {
@@ -187,8 +181,7 @@ TEST_F(BufrDecoding, ExamplesComeBack) {
         }
         SCOPED_TRACE(entry.path());
         ++examples;
-        const std::string name = entry.path().filename().string();
-        ExampleRun run(name, setOf(name));
+        ExampleRun run(entry.path().filename().string());
         auto& [registry, config, editor] = run;
         editor.qcProcess();
         editor.doLevels();

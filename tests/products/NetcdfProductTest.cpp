@@ -9,7 +9,6 @@
 #include "PrescribedTime.h"
 #include "TemporaryFolder.h"
 
-#include <cmath>
 #include <gmock/gmock.h>
 #include <netcdfcpp.h>
 

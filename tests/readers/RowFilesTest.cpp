@@ -224,6 +224,7 @@ TEST(FRDFile, TakesHeaderAndRecords) {
     EXPECT_EQ(file->description(), "D20210801_120003.1 AC1, N00XX ");
     EXPECT_EQ(startOf(*file), "2089-12-31 23:59:59");
     EXPECT_EQ(readText(replaced(frdText(), "Date: 891231", "Date: 900101"))->year(), 1990);
+    EXPECT_EQ(readText(replaced(frdText(), "400.3  3.92", "9999.0 3.92"))->sPres()->data(1), 9999.0) << "no limits";
     EXPECT_EQ(file->comments(), "clear sky; no wind");
     EXPECT_THAT(launchOf(*file), ElementsAre(400.0, -10.8, 92.9, 141.0, 39.9, -61.2, -17.9, -999.0, 7248.0));
     ASSERT_EQ(file->dataPoints(), 2);

@@ -10,7 +10,6 @@
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 
 const std::string kAheadOfLaunch = "- Sounding data (S) line occurs before launch (LAU) line in file.\n";
 const std::string kNoLaunch = "- No launch line (LAU) found in file.\n";
