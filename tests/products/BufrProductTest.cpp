@@ -70,7 +70,7 @@ public:
         meta.sondeId = "204715063";
     }
 
-    bool code(int n, const Levels* levels = nullptr) {
+    bool code(int n) {
         const Doubles time(static_cast<std::size_t>(n), 0.0);
         const Doubles pres(static_cast<std::size_t>(n), 1000.0);
         const Doubles none(static_cast<std::size_t>(n), kMissing);
@@ -85,7 +85,7 @@ public:
         }
         std::ostringstream stream;
         const bool processed =
-            bufr->process(n, meta, attributes, levels, time.data(), pres.data(), no, no, no, no, no, lons.data(), no);
+            bufr->process(n, meta, attributes, nullptr, time.data(), pres.data(), no, no, no, no, no, lons.data(), no);
         const bool saved = bufr->save(&stream);
         said = testing::internal::GetCapturedStderr();
         message = stream.str();
