@@ -168,6 +168,17 @@ TEST_F(RegistryXMLSaveTest, WhateverIsSetTheFileCanBeReadAgain) {
     }
 }
 
+TEST_F(RegistryXMLSaveTest, FollowsLinks) {
+    fs::create_directory(folder / "home");
+    fs::create_symlink("../site.xml", folder / "home" / "inner.xml");
+    fs::create_symlink(folder / "home" / "inner.xml", folder / "outer.xml");
+    RegistryXML store(pathOf("outer.xml"), "");
+    store.set("Length", 6.0);
+    store.save(false);
+    EXPECT_TRUE(fs::is_symlink(folder / "outer.xml") && fs::is_symlink(folder / "home" / "inner.xml"));
+    EXPECT_EQ(readFile(path), replaced(kTwoSets, " 2.5 ", "6.000000"));
+}
+
 TEST_F(RegistryXMLSaveTest, AFailureIsSwallowedAndNotTriedAgain) {
     RegistryXML store(path, "");
     fs::rename(path, pathOf("kept.xml"));
