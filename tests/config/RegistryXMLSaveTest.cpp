@@ -5,6 +5,8 @@
 #include <chrono>
 #include <clocale>
 #include <gmock/gmock.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -193,6 +195,17 @@ TEST_F(RegistryXMLSaveTest, AFailureIsSwallowedAndNotTriedAgain) {
     store.set("Switch", 1.0);
     store.save(false);
     EXPECT_THAT(readFile(path), ::testing::HasSubstr("6.000000")) << "nothing was lost in memory";
+}
+
+TEST_F(RegistryXMLSaveTest, AReadOnlyFileStaysAsItIs) {
+    if (::geteuid() == 0) {
+        GTEST_SKIP() << "the superuser may write anything";
+    }
+    ASSERT_EQ(::chmod(path.c_str(), 0444), 0);
+    RegistryXML store(path, "");
+    store.set("Length", 6.0);
+    store.save(false);
+    EXPECT_TRUE(untouched());
 }
 
 TEST_F(RegistryXMLSaveTest, AnOlderStoreLeavesTheActiveSetsToTheFile) {
