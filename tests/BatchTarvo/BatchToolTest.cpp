@@ -84,31 +84,6 @@ TEST(BatchTool, AnEmptyNameIsNoFile) {
     EXPECT_THAT(outcome.err, HasSubstr("The file can't be opened: No such file or directory"));
 }
 
-TEST(BatchTool, ProcessesTheExamples) {
-    const TemporaryFolder folder;
-    const Outcome outcome =
-        tool(folder, "--out out --formats raw-csv,qc-csv --report report.jsonl '" + kExamples.string() + "'");
-    EXPECT_EQ(outcome.status, 0) << outcome.err;
-    const auto lines = reportLines(readFile(folder / "report.jsonl"));
-    const auto names = exampleNames();
-    ASSERT_EQ(lines.size(), names.size());
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        const nlohmann::json& line = lines[i];
-        EXPECT_EQ(line["file"], (kExamples / names[i]).string());
-        EXPECT_EQ(line.size(), 13u);
-        EXPECT_TRUE(line["valid"]);
-        ASSERT_EQ(line["products"].size(), 2u);
-        for (const std::string product : line["products"]) {
-            const bool message = fs::path(names[i]).extension() == ".wmo"; // which has no samples
-            EXPECT_GT(fs::file_size(folder / product), message ? 1000u : 10000u) << product;
-        }
-        const bool late = names[i] == "D20220523_091501.3";
-        EXPECT_EQ(line["error"].get<std::string>().find("late launch detect") != std::string::npos, late) << names[i];
-        EXPECT_FALSE(fs::exists(kExamples / (names[i] + "d"))) << "no descent was asked for";
-    }
-    EXPECT_TRUE(fs::exists(folder / "out/D20210801_120003QC.csv"));
-}
-
 TEST(BatchTool, WithoutItsEngineTellsTheVersionAndWhatIsMissing) {
     const TemporaryFolder folder;
     fs::create_directories(folder / "bin");
@@ -127,27 +102,16 @@ TEST(BatchTool, WithoutItsEngineTellsTheVersionAndWhatIsMissing) {
     EXPECT_THAT(missing.out, HasSubstr("libexec/tarvo-batch-engine can't be started: No such file"));
 }
 
-TEST(BatchTool, AProductThatCantBeWrittenFailsItsFile) {
-    const TemporaryFolder folder;
-    fs::create_directories(folder / "out/D20210801_120003QC.nc/inside");
-    const Outcome outcome =
-        tool(folder, "--out out --formats qc-trv,qc-nc --report - " + example("D20210801_120003.1"));
-    EXPECT_EQ(outcome.status, 1);
-    EXPECT_THAT(outcome.err, HasSubstr("Could not save netcdf file: out/D20210801_120003QC.nc\n"));
-    const auto report = reportLines(outcome.out);
-    EXPECT_THAT(report.at(0)["products"], ElementsAre("out/D20210801_120003QC.trv"));
-    EXPECT_THAT(report.at(0)["error"], HasSubstr("QC.nc"));
-}
-
-TEST(BatchTool, MakesTheSameBytesWhateverTheNumberOfJobsAndTheOrder) {
+TEST(BatchTool, MakesTheSameOfTheExamplesWhateverTheNumberOfJobsAndTheOrder) {
     const TemporaryFolder folder;
     const auto names = exampleNames();
     std::string backwards;
     for (const std::string& name : names) {
-        backwards = " '" + (kExamples / name).string() + "'" + backwards;
+        backwards = " " + example(name) + backwards;
     }
     const std::string all = " '" + kExamples.string() + "'";
-    for (const std::string& run : {"1 --jobs 1" + all, "2 --jobs 4" + all, "3 --jobs 1" + backwards}) {
+    for (const std::string& run :
+         {"1 --jobs 1 --report report.jsonl" + all, "2 --jobs 4" + all, "3 --jobs 1" + backwards}) {
         tool(folder,
              "--quiet --formats "
              "raw-csv,qc-csv,raw-trv,qc-trv,raw-zor,qc-zor,qc-frd,raw-nc,qc-nc,qc-bfr,wmo,levels,summary "
@@ -155,16 +119,25 @@ TEST(BatchTool, MakesTheSameBytesWhateverTheNumberOfJobsAndTheOrder) {
                  run,
              "TARVO_OVERRIDE_PROCESSING_TIME=1627819203");
     }
-    int compared = 0;
     for (const auto& entry : fs::directory_iterator(folder / "out1")) {
         for (const char* other : {"out2", "out3"}) {
             EXPECT_EQ(readFile(entry.path()), readFile(folder / other / entry.path().filename()));
         }
-        ++compared;
     }
-    const auto messages = std::count_if(names.begin(), names.end(),
-                                        [](const std::string& name) { return fs::path(name).extension() == ".wmo"; });
-    EXPECT_EQ(compared, 13 * std::distance(names.begin(), names.end()) - messages) << "a message isn't coded again";
+    const auto lines = reportLines(readFile(folder / "report.jsonl"));
+    ASSERT_EQ(lines.size(), names.size());
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const nlohmann::json& line = lines[i];
+        EXPECT_EQ(line["file"], (kExamples / names[i]).string());
+        EXPECT_EQ(line.size(), 13u);
+        EXPECT_TRUE(line["valid"]);
+        const bool message = fs::path(names[i]).extension() == ".wmo"; // which has few samples, and isn't coded again
+        EXPECT_EQ(line["products"].size(), message ? 12u : 13u);
+        EXPECT_GT(fs::file_size(folder / line["products"][1]), message ? 1000u : 10000u);
+        const bool late = names[i] == "D20220523_091501.3";
+        EXPECT_EQ(line["error"].get<std::string>().find("late launch detect") != std::string::npos, late) << names[i];
+        EXPECT_FALSE(fs::exists(kExamples / (names[i] + "d"))) << "no descent was asked for";
+    }
 }
 
 TEST(BatchTool, FindsTheBufrTables) {
@@ -178,25 +151,14 @@ TEST(BatchTool, FindsTheBufrTables) {
     fs::copy_file(resources / "tarvo.xml", folder / "mine.xml");
     writeFile(folder / "table_b_bufr", "damaged");
     writeFile(folder / "table_d_bufr", "damaged");
-    const Outcome damaged = tool(folder, "--config mine.xml " + drop);
+    const Outcome damaged = tool(folder, "--config mine.xml --out damaged " + drop);
     EXPECT_EQ(damaged.status, 1);
     EXPECT_THAT(damaged.err, AllOf(HasSubstr("unable to finalize the BUFR template"), HasSubstr("can't be written")));
+    EXPECT_TRUE(fs::is_empty(folder / "damaged")) << "nothing half written";
     const std::string good = (resources / "bufr").string();
     EXPECT_EQ(tool(folder, "--config mine.xml " + drop, "BUFR_TABLES='" + good + "'").status, 0);
     EXPECT_EQ(tool(folder, "--config mine.xml --bufr-tables '" + good + "' " + drop, "BUFR_TABLES=. AFSISIO=.").status,
               0);
-}
-
-TEST(BatchTool, ABufrProductThatFailsLeavesNothing) {
-    const TemporaryFolder folder;
-    const std::string drop = "--out out --formats qc-bfr " + example("D20210801_120003.1");
-    const Outcome outcome = tool(folder, drop, "BUFR_TABLES=/nonexistent");
-    EXPECT_EQ(outcome.status, 1);
-    EXPECT_THAT(outcome.err, HasSubstr("The product can't be written: out/D20210801_120003QC.bfr"));
-    EXPECT_TRUE(fs::is_empty(folder / "out"));
-    fs::remove(folder / "out");
-    fs::create_directory_symlink("/proc", folder / "out"); // where nobody may write
-    EXPECT_EQ(tool(folder, drop).status, 1);
 }
 
 TEST(BatchTool, DrawsTheSkewT) {
@@ -324,10 +286,6 @@ TEST(BatchTool, BadInputCostsOnlyItself) {
     const std::string dfile = readFile(kExamples / "D20230211_154208.1");
     fs::create_directories(folder / "in/sub");
     const auto add = [&](const std::string& name, const std::string& text) { writeFile(folder / "in" / name, text); };
-    std::string comments;
-    for (int i = 0; i < 10000; ++i) {
-        comments += "OMBRA-T01 COM Operator Comments:                     synthetic\n";
-    }
     const std::string backward = dfile + dfile.substr(dfile.rfind('\n', dfile.size() - 500) + 1);
     std::string binary;
     for (int i = 0; i < 100000; ++i) {
@@ -336,11 +294,8 @@ TEST(BatchTool, BadInputCostsOnlyItself) {
     add("a good 'one' \xC3\xA4\xC3\xB6.csv", good);
     add("backward.D0", backward);
     add("binary.D1", binary);
-    add("comments.D2", comments);
     add("empty.csv", "");
     add("header_and_garbage.csv", "FileFormat,CSV\n" + binary);
-    add("long_line.D3", "OMBRA-T01 COM " + std::string(800, 'x') + "\n" + dfile);
-    add("one_line.D4", "OMBRA-T01 COM FORMAT VERSION NUMBER: 1.6\n");
     add("out_of_range.csv", "FileFormat,CSV\nYear,99999999999999999999\nMonth,-7\nDay,1e9\nHour,1\nMinute,2\nSecond,3\n"
                             "Fields,Time,Pressure\nData,1e999,1e308\nData,nan,inf\nData,2,-1e308\n");
     add("sub/below.csv", good);
@@ -369,29 +324,18 @@ TEST(BatchTool, BadInputCostsOnlyItself) {
     EXPECT_EQ(quiet.err, "in/empty.csv: Unrecognized file type\n");
 }
 
-TEST(BatchTool, NeverWritesOneProductOverAnother) {
+TEST(BatchTool, NeverWritesOverAnInputOrAnotherProduct) {
     const TemporaryFolder folder;
     const std::string good = readFile(kExamples / "tradewind_drop_20210803.csv");
-    fs::create_directories(folder / "other");
-    writeFile(folder / "drop.csv", good);
-    writeFile(folder / "other/drop.txt", good);
-    writeFile(folder / "dropQC.csv", "an input of another kind");
-    const Outcome clash = tool(folder, "--out out drop.csv other/drop.txt");
-    EXPECT_EQ(clash.status, 1);
-    EXPECT_EQ(clash.err, "other/drop.txt: Its product dropQC.csv would overwrite that of drop.csv\n");
-
-    const Outcome input = tool(folder, "drop.csv dropQC.csv");
-    EXPECT_EQ(input.status, 1);
-    EXPECT_THAT(input.err, HasSubstr("drop.csv: Its product dropQC.csv would overwrite an input file\n"));
-    EXPECT_EQ(readFile(folder / "dropQC.csv"), "an input of another kind");
-}
-
-TEST(BatchTool, FollowsALinkAmongTheProducts) {
-    const TemporaryFolder folder;
-    const std::string good = readFile(kExamples / "tradewind_drop_20210803.csv");
-    fs::create_directories(folder / "out");
-    writeFile(folder / "drop.csv", good);
-    writeFile(folder / "more.csv", good);
+    for (const char* path : {"out", "other"}) {
+        fs::create_directories(folder / path);
+    }
+    for (const char* path : {"drop.csv", "more.csv", "other/drop.txt"}) {
+        writeFile(folder / path, good);
+    }
+    EXPECT_EQ(tool(folder, "--out new drop.csv other/drop.txt").err,
+              "other/drop.txt: Its product dropQC.csv would overwrite that of drop.csv\n");
+    // Nor through a link.
     fs::create_symlink("../drop.csv", folder / "out/dropQC.csv");
     fs::create_symlink("common.csv", folder / "out/dropRAW.csv");
     fs::create_symlink("common.csv", folder / "out/moreRAW.csv");

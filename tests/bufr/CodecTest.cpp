@@ -127,10 +127,8 @@ TEST(Values, BelowTheRangeAreWarnedOf) {
 
 TEST(Values, UnsetAndMissingOnesHaveAllBitsSet) {
     const Coded coded({12101, 1006, 2003, 8002}); // 16 + 64 + 4 + 6 bits, 6 to fill up
-    EXPECT_EQ(coded.data(), std::string(11, '\xff') + octets({0xC0}));
     bufr_descriptor_set_dvalue(coded.at(0), bufr_missing_double());
     bufr_descriptor_set_ivalue(coded.at(2), kBufrMissingInt);
-    bufr_descriptor_set_svalue(coded.at(1), nullptr);
     EXPECT_EQ(coded.data(), std::string(11, '\xff') + octets({0xC0}));
     EXPECT_EQ(said, "");
 }
@@ -187,7 +185,8 @@ TEST(Replication, ACountRepeatsTheGroup) {
                                           -101002, 2003, 2003, 2011));
 }
 
-TEST(Replication, AFactorRepeatsItsGroup) {
+TEST(Replication, AFactorRepeatsItsGroupInProportionalTime) {
+    const auto start = std::chrono::steady_clock::now();
     for (const int count : {0, 1, 3, 65535}) {
         const Coded coded({101000, 31002, 301001, 12101});
         ASSERT_THAT(coded.list(), ElementsAre(101000, 31002, -301001, 12101));
@@ -207,6 +206,7 @@ TEST(Replication, AFactorRepeatsItsGroup) {
         EXPECT_EQ(data.size(), (16 + static_cast<std::size_t>(count) * 17 + 16 + 7) / 8);
         EXPECT_EQ(data.substr(0, 2), octets({count >> 8, count & 0xFF}));
     }
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(timeLimit(5000)));
 }
 
 TEST(Replication, AFactorWithoutAValueIsZero) {
@@ -276,17 +276,4 @@ TEST(Message, TooLongForItsLengthIsRefused) {
     EXPECT_EQ(octets[0], 'x') << "nothing is written";
     EXPECT_THAT(said, HasSubstr("Error: cannot create BUFR message with a length of 18874149 octet\n"));
     bufr_free_message(message);
-}
-
-TEST(Replication, TakesTimeInProportion) {
-    const auto start = std::chrono::steady_clock::now();
-    const Coded coded({309052});
-    int position = 0;
-    while (coded.at(position)->descriptor != 31002) {
-        ++position;
-    }
-    bufr_descriptor_set_ivalue(coded.at(position), 65535);
-    ASSERT_EQ(bufr_expand_datasubset(coded.subset, 0), 1);
-    EXPECT_GT(coded.message().size(), 65535U * 21); // octets of a row
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(timeLimit(5000)));
 }

@@ -1,7 +1,6 @@
 #include "RegistryXML.h"
 #include "ConfigFiles.h"
 
-#include <clocale>
 #include <gmock/gmock.h>
 #include <ostream>
 #include <sys/stat.h>
@@ -40,27 +39,6 @@ std::string withCurrent(const std::string& type, const std::string& current, con
                       "</default></option>");
 }
 
-TEST(RegistryXMLTest, ReadsTheActiveSetOnly) {
-    const auto store = RegistryXML::fromText(kTwoSets, "");
-    ASSERT_EQ(store->status(), 0) << store->statusText();
-    EXPECT_EQ(store->statusText(), "");
-    EXPECT_EQ(store->getActive1SetName(), "day");
-    EXPECT_EQ(store->getActive2SetName(), "night");
-    EXPECT_THAT(store->getSetNames(), ElementsAre("day", "night"));
-    EXPECT_EQ(numberOf(*store, "Length").current, 2.5);
-    EXPECT_EQ(numberOf(*store, "Length").standard, 4.0);
-    EXPECT_EQ(numberOf(*store, "Switch").current, 0.0);
-    EXPECT_EQ(numberOf(*store, "Switch").standard, 1.0);
-    EXPECT_EQ(textOf(*store, "Title"), "one two|none|now");
-    Option::OPTION_TYPE type = Option::STRING;
-    EXPECT_TRUE(store->getOptionType("Switch", type));
-    EXPECT_EQ(type, Option::BOOL);
-
-    store->setActive1SetName("night");
-    EXPECT_EQ(numberOf(*store, "Length").current, 7.0);
-    EXPECT_FALSE(store->getOptionType("Switch", type));
-}
-
 struct NumberCase {
     const char* name;
     const char* type;
@@ -97,18 +75,6 @@ INSTANTIATE_TEST_SUITE_P(
                       NumberCase{"CharacterDataAndComments", "numeric", "<![CDATA[5]]>", "<!-- was 9 -->8", 5.0, 8.0},
                       NumberCase{"CommentsAndElementsWithin", "numeric", "1<!-- - -->2", "<x>9</x>", 12.0, 0.0}),
     [](const auto& testCase) { return std::string(testCase.param.name); });
-
-TEST(RegistryXMLTest, NumbersDoNotDependOnTheLocale) {
-    const std::string before = std::setlocale(LC_ALL, nullptr);
-    const bool comma = std::setlocale(LC_ALL, "de_DE.UTF-8") != nullptr;
-    const auto store = RegistryXML::fromText(withCurrent("numeric", "0.75", "1.25"), "");
-    EXPECT_EQ(numberOf(*store, "K").current, 0.75);
-    EXPECT_EQ(numberOf(*store, "New", 2.5).current, 2.5);
-    std::setlocale(LC_ALL, before.c_str());
-    if (!comma) {
-        GTEST_SKIP() << "no locale with a decimal comma here: only the current one was tried";
-    }
-}
 
 TEST(RegistryXMLTest, OddOptionsAndSetsAreTakenAsTheyAre) {
     auto store = RegistryXML::fromText(
@@ -256,17 +222,6 @@ TEST(RegistryXMLTest, TheDocumentTypeIsNeitherEnforcedNorFetched) {
     EXPECT_EQ(RegistryXML::fromText(disorderly, "")->status(), 0);
     const std::string elsewhere = replaced(kTwoSets, "tarvo.dtd", "http://127.0.0.1:9/nowhere.dtd");
     EXPECT_EQ(RegistryXML::fromText(elsewhere, "")->status(), 0);
-}
-
-TEST(RegistryXMLTest, InstancesAreIndependentInAnyOrderOfTheirEnds) {
-    auto first = RegistryXML::fromText(kTwoSets, "");
-    auto second = RegistryXML::fromText(kTwoSets, "night");
-    first->set("Length", 1.0);
-    EXPECT_EQ(numberOf(*second, "Length").current, 7.0);
-    first.reset();
-    EXPECT_TRUE(second->cloneSet("night", "later"));
-    second.reset();
-    EXPECT_EQ(RegistryXML::fromText(kTwoSets, "")->status(), 0);
 }
 
 class RegistryXMLFileTest : public InTemporaryDirectory {};

@@ -78,17 +78,6 @@ TEST(ReaderRobustness, AFileMayEndAnywhere) {
     }
 }
 
-// Cut in the middle of its last frame's time, the sounding of the others is still there.
-TEST(ReaderRobustness, ACutLastLineCostsNothingElse) {
-    const std::string text = ombra();
-    const auto lastLine = text.rfind("OMBRA");
-    for (const std::size_t left : {5U, 28U, 30U, 34U}) {
-        const auto file = readText(text.substr(0, lastLine + left));
-        EXPECT_TRUE(file->isValid()) << left;
-        EXPECT_EQ(file->dataPoints(), 21) << left;
-    }
-}
-
 TEST(ReaderRobustness, LineEndsMakeNoDifference) {
     for (const std::string& text : {csv(), ombra(), troveText(), zorText(), frdText()}) {
         const auto plain = readText(text);
@@ -134,13 +123,6 @@ TEST(ReaderRobustness, RecordsOutOfOrderOrRepeatedTakeTheirPlaces) {
     }
 }
 
-TEST(ReaderRobustness, AnOverlongLineEndsTheReadingThere) {
-    const std::string longFrame = frameText({10.5}).substr(0, 150) + std::string(650, ' ') + "\n";
-    const auto file = readText(ombra() + longFrame + drop(11.0, 20.0));
-    EXPECT_TRUE(file->isValid());
-    EXPECT_EQ(file->dataPoints(), 23); // the frame that is too long counts as far as it was read
-}
-
 TEST(ReaderRobustness, GarbageIsNoSounding) {
     std::mt19937 random(11);
     std::uniform_int_distribution<int> byte(0, 255);
@@ -184,16 +166,6 @@ TEST(ReaderRobustness, NumbersOutOfRange) {
     EXPECT_FALSE(readText(farAway)->isValid());
 }
 
-TEST(ReaderRobustness, CommentsWithoutEnd) {
-    std::string comments;
-    for (int i = 0; i < 10000; ++i) {
-        comments += comment("Standard Comments:", "c") + "\n" + comment("Nothing known:", "");
-    }
-    const auto file = readText(comments + shortDrop());
-    EXPECT_TRUE(file->isValid());
-    EXPECT_EQ(file->comments().size(), 10000U * 3 - 2);
-}
-
 // In a cabin that is never steady each frame looks for a steady stretch in vain. Lines and frames by the hundred
 // thousand take a fraction of a second; a step that costs the square of them takes many times the limit.
 TEST(ReaderRobustness, TheCostIsLinearInTheLines) {
@@ -202,7 +174,7 @@ TEST(ReaderRobustness, TheCostIsLinearInTheLines) {
         Frame frame;
         frame.second = -43200.0 + i;
         frame.pres = i % 2 == 0 ? 770.0 : 775.0;
-        text += frameText(frame) + comment("Nothing known:", "");
+        text += frameText(frame) + comment("Nothing known:", "") + comment("Standard Comments:", "c");
     }
     const auto start = std::chrono::steady_clock::now();
     EXPECT_TRUE(readText(text)->isValid());

@@ -1,9 +1,7 @@
 // The PELO and VESTA D files.
 
-#include "PeloFile.h"
 #include "ReadText.h"
 #include "UpsondeText.h"
-#include "VestaFile.h"
 
 #include <gmock/gmock.h>
 
@@ -12,7 +10,6 @@
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 
 const std::string kAheadOfLaunch = "- Sounding data (S) line occurs before launch (LAU) line in file.\n";
 const std::string kNoLaunch = "- No launch line (LAU) found in file.\n";
@@ -236,19 +233,4 @@ TEST(UpsondeKeyed, AFileMayEndAfterAnyLine) {
             EXPECT_EQ(file->getErrorMsg(), (count > launch ? "" : kNoLaunch) + (count > firstRecord ? "" : kNoData));
         }
     }
-}
-
-// The identifier doesn't matter, the length does.
-TEST(UpsondeKeyed, KindsOfLines) {
-    const std::string record = upsondeRecord("PELO", 1, 999.0);
-    EXPECT_EQ(peloLineType(record), PeloLine::SoundingData);
-    EXPECT_EQ(peloLineType("xxxx-D99 S" + std::string(26, ' ')), PeloLine::SoundingData);
-    EXPECT_EQ(peloLineType(record.substr(0, 36)), PeloLine::SoundingData);
-    EXPECT_EQ(peloLineType(record.substr(0, 35)), PeloLine::Other);
-    EXPECT_EQ(vestaLineType(record), VestaLine::Other);
-    EXPECT_EQ(vestaLineType(upsondeRecord("VESTA", 1, 999.0, "P00")), VestaLine::PrelaunchData);
-    EXPECT_EQ(peloLineType(upsondeComment("PELO", "Project Name/Flight ID:", "x")), PeloLine::Other);
-    EXPECT_EQ(vestaLineType(upsondeComment("VESTA", "Project Name/Flight ID:", "x")), VestaLine::Project);
-    EXPECT_EQ(vestaLineType(upsondeComment("VESTA", "Standard Comments:", "x")), VestaLine::Other);
-    EXPECT_EQ(vestaLineType(upsondeComment("VESTA", "Operator Comments: now", "x")), VestaLine::Other);
 }

@@ -42,24 +42,15 @@ TEST(WMOFile, ALateLaunchIsOfTheDayBefore) {
     }
 }
 
-// A message that doesn't tell the launch time has the hour of its date group, one without a position has none.
-TEST(WMOFile, MakesDoWithTheHour) {
-    const auto file = readText("TTBB 51128 72469 00013 12250");
-    EXPECT_TRUE(file->isValid());
-    EXPECT_TRUE(file->ascending());
-    EXPECT_EQ(file->hour(), 12);
-    EXPECT_EQ(file->min(), 0);
-    EXPECT_EQ(file->launchLat(), -999.0);
-    EXPECT_EQ(file->launchLon(), -999.0);
-}
-
+// The first doesn't tell its launch time and has the hour of its date group, nor a position.
 TEST(WMOFile, SaysThatASecondSoundingIsNotRead) {
     const auto file = readText("TTBB 51128 72469 00013 12250=\nTTBB 52128 72469 00009 15130=\n");
     EXPECT_TRUE(file->isValid());
     EXPECT_EQ(file->getErrorMsg(), "- Another sounding begins with the second TTBB of this file. It and what follows "
                                    "were not read.\n");
     EXPECT_EQ(file->unLevels()->allLevels().size(), 1U);
-    EXPECT_EQ(file->day(), 1);
+    EXPECT_EQ(startOf(*file), "1970-01-01 12:00:00");
+    EXPECT_EQ(file->launchLat(), -999.0);
 }
 
 TEST(WMOFile, SaysWhyItIsNoMessage) {
