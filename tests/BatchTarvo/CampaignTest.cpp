@@ -330,6 +330,8 @@ TEST(Campaign, ExplainsWhatWasRemoved) {
         EXPECT_THAT(outcome.out, HasSubstr(text));
     }
     EXPECT_THAT(outcome.out, Not(HasSubstr("<font")));
+    EXPECT_THAT(tool(folder, "--explain --override TdrySmoothWL=100000 " + example("D20210914_043120.2")).out,
+                HasSubstr("What QC couldn't do:\n  - Final smoothing failed for tdry\n"));
     EXPECT_TRUE(fs::is_empty(folder.path()) || std::distance(fs::directory_iterator(folder.path()), {}) == 0)
         << "no product";
     const Outcome message = tool(folder, "--explain none.1 " + example("temp_20220708.wmo"));
