@@ -7,5 +7,7 @@ TEST(RevisionInfo, versionInFiveCharacters) {
     for (const auto& [revision, aev] : cases) {
         EXPECT_EQ(RevisionInfo::aev(revision), aev) << revision;
     }
-    EXPECT_EQ(programText(), "Tarvo " + RevisionInfo().at("REPO_TAG"));
+    const RevisionInfo info;
+    EXPECT_EQ(info.at("TARVO_AEV"), RevisionInfo::aev(info.at("REPO_REVISION")));
+    EXPECT_EQ(programText(), "Tarvo " + info.at("REPO_TAG"));
 }
