@@ -81,10 +81,12 @@ TEST(EditorControl, EveryRunCountsAndStartsAFreshSummary) {
     EXPECT_EQ(editor.QCversion(), qc + 1);
     EXPECT_EQ(editor.rawVersion(), raw + 1);
     EXPECT_THAT(editor.summaryTopics(), Not(Contains("Mine")));
-    analysis.config.set.set("DoQC", 0.0);
-    editor.qcProcess();
-    EXPECT_FALSE(editor.QCready());
-    EXPECT_THAT(editor.summaryTopics(), Not(Contains("QC Data Recovery Statistics")));
+
+    Analysis without(drop());
+    without.config.set.set("DoQC", 0.0);
+    without.editor.qcProcess();
+    EXPECT_FALSE(without.editor.QCready());
+    EXPECT_THAT(without.editor.summaryTopics(), Not(Contains("QC Data Recovery Statistics")));
 }
 
 TEST(EditorControl, TellsQcErrorsLineByLineAndGoesOn) {
