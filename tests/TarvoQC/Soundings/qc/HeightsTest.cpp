@@ -22,6 +22,19 @@ public:
 
 } // namespace
 
+// Dry isothermal air of 0 deg C: dz = 273.15 / 0.034164 ln(p1 / p2), so 842.3845 m from 1000 to 900 mb.
+TEST(Altitude, IntegratesBothWays) {
+    const Series pres = seriesOf("QCPres", {900.0, 1000.0});
+    const Series zero = seriesOf("QCTdry", {0.0, 0.0});
+    std::string log;
+    Series alt(pres, "QCAltUp");
+    Altitude().calculate(alt, pres, zero, zero, 60.0, 10.0, Altitude::BACKWARD, log);
+    EXPECT_NEAR(alt.data(0), 852.3845, 0.001);
+    alt = Series(pres, "QCAltDn");
+    Altitude().calculate(alt, pres, zero, zero, 60.0, 1000.0, Altitude::FORWARD, log);
+    EXPECT_NEAR(alt.data(1), 157.6155, 0.001);
+}
+
 TEST(Altitude, BridgesAGapInTemperatureAndStopsAtOneInPressure) {
     Series pres("QCPres");
     for (const double t : {0.0, 50.0, 100.0, 150.0}) {
