@@ -27,6 +27,9 @@ TEST(Humidity, dewPointSolvesItsEquationAndNeverPassesTheTemperature) {
     for (const double rh : {0.0, -5.0, kMissing, kNan}) {
         EXPECT_EQ(dewPt(20, rh), kMissing) << rh;
     }
+    const double t[] = {20, kMissing, 20};
+    const double h[] = {50, 50, kMissing};
+    EXPECT_THAT(makeDp(3, t, h), ElementsAre(dewPt(20, 50), kMissing, kMissing));
 }
 
 // Computed apart with 50 digits.

@@ -24,6 +24,16 @@ CsvText evenDrop(const std::string& ascentAt20s = "-9.1", const std::string& tem
     return text;
 }
 
+/// Another pressure by the number of the sample, in the same temperature.
+CsvText dropOf(double (*pressure)(int)) {
+    CsvText text(false);
+    text.fields("Time,Pressure,Temperature");
+    for (int i = 0; i < 100; ++i) {
+        text.data(std::to_string(0.5 * i) + "," + std::to_string(pressure(i)) + ",20");
+    }
+    return text;
+}
+
 struct EvenDrop : QcRun {
     explicit EvenDrop(const CsvText& csv = evenDrop()) : QcRun(csv) {
         config.override("LaunchTdryOverride", 20.0);
@@ -118,12 +128,7 @@ TEST(SoundingMotion, FallRatesMayDifferBy2Point5WithoutALimit) {
 }
 
 TEST(SoundingMotion, RatesGoByTheWavelengthOfThePressureOr10s) {
-    CsvText text(false);
-    text.fields("Time,Pressure,Temperature");
-    for (int i = 0; i < 100; ++i) {
-        text.data(std::to_string(0.5 * i) + "," + std::to_string(900.0 + 0.5 * i + 2.0 * std::sin(0.3 * i)) + ",20");
-    }
-    EvenDrop run(text);
+    EvenDrop run(dropOf([](int i) { return 900.0 + 0.5 * i + 2.0 * std::sin(0.3 * i); }));
     run.config.set.set("DropsondeHitSfc", 0.0);
     for (const double wavelength : {0.0, 6.0}) {
         run.config.set.set("PresSmoothWL", wavelength);
@@ -233,12 +238,7 @@ TEST(SoundingMotion, LeavesThePressureWhereTheSurfacePressureIsNone) {
     }
 
     // 100 mb growing by 2.3 % from sample to sample: half way, a tilt by 970 mb would leave less than nothing.
-    CsvText text(false);
-    text.fields("Time,Pressure,Temperature");
-    for (int i = 0; i < 100; ++i) {
-        text.data(std::to_string(0.5 * i) + "," + std::to_string(100.0 * std::exp(0.023 * i)) + ",20");
-    }
-    EvenDrop growing(text);
+    EvenDrop growing(dropOf([](int i) { return 100.0 * std::exp(0.023 * i); }));
     growing.config.override("SfcPresOverride", 5.0);
     growing.process();
     EXPECT_THAT(growing.errors(), testing::HasSubstr(errors("5.0")));
@@ -468,12 +468,7 @@ TEST(SoundingMotion, WithoutTemperatureTheSondeFalls12MetresASecond) {
 }
 
 TEST(SoundingMotion, ARisingSondeReachesNoSurface) {
-    CsvText text(false);
-    text.fields("Time,Pressure,Temperature");
-    for (int i = 0; i < 100; ++i) {
-        text.data(std::to_string(0.5 * i) + "," + std::to_string(950.0 - 0.005 * i) + ",20");
-    }
-    EvenDrop run(text);
+    EvenDrop run(dropOf([](int i) { return 950.0 - 0.005 * i; }));
     run.process();
     EXPECT_THAT(run.summary.items("Surface Observation"),
                 ElementsAre("Splash time (time of the last usable frame): 49.50s"));
