@@ -628,7 +628,7 @@ CsvText spikedText(const Spiked& spiked) {
     return text;
 }
 
-/// The spike goes from the quantity's own series, and no more when the user keeps it.
+/// The spike goes from the series of its quantity alone, and stays when the user keeps it.
 void expectRemoved(CheckRun& run, const Spiked& spiked, Value::AttributeType attribute, const std::string& check) {
     SCOPED_TRACE(check + " of column " + std::to_string(spiked.column));
     run.process();
