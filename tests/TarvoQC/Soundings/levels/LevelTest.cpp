@@ -89,13 +89,6 @@ TEST(Level, OrdersByPressureThenTimeThenType) {
     }
 }
 
-TEST(Levels, AnEmptySoundingHasNoneAndSaysNothing) {
-    MadeLevels made;
-    EXPECT_TRUE(made.run().levels().empty());
-    EXPECT_EQ(made.agent.heard, "");
-    EXPECT_TRUE(made.summary.topics().empty());
-}
-
 TEST(Levels, AnnouncesItsStepsAndSortsByPressure) {
     MadeDrop drop;
     drop.landed();

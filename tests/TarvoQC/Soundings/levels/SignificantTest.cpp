@@ -22,17 +22,6 @@ void bump(Series& series, int first, int last, double by) {
 
 } // namespace
 
-TEST(Significant, AStraightLineHasNone) {
-    LineDrop drop;
-    drop.west(everySecond({{0, 10}, {100, 60}}));
-    drop.criteria = {1e-6, 1e-6, 1e-6, 1e-6, 1e-3, 0.0};
-    drop.run();
-    for (const LevelType type : {LevelType::GDLTdry, LevelType::GDLRH, LevelType::GDLWdir}) {
-        EXPECT_EQ(drop.of(type), "");
-    }
-    EXPECT_EQ(drop.of(LevelType::GDLWspd, {LFtime, LFpres, LFwspd}), "87.5 850 53.75"); // where the layers meet
-}
-
 TEST(Significant, ADepartureMustExceedTheThreshold) {
     LineDrop drop;
     bump(drop.tdry, 50, 50, 1.0);
@@ -56,29 +45,6 @@ TEST(Significant, TheLineIsStraightInPressureNotInTime) {
     drop.criteria.rhDelta = 12.0; // at 50 s the RH is 50, and the line at 800 mb at 62.5
     drop.run();
     EXPECT_EQ(drop.of(LevelType::GDLRH), "50 800");
-}
-
-TEST(Significant, TheFirstOfEqualDeparturesWins) {
-    LineDrop drop;
-    // Up by 2, level with the line from 32 to 64 s, and back. From the first corner on the line misses the other by
-    // 2 * 32 / 68 = 0.94.
-    drop.rh = everySecond({{0, 25}, {32, 43}, {64, 59}, {100, 75}});
-    drop.criteria.rhDelta = 1.5;
-    drop.run();
-    EXPECT_EQ(drop.of(LevelType::GDLRH), "32 628");
-    drop.criteria.rhDelta = 0.9; // now both corners
-    drop.run();
-    EXPECT_EQ(drop.of(LevelType::GDLRH), "32 628; 64 756");
-}
-
-// The sample beside the one that splits a range is the last of its side.
-TEST(Significant, NeighboursOfALevelMayBeLevels) {
-    LineDrop drop;
-    drop.rh = everySecond({{0, 25}, {50, 80}, {100, 75}});
-    bump(drop.rh, 49, 49, -10.0);
-    drop.criteria.rhDelta = 9.9; // from 25 to the dent at 49 s the line misses 48 s by as much
-    drop.run();
-    EXPECT_EQ(drop.of(LevelType::GDLRH), "49 696; 50 700");
 }
 
 TEST(Significant, ASingleSampleBetweenAnchorsIsNone) {

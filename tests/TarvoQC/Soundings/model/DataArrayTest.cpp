@@ -20,9 +20,9 @@ TEST(DataArray, oneRowForEachTime) {
     const Series b = makeSeries({{2, 21}, {3, 31}, {3, 32}}, "b");
     const Series c = makeSeries({}, "c");
     DataArray rows;
-    rows.addSeries(&a);
-    rows.addSeries(&b);
-    rows.addSeries(&c);
+    for (const Series* series : {&a, &b, &c}) {
+        rows.addSeries(series);
+    }
     rows.generate();
     ASSERT_EQ(rows.nRows(), 3);
     EXPECT_THAT(column(rows, 0), ElementsAre(10, 20, kMissing));
@@ -30,12 +30,6 @@ TEST(DataArray, oneRowForEachTime) {
     EXPECT_THAT(column(rows, 2), ElementsAre(kMissing, kMissing, kMissing));
     EXPECT_EQ(rows.getColumn(Id("b")), rows.getColumn(1));
     EXPECT_EQ(rows.getColumn(Id("d")), nullptr);
-    EXPECT_FALSE(rows.firstDataIsPrelaunch());
-
-    DataArray empty;
-    empty.addSeries(&c);
-    empty.generate();
-    EXPECT_EQ(empty.nRows(), 0);
 }
 
 TEST(DataArray, prelaunchIsToldByTheFirstRowOfAnyColumn) {

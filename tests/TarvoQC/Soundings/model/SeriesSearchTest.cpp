@@ -157,34 +157,6 @@ TEST(SeriesSearch, agreesWithTheWalkOnRandomSeries) {
     }
 }
 
-TEST(SeriesSearch, interpolateByHand) {
-    const Series series = makeSeries({{0, 10}, {100, 20}, {101, 40}, {101, 50}, {201, 60}});
-    const struct {
-        double time, maxGap;
-        Answer expected;
-    } cases[] = {{100, 0, 20},    {101, 0, 40},    {201, 0, 60},     {50, 99.9, {}}, {50, 100, 15},
-                 {100.25, 1, 25}, {-0.1, 1e9, {}}, {201.1, 1e9, {}}, {151, 100, 55}};
-    for (const auto& c : cases) {
-        double out = kUntouched;
-        const bool found = series.interpolate(c.time, c.maxGap, out);
-        EXPECT_TRUE(agrees(c.expected, found, out)) << c.time << " gave " << out;
-    }
-}
-
-// A pressure that sticks, then runs back, then falls through the same values again.
-TEST(SeriesSearch, interpTimeTakesTheFirstCrossing) {
-    const Series series = makeSeries({{0, 900}, {2, 900}, {3, 880}, {4, 880}, {5, 890}, {505, 840}});
-    const struct {
-        double datum;
-        Answer expected;
-    } cases[] = {{900, 1}, {885, 2.75}, {880, 3}, {860, 305}, {840, 505}, {839.9, {}}, {900.1, {}}, {kNan, {}}};
-    for (const auto& c : cases) {
-        double out = kUntouched;
-        const bool found = series.interpTime(c.datum, out);
-        EXPECT_TRUE(agrees(c.expected, found, out)) << c.datum << " gave " << out;
-    }
-}
-
 TEST(SeriesSearch, extrapolateFitsWhatIsNear) {
     const std::vector<Sample> three{{10, 1}, {12, 3}, {20, 5}};
     const struct {

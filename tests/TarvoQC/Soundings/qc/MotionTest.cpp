@@ -20,12 +20,6 @@ TEST(Motion, TimeConstantOfEverySensor) {
     }
 }
 
-TEST(Motion, TimeConstantsUntilSettled) {
-    EXPECT_EQ(AmbientPoint::numTimeConstants(0.0, 0.1), 0.0);
-    EXPECT_EQ(AmbientPoint::numTimeConstants(0.05, 0.1), 0.0);
-    EXPECT_NEAR(AmbientPoint::numTimeConstants(-10.0, 0.1), 4.605170186, 1e-9);
-}
-
 // By hand at -40 deg C: K = 0.5227 + 1.136 + 0.4576 - 0.0574 - 0.0032 = 2.0557, M = 1.0757 + 8.16 + 14.4144 + 3.7312 -
 // 2.6624 = 24.7189. At 30 deg C: K = -0.0487, M = 0.6473.
 TEST(Motion, DryBiasGoesByTheTemperature) {

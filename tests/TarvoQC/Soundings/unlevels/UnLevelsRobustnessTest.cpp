@@ -37,35 +37,19 @@ std::string repeated(const std::string& text) {
 
 } // namespace
 
-TEST(UnLevelsRobustness, AMessageMayEndAnywhere) {
+TEST(UnLevelsRobustness, AMessageMayBeCutAndGarbledAnywhere) {
     const std::string text = fourParts();
     int read = 0;
-    for (std::size_t length = 0; length <= text.size(); ++length) {
-        read += survives(text.substr(0, length)) ? 1 : 0;
-    }
-    EXPECT_GT(read, 100);
-}
-
-TEST(UnLevelsRobustness, AnyGroupMayBeMissing) {
-    const std::string text = fourParts();
-    int read = 0;
-    for (std::size_t start = 0; start < text.size();) {
-        const std::size_t end = std::min(text.find_first_of(" \n", start), text.size());
-        read += survives(text.substr(0, start) + text.substr(end)) ? 1 : 0;
-        start = end + 1;
-    }
-    EXPECT_GT(read, 10);
-}
-
-TEST(UnLevelsRobustness, AnyDigitMayBeSomethingElse) {
-    const std::string text = fourParts();
     for (std::size_t i = 0; i < text.size(); ++i) {
+        read += survives(text.substr(0, i)) ? 1 : 0;
+        if (i == 0 || text[i - 1] == ' ' || text[i - 1] == '\n') { // without the group that begins here
+            survives(text.substr(0, i) + text.substr(std::min(text.find_first_of(" \n", i), text.size())));
+        }
         for (const char other : {'X', '/', ' ', '\xff', '='}) {
-            std::string damaged = text;
-            damaged[i] = other;
-            survives(damaged);
+            survives(text.substr(0, i) + other + text.substr(i + 1));
         }
     }
+    EXPECT_GT(read, 100);
 }
 
 // A message of a megabyte takes some tens of milliseconds; a step that costs the square of its groups, many seconds.

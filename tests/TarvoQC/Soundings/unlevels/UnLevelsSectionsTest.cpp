@@ -25,6 +25,8 @@ void expectColumn(const UnLevels& read, UnLevels::LEVEL_TYPE type, UnLevels::LEV
 TEST(UnLevels, ReadsAllFourPartsOfADrop) {
     const UnLevels read(fourParts());
     using U = UnLevels;
+    EXPECT_EQ(read.wmoType(), "TEMP DROP");
+    EXPECT_TRUE(read.windsInKnots());
     expectColumn(read, U::SURFACE, U::PRES, {1012.0});
     expectColumn(read, U::SURFACE, U::DP, {27.6 - 3.2});
     expectColumn(read, U::SURFACE, U::WDIR, {125.0});

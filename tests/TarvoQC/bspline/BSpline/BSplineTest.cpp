@@ -365,36 +365,3 @@ TEST(BSpline, OutsideOfTheDomain) {
     EXPECT_EQ(fit.coefficient(-1), 0.0);
     EXPECT_EQ(fit.coefficient(21), 0.0);
 }
-
-TEST(BandedMatrix, OutsideOfTheBandIsZero) {
-    BandedMatrix<double> matrix(6);
-    matrix.at(5, 2) = 7.0;
-    EXPECT_EQ(matrix(5, 2), 7.0);
-    EXPECT_EQ(matrix(2, 5), 0.0);
-    EXPECT_EQ(matrix(0, 5), 0.0);
-    EXPECT_EQ(matrix.size(), 6);
-}
-
-TEST(BandedMatrix, FactorsAndSolves) {
-    // [2 1; 4 5] with (4, 14): the lower factor is 2, the pivots 2 and 3.
-    BandedMatrix<double> matrix(2);
-    matrix.at(0, 0) = 2.0;
-    matrix.at(0, 1) = 1.0;
-    matrix.at(1, 0) = 4.0;
-    matrix.at(1, 1) = 5.0;
-    ASSERT_TRUE(LU_factor_banded(matrix, 3));
-    EXPECT_EQ(matrix(1, 0), 2.0);
-    EXPECT_EQ(matrix(1, 1), 3.0);
-    Numbers b{4.0, 14.0};
-    ASSERT_TRUE(LU_solve_banded(matrix, b, 3));
-    EXPECT_EQ(b, (Numbers{1.0, 2.0}));
-}
-
-TEST(BandedMatrix, AZeroPivotFails) {
-    BandedMatrix<double> matrix(2);
-    matrix.at(0, 1) = 1.0;
-    matrix.at(1, 0) = 1.0;
-    EXPECT_FALSE(LU_factor_banded(matrix, 3));
-    Numbers b{1.0, 1.0};
-    EXPECT_FALSE(LU_solve_banded(matrix, b, 3));
-}
