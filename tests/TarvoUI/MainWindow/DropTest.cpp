@@ -34,17 +34,17 @@ TEST_F(DropTest, ABarTellsHowFarItIs) {
     start();
     std::vector<std::string> texts;
     QProgressBar* bar = nullptr;
-    QObject::connect(&window(), &TarvoMainWindow::updateSounding, [&] {
+    QObject::connect(&window(), &TarvoMainWindow::updateSounding, [&](const QString& file) {
         bar = window().statusBar()->findChild<QProgressBar*>("_progressBar");
         ASSERT_NE(bar, nullptr);
-        texts.push_back(bar->text().toStdString());
+        texts.push_back((bar->text() + ": " + file.section('/', -1)).toStdString());
         EXPECT_TRUE(bar->isVisible());
         EXPECT_EQ(bar->width(), 160);
         EXPECT_EQ(bar->maximum(), 2);
         EXPECT_EQ(label("_statusAgent"), "Updating tabs...Summary ");
     });
     drop({makeSounding("one.csv"), makeSounding("two.csv")});
-    EXPECT_THAT(texts, ElementsAre("Opening 1 of 2", "Opening 2 of 2"));
+    EXPECT_THAT(texts, ElementsAre("Opening 1 of 2: one.csv", "Opening 2 of 2: two.csv"));
     EXPECT_EQ(window().statusBar()->findChild<QProgressBar*>(), nullptr);
 }
 

@@ -206,7 +206,8 @@ TEST_F(OpeningTest, DescentOpensByItselfWithTheSecondSet) {
     EXPECT_THAT(openFiles(), ElementsAre(name, name + "d"));
     EXPECT_EQ(view().windowTitle().toStdString(), name + "d");
     EXPECT_EQ(view().configSet()->getSetName(), "descending-PELO");
-    EXPECT_EQ(label("_configLabel"), "ACTIVE CONFIG: descending-PELO ");
+    window().updateStatusBar();
+    EXPECT_EQ(label("_configLabel"), "ACTIVE CONFIG: descending-PELO ") << "that of the window";
     ASSERT_FALSE(answers.boxes().empty());
     const auto told = std::find_if(answers.boxes().begin(), answers.boxes().end(),
                                    [](const auto& box) { return box.title == "Descending PELO Sounding Processing"; });
