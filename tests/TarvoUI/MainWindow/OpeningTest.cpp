@@ -106,6 +106,7 @@ TEST_F(OpeningTest, ShowsTheSoundingMaximisedAndTheOthersBehindIt) {
     EXPECT_EQ(view().windowTitle(), "two.csv");
     EXPECT_TRUE(mdiArea().activeSubWindow()->isMaximized());
     EXPECT_TRUE(mdiArea().subWindowList()[0]->isMinimized());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return message().empty(); }, kPatience));
     EXPECT_EQ(label("_statusAgent"), "Ready");
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
     EXPECT_THAT(answers.boxes(), IsEmpty());
