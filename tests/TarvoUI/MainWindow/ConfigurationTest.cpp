@@ -16,11 +16,13 @@ const char* const kTitle = "Configuration Management";
 
 class ConfigurationTest : public DesktopTest {
 protected:
-    void openTwo() {
+    void changeInTwo() {
         start();
         open(makeSounding("one.csv"));
+        view().configSet()->set("WindQCWL", 17.0);
         open(makeSounding("two.csv"));
-        choose("_menuWindow", "&1 one.csv");
+        EXPECT_EQ(number("WindQCWL"), 30.0) << "the change is in the other one";
+        view().configSet()->set("WindQCWL", 18.0);
     }
     double number(const char* item) {
         double value = -1.0;
@@ -38,40 +40,8 @@ protected:
 
 } // namespace
 
-TEST_F(ConfigurationTest, AChangeStaysInItsWindow) {
-    openTwo();
-    const double before = number("WindQCWL");
-    view().configSet()->set("WindQCWL", 17.0);
-    choose("_menuWindow", "&2 two.csv");
-    EXPECT_EQ(number("WindQCWL"), before);
-    open(makeSounding("three.csv"));
-    EXPECT_EQ(number("WindQCWL"), before);
-    EXPECT_EQ(stored("WindQCWL"), QString::number(before).toStdString());
-    trigger("_actionClose");
-    EXPECT_THAT(answers.boxes(), IsEmpty()) << "nothing was changed there";
-}
-
-TEST_F(ConfigurationTest, YesSavesForTheNextWindow) {
-    openTwo();
-    view().configSet()->set("WindQCWL", 17.0);
-    answers.press(kTitle, QMessageBox::Yes);
-    trigger("_actionClose");
-    EXPECT_THAT(answers.texts(), ElementsAre(kQuestion, "The configuration 'editsonde' is being saved..."));
-    EXPECT_EQ(answers.boxes()[0].title, kTitle);
-    EXPECT_EQ(answers.boxes()[0].icon, QMessageBox::Warning);
-    EXPECT_EQ(answers.boxes()[1].title, kTitle);
-    EXPECT_EQ(answers.boxes()[1].icon, QMessageBox::Information);
-    EXPECT_EQ(stored("WindQCWL"), "17");
-    EXPECT_EQ(number("WindQCWL"), 30.0) << "the other window has its own";
-    open(makeSounding("three.csv"));
-    EXPECT_EQ(number("WindQCWL"), 17.0);
-}
-
 TEST_F(ConfigurationTest, NoForgetsAndEveryWindowIsAskedFor) {
-    openTwo();
-    view().configSet()->set("WindQCWL", 17.0);
-    choose("_menuWindow", "&2 two.csv");
-    view().configSet()->set("WindQCWL", 18.0);
+    changeInTwo();
     answers.press(kTitle, QMessageBox::No);
     std::vector<std::string> inFront;
     answers.onBox([&](const ModalAnswers::Box& /*box*/) { inFront.push_back(view().windowTitle().toStdString()); });
@@ -86,11 +56,8 @@ TEST_F(ConfigurationTest, NoForgetsAndEveryWindowIsAskedFor) {
 TEST_F(ConfigurationTest, NoToAllEndsTheProgramWithoutFurtherQuestions) {
     for (const char* command : {"_actionQuit", "_actionClose"}) {
         SCOPED_TRACE(command);
-        openTwo();
+        changeInTwo();
         answers.forget();
-        view().configSet()->set("WindQCWL", 17.0);
-        choose("_menuWindow", "&2 two.csv");
-        view().configSet()->set("WindQCWL", 18.0);
         answers.press(kTitle, QMessageBox::NoToAll);
         QTimer::singleShot(0, [&] { trigger(command); });
         bool hung = false;
@@ -134,8 +101,10 @@ TEST_F(ConfigurationTest, RestoresDefaultsWhenConfirmed) {
                                        "You can save them when you close this sounding.");
     EXPECT_EQ(number("WindQCWL"), 30.0);
     EXPECT_EQ(stored("WindQCWL"), "17");
+    answers.forget();
     answers.press(kTitle, QMessageBox::Yes);
     trigger("_actionClose");
+    EXPECT_THAT(answers.texts(), ElementsAre(kQuestion, "The configuration 'editsonde' is being saved..."));
     EXPECT_EQ(stored("WindQCWL"), "30");
 }
 
@@ -148,34 +117,6 @@ TEST_F(ConfigurationTest, WithoutQCThereAreOnlyTheTabsOfTheFile) {
     EXPECT_THAT(tabs(), ElementsAre("&Main", "&Raw", "&XY Graph", "Skew-&T"));
     EXPECT_EQ(inView("RawView").findChild<QTableView*>()->model()->rowCount(), 121);
     trigger("_actionRecompute");
-    EXPECT_THAT(answers.boxes(), IsEmpty());
-
-    std::filesystem::create_directory(path("saved"));
-    configure("QCAutoSaveDir", path("saved"));
-    for (const char* item : {"QCAutoSaveEnable", "QCAutoSaveFmtCsv", "WmoAutoSaveFmtTxt", "WmoAutoSaveFmtCsv",
-                             "SumAutoSaveFmtTxt", "SkewtAutoSaveFmtSvg"}) {
-        configure(item, 1.0);
-    }
-    open(makeSounding("three.csv"));
-    EXPECT_TRUE(std::filesystem::remove(path("saved/threeskewt.svg")));
-    EXPECT_TRUE(std::filesystem::is_empty(path("saved")));
-}
-
-TEST_F(ConfigurationTest, AutosavesAfterEveryRun) {
-    std::filesystem::create_directory(path("saved"));
-    configure("QCAutoSaveDir", path("saved"));
-    configure("QCAutoSaveFmtCsv", 1.0);
-    start();
-    open(makeSounding("without.csv"));
-    EXPECT_TRUE(std::filesystem::is_empty(path("saved"))) << "off until it is enabled";
-    configure("QCAutoSaveEnable", 1.0);
-    open(makeSounding("with.csv"));
-    const std::string product = path("saved/withQC.csv");
-    ASSERT_TRUE(std::filesystem::exists(product));
-    std::filesystem::remove(product);
-    trigger("_actionRecompute");
-    EXPECT_TRUE(std::filesystem::exists(product));
-    EXPECT_EQ(label("_statusAgent"), "Ready");
     EXPECT_THAT(answers.boxes(), IsEmpty());
 }
 

@@ -1,10 +1,12 @@
 // Files and folders dropped on the main window.
 
 #include "DesktopTest.h"
+#include "MadeGeography.h"
 
 #include <QMimeData>
 #include <QProgressBar>
 #include <QStatusBar>
+#include <algorithm>
 #include <filesystem>
 
 using testing::ElementsAre;
@@ -32,16 +34,17 @@ TEST_F(DropTest, ABarTellsHowFarItIs) {
     start();
     std::vector<std::string> texts;
     QProgressBar* bar = nullptr;
-    QObject::connect(&window(), &TarvoMainWindow::updateSounding, [&] {
+    QObject::connect(&window(), &TarvoMainWindow::updateSounding, [&](const QString& file) {
         bar = window().statusBar()->findChild<QProgressBar*>("_progressBar");
         ASSERT_NE(bar, nullptr);
-        texts.push_back(bar->text().toStdString());
+        texts.push_back((bar->text() + ": " + file.section('/', -1)).toStdString());
         EXPECT_TRUE(bar->isVisible());
         EXPECT_EQ(bar->width(), 160);
         EXPECT_EQ(bar->maximum(), 2);
+        EXPECT_EQ(label("_statusAgent"), "Updating tabs...Summary ");
     });
     drop({makeSounding("one.csv"), makeSounding("two.csv")});
-    EXPECT_THAT(texts, ElementsAre("Opening 1 of 2", "Opening 2 of 2"));
+    EXPECT_THAT(texts, ElementsAre("Opening 1 of 2: one.csv", "Opening 2 of 2: two.csv"));
     EXPECT_EQ(window().statusBar()->findChild<QProgressBar*>(), nullptr);
 }
 
@@ -61,7 +64,7 @@ TEST_F(DropTest, NothingToOpenMakesNoBar) {
 
 TEST_F(DropTest, AFolderOfTooManyStopsWithOneBox) {
     std::filesystem::create_directory(path("many"));
-    for (int i = 0; i < 300; ++i) {
+    for (int i = 0; i < 151; ++i) {
         const std::string name = QString::asprintf("many/%03d.csv", i).toStdString();
         if (i % 3 == 1) {
             writeFile(path(name), i % 2 == 0 ? "" : "Dear reader\n");
@@ -69,19 +72,30 @@ TEST_F(DropTest, AFolderOfTooManyStopsWithOneBox) {
             makeSounding(name);
         }
     }
+    configure("GeoDBPath", makeGeography(path("world.sqlite")));
     start();
+    trigger("_actionSynoptic"); // the map is none of them
     drop({path("many")});
     EXPECT_EQ(openFiles().size(), 100U);
-    std::map<std::string, int> boxes;
-    for (const auto& box : answers.boxes()) {
-        ++boxes[box.title];
-    }
     // Files 0 to 149 hold 100 soundings and 50 others.
-    EXPECT_EQ(boxes["ERROR"], 1);
-    EXPECT_EQ(boxes["File Open Error"], 50);
-    EXPECT_EQ(boxes.size(), 2U);
-    EXPECT_EQ(answers.boxes().back().text.find("Cannot open file \"" + path("many/150.csv") + "\""), 0U);
+    const auto told = answers.told();
+    ASSERT_EQ(told.size(), 51U);
+    EXPECT_EQ(std::count_if(told.begin(), told.end(),
+                            [](const std::string& box) { return box.rfind("File Open Error: ", 0) == 0; }),
+              50);
+    EXPECT_EQ(told.back(),
+              "ERROR: Cannot open file \"" + path("many/150.csv") +
+                  "\". Maximum of 100 soundings can be open at a time.\nYou must close one before opening another.");
     EXPECT_EQ(window().statusBar()->findChild<QProgressBar*>(), nullptr);
+
+    const std::string late = path("many/150.csv");
+    open(late);
+    EXPECT_EQ(answers.told().back(), told.back());
+    trigger("_actionClose");
+    open(late);
+    EXPECT_EQ(view().windowTitle(), "150.csv");
+    trigger("_actionCloseAll");
+    EXPECT_THAT(openFiles(), IsEmpty());
 }
 
 TEST_F(DropTest, WhileARunIsUnderWayNothingElseBegins) {

@@ -50,25 +50,7 @@ const char* const kNeeded = "Data or QC parameter(s) modified, recompute is need
 
 } // namespace
 
-TEST_F(RecomputeTest, AnEditMakesTheActionFlashUntilTheRun) {
-    EXPECT_EQ(picture(), 1);
-    EXPECT_EQ(tip(), "Recompute");
-    QTest::keyClicks(&inView<QLineEdit>("_overridePres"), "99");
-    EXPECT_EQ(tip(), kNeeded);
-    EXPECT_EQ(picture(), 1) << "the first change comes after 0.7 s";
-    EXPECT_TRUE(changesTo(2));
-    EXPECT_TRUE(changesTo(1));
-    EXPECT_TRUE(changesTo(2));
-    EXPECT_EQ(runs, 0);
-    trigger("_actionRecompute");
-    EXPECT_EQ(runs, 1);
-    EXPECT_EQ(picture(), 1);
-    EXPECT_EQ(tip(), "Recompute");
-    QTest::qWait(900);
-    EXPECT_EQ(picture(), 1) << "it has ended";
-}
-
-TEST_F(RecomputeTest, OptionsThatGoBackAfterARunNeedAnother) {
+TEST_F(RecomputeTest, OptionsAndDefaultsThatGoBackAfterARunNeedAnother) {
     setOption("WindQCWL", "17");
     EXPECT_EQ(tip(), kNeeded);
     trigger("_actionRecompute");
@@ -78,16 +60,12 @@ TEST_F(RecomputeTest, OptionsThatGoBackAfterARunNeedAnother) {
     trigger("_actionRecompute");
     setOption("WindQCWL", "30");
     EXPECT_EQ(tip(), "Recompute") << "nothing is different";
-}
-
-TEST_F(RecomputeTest, DefaultsNeedARunToo) {
     trigger("_actionRestoreDefaults");
     trigger("_actionRecompute");
     trigger("_actionRestoreDefaults");
-    EXPECT_EQ(tip(), "Recompute") << "nothing is different";
+    EXPECT_EQ(tip(), "Recompute");
     setOption("WindQCWL", "17");
     trigger("_actionRecompute");
-    EXPECT_EQ(tip(), "Recompute");
     trigger("_actionRestoreDefaults");
     EXPECT_EQ(tip(), kNeeded);
 }
@@ -101,12 +79,21 @@ TEST_F(RecomputeTest, TheButtonOfTheMainTabKeepsWhatTheOptionsSet) {
     EXPECT_EQ(unknown, 1.0);
 }
 
-TEST_F(RecomputeTest, TheNextFlashBeginsAnewAndEndsWithTheLastWindow) {
-    QTest::keyClicks(&inView<QLineEdit>("_overridePres"), "9");
-    EXPECT_TRUE(changesTo(2));
-    trigger("_actionRecompute");
-    QTest::keyClicks(&inView<QLineEdit>("_overridePres"), "9");
+TEST_F(RecomputeTest, AnEditMakesTheActionFlashUntilTheRunOrTheLastWindow) {
     EXPECT_EQ(picture(), 1);
+    EXPECT_EQ(tip(), "Recompute");
+    QTest::keyClicks(&inView<QLineEdit>("_overridePres"), "9");
+    EXPECT_EQ(tip(), kNeeded);
+    EXPECT_EQ(picture(), 1) << "the first change comes after 0.7 s";
+    EXPECT_TRUE(changesTo(2));
+    EXPECT_TRUE(changesTo(1));
+    EXPECT_TRUE(changesTo(2));
+    EXPECT_EQ(runs, 0);
+    trigger("_actionRecompute");
+    EXPECT_EQ(picture(), 1);
+    QTest::qWait(900);
+    EXPECT_EQ(picture(), 1) << "it has ended";
+    QTest::keyClicks(&inView<QLineEdit>("_overridePres"), "9");
     EXPECT_TRUE(changesTo(2));
     trigger("_actionClose");
     EXPECT_EQ(picture(), 1);
@@ -134,16 +121,6 @@ TEST_F(RecomputeTest, AnEditOfRawDataCountsThemAnew) {
     EXPECT_EQ(view().editor()->rawVersion(), version + 4) << "the mark is gone";
     QTest::mouseClick(&inView("_recompute"), Qt::LeftButton);
     EXPECT_EQ(view().editor()->rawVersion(), version + 6) << "also when the request runs at once";
-}
-
-TEST_F(RecomputeTest, OnlyTheActiveSoundingRuns) {
-    open(makeSounding("two.csv"));
-    runs = 0;
-    QString done;
-    QObject::connect(&window(), &TarvoMainWindow::updateSounding, [&done](const QString& path) { done = path; });
-    trigger("_actionRecompute");
-    EXPECT_EQ(runs, 1);
-    EXPECT_EQ(done.toStdString(), path("two.csv"));
 }
 
 TEST_F(RecomputeTest, TheFlashIsThatOfTheSoundingInFront) {

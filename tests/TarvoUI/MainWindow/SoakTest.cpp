@@ -85,12 +85,15 @@ TEST_F(SoakTest, MemoryStaysFlat) {
 TEST_F(SoakTest, AFullDiskLeavesWholeProductsOnly) {
     const fs::path saved = path("saved");
     fs::create_directories(saved);
-    configure("QCAutoSaveEnable", 1.0);
     configure("QCAutoSaveDir", saved.string());
     for (const char* format : kFormats) {
         configure(format, 1.0);
     }
     start();
+    open(example(kDrop));
+    EXPECT_TRUE(fs::is_empty(saved)) << "off until it is enabled";
+    trigger("_actionClose");
+    configure("QCAutoSaveEnable", 1.0);
     open(example(kDrop));
     std::map<std::string, std::uintmax_t> whole;
     for (const auto& entry : fs::directory_iterator(saved)) {

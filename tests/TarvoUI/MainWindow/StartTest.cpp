@@ -49,16 +49,3 @@ TEST_F(StartTest, ADamagedConfigurationEndsTheProgram) {
                                    "Another Hint - try opening the XML file in a web browser.)"));
     EXPECT_EQ(readFile(xml()), text);
 }
-
-TEST_F(StartTest, OpensInItsOwnSizeWhenAskedTo) {
-    ASSERT_EQ(run(), 0);
-    std::string text = readFile(xml());
-    for (auto at = text.find("name=\"OpenMaximized\""); at != std::string::npos;
-         at = text.find("name=\"OpenMaximized\"", at + 1)) {
-        const auto value = text.find("<current>", at);
-        text.replace(value, text.find("</current>", value) - value, "<current>false");
-    }
-    writeFile(xml(), text);
-    EXPECT_EQ(run(), 0);
-    EXPECT_THAT(lines, ElementsAre("Tarvo V3.4.8: shown"));
-}

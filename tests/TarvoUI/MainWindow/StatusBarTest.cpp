@@ -39,52 +39,17 @@ TEST_F(StatusBarTest, TellsConfigurationAndMode) {
     EXPECT_EQ(modeTip(), "Tarvo is in visualization mode (no QC is performed)");
 }
 
-TEST_F(StatusBarTest, TellsTheConfigurationOfTheActiveWindow) {
-    start();
-    open(makeSounding("one.csv"));
-    RegistryXML registry(configFile(), "");
-    registry.setActive1SetName("descending-PELO");
-    registry.save(false);
-    window().updateStatusBar();
-    EXPECT_EQ(label("_configLabel"), "ACTIVE CONFIG: editsonde ");
-    open(makeSounding("two.csv"));
-    EXPECT_EQ(label("_configLabel"), "ACTIVE CONFIG: descending-PELO ");
-    choose("_menuWindow", "&1 one.csv");
-    EXPECT_EQ(label("_configLabel"), "ACTIVE CONFIG: editsonde ");
-    trigger("_actionCloseAll");
-    window().updateStatusBar();
-    EXPECT_EQ(label("_configLabel"), "ACTIVE CONFIG: descending-PELO ");
-}
-
-TEST_F(StatusBarTest, TheLoadedMessageGoesAndShowsTheProgressBelow) {
-    start();
-    open(makeSounding("one.csv"));
-    EXPECT_EQ(message(), "File 'one.csv' loaded.");
-    EXPECT_TRUE(QTest::qWaitFor([this] { return message().empty(); }, kPatience));
-    EXPECT_TRUE(window().findChild<QLabel*>("_statusAgent")->isVisible());
-    EXPECT_EQ(label("_statusAgent"), "Ready");
-}
-
-TEST_F(StatusBarTest, AppendedTextStandsBehindTheFirst) {
-    start();
-    auto* agent = window().findChild<StatusAgentQLabel*>("_statusAgent");
-    agent->SetStatus("Updating tabs...");
-    agent->AppendStatus("Main ");
-    agent->AppendStatus("Räw ");
-    EXPECT_EQ(label("_statusAgent"), "Updating tabs...Räw ");
-    agent->SetStatus("Ready");
-    EXPECT_EQ(label("_statusAgent"), "Ready");
-}
-
 TEST_F(StatusBarTest, KeysChangeTheTextSizeBetween4And60) {
     configure("TextSizePt", 58.0);
     start();
     EXPECT_EQ(size(), 58);
     EXPECT_EQ(message(), "Ready") << "no change was asked for";
-    QTest::keyClick(&window(), Qt::Key_Equal, Qt::ControlModifier);
+    open(makeSounding("one.csv")); // whose tabs have the keys
+    QTest::keyClick(&inView<QLineEdit>("_overridePres"), Qt::Key_Equal, Qt::ControlModifier);
     EXPECT_EQ(size(), 59);
+    EXPECT_EQ(inView("_overridePres").font().pointSize(), 59);
     EXPECT_EQ(message(), "                 Arial:59");
-    QTest::keyClick(&window(), Qt::Key_Plus, Qt::ControlModifier | Qt::ShiftModifier);
+    QTest::keyClick(inView("RawView").findChild<QTableView*>(), Qt::Key_Plus, Qt::ControlModifier | Qt::ShiftModifier);
     QTest::keyClick(&window(), Qt::Key_Plus, Qt::ControlModifier);
     EXPECT_EQ(size(), 60);
     EXPECT_EQ(message(), "                 Arial:60");
@@ -101,18 +66,11 @@ TEST_F(StatusBarTest, KeysChangeTheTextSizeBetween4And60) {
     EXPECT_TRUE(QTest::qWaitFor([this] { return message().empty(); }, kPatience));
 }
 
-TEST_F(StatusBarTest, SizeKeysReachTheWindowFromWithinATab) {
-    start();
-    open(makeSounding("one.csv"));
-    QTest::keyClick(&inView<QLineEdit>("_overridePres"), Qt::Key_Equal, Qt::ControlModifier);
-    QTest::keyClick(inView("RawView").findChild<QTableView*>(), Qt::Key_Equal, Qt::ControlModifier);
-    EXPECT_EQ(size(), 14);
-    EXPECT_EQ(inView("_overridePres").font().pointSize(), 14);
-}
-
-TEST_F(StatusBarTest, FamilyAndSizeComeFromTheConfiguration) {
+TEST_F(StatusBarTest, SizesAndFamilyComeFromTheConfiguration) {
+    configure("OpenMaximized", 0.0);
     configure("FontFamily", "Liberation Mono");
     configure("TextSizePt", 2.0);
     start();
+    EXPECT_FALSE(window().isMaximized());
     EXPECT_EQ(mdiArea().styleSheet(), "* {font-size:4pt; font-family:\"Liberation Mono\";}");
 }
