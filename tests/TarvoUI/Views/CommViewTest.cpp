@@ -203,20 +203,22 @@ TEST_F(CommTab, DoubtfulHeightsOfTheStandardLevels) {
 }
 
 TEST_F(CommTab, SendNeedsKermitAndAMessage) {
-    const auto canSend = [this](const std::string& path, bool disabled) {
+    const auto hindrance = [this](const std::string& path, bool disabled) {
         sounding.config.set("KermitPath", path);
         sounding.config.set("DisableKermit", disabled ? 1.0 : 0.0);
         view.update(); // it is where the options say now
-        return child<QPushButton>("_sendMsg").isEnabled();
+        const auto& send = child<QPushButton>("_sendMsg");
+        EXPECT_EQ(send.isEnabled(), send.toolTip().isEmpty());
+        return send.toolTip().toStdString();
     };
-    EXPECT_TRUE(canSend("/bin/true", false));
-    EXPECT_FALSE(canSend("/bin/true", true));
-    EXPECT_FALSE(canSend("/bin/no such program", false));
-    EXPECT_FALSE(canSend("/etc/passwd", false)) << "no program";
-    EXPECT_FALSE(canSend("/tmp", false));
+    EXPECT_EQ(hindrance("/bin/true", false), "");
+    EXPECT_EQ(hindrance("/bin/true", true), "The transfer is switched off in the configuration");
+    for (const std::string path : {"/bin/no such program", "/etc/passwd", "/tmp"}) {
+        EXPECT_EQ(hindrance(path, false), "There is no program at " + path);
+    }
     sounding.config.set("DoWMO", 0.0);
     sounding.doc.process();
-    EXPECT_FALSE(canSend("/bin/true", false)) << "no message";
+    EXPECT_EQ(hindrance("/bin/true", false), "There is no message to send");
 }
 
 TEST_F(CommTab, PortsKeepTheMeaningOfTheirIndex) {
